@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Installs what Tamrix needs to build and test on Debian 12 (run as root).
+set -euo pipefail
+packages=(build-essential cmake ninja-build pkg-config libgtest-dev libgmock-dev
+          qt6-base-dev libgl-dev unrtf poppler-utils xvfb xauth fp-utils)
+missing=()
+for p in "${packages[@]}"; do
+    dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+    echo "Installing: ${missing[*]}"
+    export DEBIAN_FRONTEND=noninteractive
+    apt-get update -qq
+    apt-get install -y -qq "${missing[@]}" >/dev/null
+fi

@@ -1,0 +1,35 @@
+#pragma once
+// The numbered message catalogue and the message boxes built on it.
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/view.h"
+
+namespace tamrix::modMessages {
+
+inline constexpr const char* kInsertText = "<INSERT_TEXT>";
+inline constexpr const char* kInsertText2 = "<INSERT_TEXT2>";
+
+// The catalogue text of `id`, or nothing when the catalogue lacks it.
+std::optional<std::string> CatalogueText(long id);
+
+// The catalogue text with its placeholders filled. An empty second text leaves
+// "<INSERT_TEXT2>" in place; a missing ID gives "Resource ID <id> Missing".
+std::string GetMessageString(long id, std::string_view insertText = {},
+                             std::string_view insertText2 = {});
+
+// Shows a catalogue text (placeholders unfilled) followed by CR LF and `extra`.
+void ShowMessageID(long id, int style, std::string_view title, std::string_view extra = {},
+                   BoxPosition position = {});
+int AskMessageID(long id, int style, std::string_view title, std::string_view extra = {},
+                 BoxPosition position = {});
+
+// Shows a ready text. `catalogueId` names the catalogue entry the text was made
+// from (0 when none), so that an automated answer can be given by ID.
+void ShowMessage(std::string_view text, int style, std::string_view title,
+                 BoxPosition position = {}, long catalogueId = 0);
+int AskMessage(std::string_view text, int style, std::string_view title,
+               BoxPosition position = {}, long catalogueId = 0);
+
+}  // namespace tamrix::modMessages

@@ -1,0 +1,14 @@
+#include "model/c_alias.h"
+
+namespace tamrix {
+
+std::shared_ptr<CAlias> CAliases::Add(std::string_view contextID) {
+    return Guarded("CAliases:Add", std::shared_ptr<CAlias>(), [&] {
+        auto alias = std::make_shared<CAlias>();
+        alias->ContextID = std::string(contextID);
+        items_.Add(alias);
+        return alias;
+    });
+}
+
+}  // namespace tamrix

@@ -1,0 +1,34 @@
+#pragma once
+#include <string>
+
+#include "model/c_target.h"
+#include "platform/counter16.h"
+
+namespace tamrix {
+
+// One .htm topic file listed in the [FILES] section.
+class CTopicFile {
+public:
+    std::string ContextIDValueString;  // value text of the map context ID named Context
+    bool HasTitle = false;             // false for "(Untitled)" topics (former popups)
+    Counter16 InternalReferences;      // links from topic files that resolve here
+    Counter16 ExternalReferences;      // context-ID definitions naming Context or an extra ID
+    std::string ExtraIds;              // further anchor names, "^"-separated
+    Counter16 HotSpotCount;
+    std::string Comment;
+    std::string AutoNamePath;  // the name exactly as listed in [FILES]
+    std::string TopicTitle;
+    std::string Context;      // topic ID: the first anchor name after the body start
+    std::string AutoFileName;  // AutoNamePath without its folder; the key in TopicFiles
+    std::string NewFileName;  // Context + ".htm", or AutoFileName without an ID
+    bool JavaModified = false;
+
+    // The unique link targets of the file; never absent.
+    CTargets& targets() { return targets_; }
+    const CTargets& targets() const { return targets_; }
+
+private:
+    CTargets targets_;
+};
+
+}  // namespace tamrix

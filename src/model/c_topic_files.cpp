@@ -1,0 +1,51 @@
+#include "model/c_topic_files.h"
+
+#include "platform/byte_text.h"
+
+namespace tamrix {
+
+void CTopicFiles::Add(std::shared_ptr<CTopicFile> topic, std::string_view key) {
+    items_.Add(std::move(topic), key);
+}
+
+void CTopicFiles::Delete(long index) {
+    items_.Delete(index);
+    indexed_ = 0;
+    byContext_.clear();
+    byExtraId_.clear();
+}
+
+void CTopicFiles::BuildIndexes() const {
+    if (indexed_ == 0) {
+        byContext_.clear();
+        byExtraId_.clear();
+    }
+    // Only topic files added since the last call are indexed; emplace keeps the first.
+    for (long i = indexed_ + 1; i <= Count(); ++i) {
+        const auto& topic = items_.Item(i);
+        if (!topic->Context.empty()) byContext_.emplace(Fold(topic->Context), topic);
+        for (const std::string& id : Split(topic->ExtraIds, '^'))
+            if (!id.empty()) byExtraId_.emplace(Fold(id), topic);
+    }
+    indexed_ = Count();
+}
+
+std::shared_ptr<CTopicFile> CTopicFiles::FirstWithContext(std::string_view context) const {
+    if (context.empty()) {
+        for (const auto& topic : items_)
+            if (topic->Context.empty()) return topic;
+        return nullptr;
+    }
+    BuildIndexes();
+    const auto it = byContext_.find(Fold(context));
+    return it == byContext_.end() ? nullptr : it->second;
+}
+
+std::shared_ptr<CTopicFile> CTopicFiles::FirstWithExtraId(std::string_view id) const {
+    if (id.empty()) return nullptr;
+    BuildIndexes();
+    const auto it = byExtraId_.find(Fold(id));
+    return it == byExtraId_.end() ? nullptr : it->second;
+}
+
+}  // namespace tamrix

@@ -1,0 +1,54 @@
+#include "model/wizard_state.h"
+
+#include "platform/counter16.h"
+#include "platform/program_error.h"
+
+namespace tamrix {
+
+void WizardState::SetProgressCaption(const std::string& caption) {
+    progressCaption_ = caption;
+    View().SetProgressCaption(caption);
+}
+
+void WizardState::SetProgressMax(int maximum) {
+    progressMax_ = maximum;
+    View().SetProgressMax(maximum);
+}
+
+void WizardState::SetProgress(int value) {
+    if (value <= progressMax_) {
+        progress_ = value;
+        View().SetProgressValue(value);
+    }
+    if (value % 10 == 0) View().ProcessEvents();
+}
+
+void WizardState::SetProgressVisible(bool visible) {
+    progressVisible_ = visible;
+    View().SetProgressVisible(visible);
+}
+
+namespace modUtilities {
+
+void InitializeProgressBar(WizardState& wizard, long maximum, const std::string& caption) {
+    GuardedVoid("modUtilities:InitializeProgressBar", [&] {
+        wizard.SetProgressCaption(caption);
+        if (maximum > 0) {
+            wizard.SetProgressVisible(true);
+            wizard.SetProgressMax(Counter16::Checked(maximum));
+            wizard.SetProgress(0);
+        }
+    });
+}
+
+void UpdateProgressBar(WizardState& wizard, long value) {
+    GuardedVoid("modUtilities:UpdateProgressBar",
+                [&] { wizard.SetProgress(Counter16::Checked(value)); });
+}
+
+void ShowProgressBar(WizardState& wizard, bool visible) {
+    GuardedVoid("modUtilities:ShowProgressBar", [&] { wizard.SetProgressVisible(visible); });
+}
+
+}  // namespace modUtilities
+}  // namespace tamrix

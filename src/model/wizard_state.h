@@ -1,0 +1,69 @@
+#pragma once
+// The run state that the wizard hands to the readers, writers and log builders
+// as their first argument: the wizard's public properties and its progress
+// display. The step machine in src/wizard/ owns one and adds the controls.
+#include <string>
+
+#include "platform/view.h"
+
+namespace tamrix {
+
+class WizardState {
+public:
+    explicit WizardState(IView* view = nullptr) : view_(view) {}
+    virtual ~WizardState() = default;
+
+    std::string Projectname;         // full path of the scanned .hhp
+    std::string ProjectFolder;       // folder part of Projectname
+    std::string WinHelpProjectName;  // full path of the .hpj, may be empty
+    std::string NewProjectName;      // file name of the new .hhp
+    std::string NewRootPath;         // folder of the new project
+    std::string IndexFile;
+    std::string ContentsFile;
+    bool ScanComplete = false;
+    int MissingCount = 0;
+    bool IncompleteData = false;
+    std::string PopupStringFile;
+    int NumPopupStrings = 0;
+    std::string StepMessage;
+    double BoxLeft = 0;
+    double BoxTop = 0;
+    // Filled by GetHTMLOptions for the writers.
+    bool AddCssLink = false;
+    bool SetTopicClass = false;
+    std::string CssFileName;
+    // Texts the readers and the scan step show in the wizard's labels.
+    std::string DisplayTopicCount;
+    std::string UntitledCountText;
+
+    BoxPosition Box() const { return BoxPosition{BoxLeft, BoxTop}; }
+
+    // The progress display. A value above the maximum is ignored; at every
+    // tenth value pending events are processed so the window repaints.
+    void SetProgressCaption(const std::string& caption);
+    void SetProgressMax(int maximum);
+    void SetProgress(int value);
+    void SetProgressVisible(bool visible);
+    const std::string& ProgressCaption() const { return progressCaption_; }
+    int ProgressMax() const { return progressMax_; }
+    int Progress() const { return progress_; }
+    bool ProgressVisible() const { return progressVisible_; }
+
+    IView& View() const { return view_ != nullptr ? *view_ : ActiveView(); }
+    void SetView(IView* view) { view_ = view; }
+
+private:
+    IView* view_;
+    std::string progressCaption_;
+    int progressMax_ = 0;
+    int progress_ = 0;
+    bool progressVisible_ = false;
+};
+
+namespace modUtilities {
+void InitializeProgressBar(WizardState& wizard, long maximum, const std::string& caption);
+void UpdateProgressBar(WizardState& wizard, long value);
+void ShowProgressBar(WizardState& wizard, bool visible);
+}  // namespace modUtilities
+
+}  // namespace tamrix

@@ -1,0 +1,230 @@
+#include "platform/byte_text.h"
+
+#include <array>
+#include <cstring>
+
+namespace tamrix {
+namespace {
+
+std::array<unsigned char, 256> MakeFoldTable() {
+    std::array<unsigned char, 256> table{};
+    for (int i = 0; i < 256; ++i) table[i] = static_cast<unsigned char>(i);
+    for (int c = 'A'; c <= 'Z'; ++c) table[c] = static_cast<unsigned char>(c + 32);
+    for (int c = 0xC0; c <= 0xDE; ++c)
+        if (c != 0xD7) table[c] = static_cast<unsigned char>(c + 32);
+    table[0x8A] = 0x9A;  // S caron
+    table[0x8C] = 0x9C;  // OE
+    table[0x8E] = 0x9E;  // Z caron
+    table[0x9F] = 0xFF;  // Y diaeresis
+    return table;
+}
+
+const std::array<unsigned char, 256> kFold = MakeFoldTable();
+
+// Windows-1252 characters 0x80-0x9F as Unicode code points (0 = undefined).
+constexpr std::array<unsigned, 32> kHigh = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+void AppendUtf8(std::string& out, unsigned cp) {
+    if (cp < 0x80) {
+        out += static_cast<char>(cp);
+    } else if (cp < 0x800) {
+        out += static_cast<char>(0xC0 | (cp >> 6));
+        out += static_cast<char>(0x80 | (cp & 0x3F));
+    } else {
+        out += static_cast<char>(0xE0 | (cp >> 12));
+        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (cp & 0x3F));
+    }
+}
+
+}  // namespace
+
+unsigned char FoldByte(unsigned char c) { return kFold[c]; }
+
+std::string Fold(std::string_view text) {
+    std::string out(text);
+    for (char& c : out) c = static_cast<char>(kFold[static_cast<unsigned char>(c)]);
+    return out;
+}
+
+bool EqualsNoCase(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (kFold[static_cast<unsigned char>(a[i])] != kFold[static_cast<unsigned char>(b[i])])
+            return false;
+    return true;
+}
+
+std::size_t FindNoCase(std::string_view text, std::string_view needle, std::size_t from) {
+    if (needle.empty() || from > text.size() || needle.size() > text.size() - from)
+        return kNotFound;
+    const unsigned char first = kFold[static_cast<unsigned char>(needle[0])];
+    const std::size_t last = text.size() - needle.size();
+    for (std::size_t i = from; i <= last; ++i) {
+        if (kFold[static_cast<unsigned char>(text[i])] != first) continue;
+        if (EqualsNoCase(text.substr(i, needle.size()), needle)) return i;
+    }
+    return kNotFound;
+}
+
+bool ContainsNoCase(std::string_view text, std::string_view needle) {
+    return FindNoCase(text, needle) != kNotFound;
+}
+
+bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
+    return text.size() >= prefix.size() && EqualsNoCase(text.substr(0, prefix.size()), prefix);
+}
+
+bool EndsWithNoCase(std::string_view text, std::string_view suffix) {
+    return text.size() >= suffix.size() &&
+           EqualsNoCase(text.substr(text.size() - suffix.size()), suffix);
+}
+
+std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement) {
+    if (find.empty()) return std::string(text);
+    std::string result;
+    std::size_t pos = 0;
+    while (true) {
+        const std::size_t hit = FindNoCase(text, find, pos);
+        if (hit == kNotFound) break;
+        result.append(text.substr(pos, hit - pos));
+        result.append(replacement);
+        pos = hit + find.size();
+    }
+    result.append(text.substr(pos));
+    return result;
+}
+
+std::string ReplaceAllExact(std::string_view text, std::string_view find,
+                            std::string_view replacement) {
+    if (find.empty()) return std::string(text);
+    std::string result;
+    std::size_t pos = 0;
+    while (true) {
+        const std::size_t hit = text.find(find, pos);
+        if (hit == std::string_view::npos) break;
+        result.append(text.substr(pos, hit - pos));
+        result.append(replacement);
+        pos = hit + find.size();
+    }
+    result.append(text.substr(pos));
+    return result;
+}
+
+std::string TrimLeft(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string() : std::string(text.substr(first));
+}
+
+std::string TrimRight(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(' ');
+    return last == std::string_view::npos ? std::string() : std::string(text.substr(0, last + 1));
+}
+
+std::string Trim(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    const std::size_t last = text.find_last_not_of(' ');
+    return std::string(text.substr(first, last - first + 1));
+}
+
+std::string TabsToSpaces(std::string_view text) {
+    std::string out(text);
+    for (char& c : out)
+        if (c == '\t') c = ' ';
+    return out;
+}
+
+std::vector<std::string> Split(std::string_view text, char separator) {
+    std::vector<std::string> pieces;
+    if (text.empty()) return pieces;
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t sep = text.find(separator, start);
+        if (sep == std::string_view::npos) {
+            pieces.emplace_back(text.substr(start));
+            return pieces;
+        }
+        pieces.emplace_back(text.substr(start, sep - start));
+        start = sep + 1;
+    }
+}
+
+std::string_view Before(std::string_view text, char c) {
+    const std::size_t pos = text.find(c);
+    return pos == std::string_view::npos ? text : text.substr(0, pos);
+}
+
+std::string FileExtension(std::string_view name) {
+    const std::size_t slash = name.find_last_of("\\/");
+    const std::size_t dot = name.rfind('.');
+    if (dot == std::string_view::npos || (slash != std::string_view::npos && dot < slash)) return {};
+    return std::string(name.substr(dot + 1));
+}
+
+std::string FileBaseName(std::string_view name) {
+    const std::size_t slash = name.find_last_of("\\/");
+    std::string_view base = slash == std::string_view::npos ? name : name.substr(slash + 1);
+    const std::size_t dot = base.rfind('.');
+    return std::string(dot == std::string_view::npos ? base : base.substr(0, dot));
+}
+
+std::string Cp1252ToUtf8(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (const char ch : text) {
+        const auto c = static_cast<unsigned char>(ch);
+        if (c >= 0x80 && c < 0xA0)
+            AppendUtf8(out, kHigh[c - 0x80] != 0 ? kHigh[c - 0x80] : c);
+        else
+            AppendUtf8(out, c);
+    }
+    return out;
+}
+
+bool Utf8ToCp1252(std::string_view text, std::string& out) {
+    out.clear();
+    for (std::size_t i = 0; i < text.size();) {
+        const auto c = static_cast<unsigned char>(text[i]);
+        unsigned cp = 0;
+        std::size_t len = 0;
+        if (c < 0x80) {
+            cp = c;
+            len = 1;
+        } else if ((c & 0xE0) == 0xC0) {
+            cp = c & 0x1Fu;
+            len = 2;
+        } else if ((c & 0xF0) == 0xE0) {
+            cp = c & 0x0Fu;
+            len = 3;
+        } else {
+            return false;
+        }
+        if (i + len > text.size()) return false;
+        for (std::size_t k = 1; k < len; ++k) {
+            const auto cc = static_cast<unsigned char>(text[i + k]);
+            if ((cc & 0xC0) != 0x80) return false;
+            cp = (cp << 6) | (cc & 0x3Fu);
+        }
+        i += len;
+        if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) {
+            out += static_cast<char>(cp);
+            continue;
+        }
+        bool mapped = false;
+        for (unsigned k = 0; k < kHigh.size(); ++k) {
+            if (kHigh[k] == cp) {
+                out += static_cast<char>(0x80 + k);
+                mapped = true;
+                break;
+            }
+        }
+        if (!mapped) return false;
+    }
+    return true;
+}
+
+}  // namespace tamrix

@@ -1,0 +1,52 @@
+#pragma once
+// Helpers for 8-bit text. Case-insensitive operations fold ASCII and the
+// letters of Windows-1252, the code page of the projects this program reads.
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamrix {
+
+inline constexpr std::size_t kNotFound = std::string_view::npos;
+
+unsigned char FoldByte(unsigned char c);
+std::string Fold(std::string_view text);
+
+bool EqualsNoCase(std::string_view a, std::string_view b);
+// Position of the first match at or after `from`, or kNotFound. An empty needle is never found.
+std::size_t FindNoCase(std::string_view text, std::string_view needle, std::size_t from = 0);
+bool ContainsNoCase(std::string_view text, std::string_view needle);
+bool StartsWithNoCase(std::string_view text, std::string_view prefix);
+bool EndsWithNoCase(std::string_view text, std::string_view suffix);
+
+// Replaces every occurrence of `find` (compared without regard to case); the
+// inserted text is never searched again, so a replacement that contains the
+// searched text cannot loop. An empty `find` leaves the text unchanged.
+std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement);
+// The same with an exact (case-sensitive) comparison.
+std::string ReplaceAllExact(std::string_view text, std::string_view find,
+                            std::string_view replacement);
+
+// Trimming removes blanks only (not tabs), as the project readers expect.
+std::string Trim(std::string_view text);
+std::string TrimLeft(std::string_view text);
+std::string TrimRight(std::string_view text);
+
+std::string TabsToSpaces(std::string_view text);
+
+// Splits at every separator; an empty text gives no pieces, "a^" gives "a" and "".
+std::vector<std::string> Split(std::string_view text, char separator);
+
+// Text before the first occurrence of `c` (the whole text when absent).
+std::string_view Before(std::string_view text, char c);
+
+// Extension of a file name (text after the last dot of its last component), empty when none.
+std::string FileExtension(std::string_view name);
+// The name without its extension and dot.
+std::string FileBaseName(std::string_view name);
+
+// Windows-1252 to UTF-8 and back; Back fails (returns false) for characters outside the code page.
+std::string Cp1252ToUtf8(std::string_view text);
+bool Utf8ToCp1252(std::string_view text, std::string& out);
+
+}  // namespace tamrix

@@ -1,0 +1,38 @@
+#pragma once
+// A 16-bit signed counter: going past 32767 (or below -32768) is an overflow
+// error, as the counters of the project readers have always behaved.
+#include <cstdint>
+
+#include "platform/program_error.h"
+
+namespace tamrix {
+
+class Counter16 {
+public:
+    Counter16() = default;
+    Counter16(long value) { Set(value); }  // NOLINT: used like a plain integer
+
+    Counter16& operator+=(long n) {
+        Set(static_cast<long>(value_) + n);
+        return *this;
+    }
+    Counter16& operator++() { return *this += 1; }
+    Counter16& operator=(long value) {
+        Set(value);
+        return *this;
+    }
+    operator int() const { return value_; }  // NOLINT
+    int Value() const { return value_; }
+
+    // Checks that `value` fits a 16-bit counter, raising an overflow otherwise.
+    static int16_t Checked(long value) {
+        if (value > INT16_MAX || value < INT16_MIN) RaiseError(err::kOverflow);
+        return static_cast<int16_t>(value);
+    }
+
+private:
+    void Set(long value) { value_ = Checked(value); }
+    int16_t value_ = 0;
+};
+
+}  // namespace tamrix

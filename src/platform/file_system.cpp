@@ -1,0 +1,318 @@
+#include "platform/file_system.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/byte_text.h"
+#include "platform/program_error.h"
+
+namespace tamrix {
+namespace {
+
+std::string Slashes(std::string_view path) {
+    std::string out(path);
+    std::replace(out.begin(), out.end(), '\\', '/');
+    return out;
+}
+
+bool StatPath(const std::string& path, struct stat& st) { return ::stat(path.c_str(), &st) == 0; }
+
+std::int64_t StampOf(const struct stat& st) {
+    return static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
+}
+
+int ErrnoToError(int e) {
+    switch (e) {
+        case ENOENT: return err::kFileNotFound;
+        case ENOTDIR: return err::kPathNotFound;
+        case EACCES:
+        case EPERM:
+        case EROFS: return err::kPermission;
+        case ENOMEM: return err::kOutOfMemory;
+        default: return err::kPathFileAccess;
+    }
+}
+
+std::string ParentOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    if (slash == 0) return "/";
+    return path.substr(0, slash);
+}
+
+// Keys under which a directory entry can be found: its folded name, and the
+// folded Windows-1252 spelling of a UTF-8 name.
+void AddKeys(std::unordered_map<std::string, std::string>& map, const std::string& name) {
+    map.emplace(Fold(name), name);
+    std::string cp;
+    if (Utf8ToCp1252(name, cp) && cp != name) map.emplace(Fold(cp), name);
+}
+
+std::string JoinDisk(const std::string& folder, const std::string& name) {
+    return folder == "/" ? "/" + name : folder + "/" + name;
+}
+
+std::string RealFolder(const std::string& path) {
+    char buf[PATH_MAX];
+    if (::realpath(path.c_str(), buf) != nullptr) return buf;
+    return {};
+}
+
+}  // namespace
+
+FileSystem& SharedFileSystem() {
+    static FileSystem fs;
+    return fs;
+}
+
+FileSystem::Listing& FileSystem::ListingOf(const std::string& folder) {
+    struct stat st {};
+    const std::int64_t stamp = StatPath(folder, st) ? StampOf(st) : -2;
+    Listing& listing = listings_[folder];
+    if (listing.stamp == stamp) return listing;
+    listing.byFolded.clear();
+    listing.stamp = stamp;
+    if (DIR* dir = ::opendir(folder.c_str())) {
+        while (dirent* entry = ::readdir(dir)) {
+            const std::string name = entry->d_name;
+            if (name != "." && name != "..") AddKeys(listing.byFolded, name);
+        }
+        ::closedir(dir);
+    }
+    return listing;
+}
+
+const std::string* FileSystem::FindEntry(const std::string& folder, std::string_view component) {
+    Listing& listing = ListingOf(folder);
+    if (auto it = listing.byFolded.find(Fold(component)); it != listing.byFolded.end())
+        return &it->second;
+    std::string cp;
+    if (Utf8ToCp1252(component, cp) && cp != component) {
+        if (auto it = listing.byFolded.find(Fold(cp)); it != listing.byFolded.end())
+            return &it->second;
+    }
+    return nullptr;
+}
+
+std::string FileSystem::DiskPath(std::string_view path) {
+    const std::string plain = Slashes(path);
+    struct stat st {};
+    if (plain.empty() || StatPath(plain, st)) return plain;
+    const bool absolute = plain[0] == '/';
+    std::string folder = absolute ? "/" : ".";  // where the next component is looked for
+    std::string out = absolute ? "/" : "";
+    bool searching = true;
+    for (const std::string& part : Split(plain, '/')) {
+        if (part.empty()) continue;
+        std::string name = part;
+        if (searching && part != "." && part != "..") {
+            if (!StatPath(JoinDisk(folder, part), st)) {
+                if (const std::string* found = FindEntry(folder, part))
+                    name = *found;
+                else
+                    searching = false;  // the rest does not exist: keep it as written
+            }
+        }
+        folder = JoinDisk(folder, name);
+        out = out.empty() || out.back() == '/' ? out + name : out + "/" + name;
+    }
+    if (plain.back() == '/' && out.back() != '/') out += '/';
+    return out;
+}
+
+bool FileSystem::FileExists(std::string_view path) {
+    if (path.empty()) return false;
+    struct stat st {};
+    return StatPath(DiskPath(path), st) && S_ISREG(st.st_mode);
+}
+
+bool FileSystem::FolderExists(std::string_view path) {
+    if (path.empty()) return false;
+    struct stat st {};
+    return StatPath(DiskPath(path), st) && S_ISDIR(st.st_mode);
+}
+
+std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
+    std::string text = Slashes(path);
+    if (text.empty() || text[0] != '/') {
+        char buf[PATH_MAX];
+        const std::string cwd = ::getcwd(buf, sizeof buf) != nullptr ? buf : "/";
+        text = cwd + "/" + text;
+    }
+    std::vector<std::string> kept;
+    for (const std::string& part : Split(text, '/')) {
+        if (part.empty() || part == ".") continue;
+        if (part == "..") {
+            if (!kept.empty()) kept.pop_back();
+            continue;
+        }
+        kept.push_back(part);
+    }
+    std::string out;
+    for (const std::string& part : kept) out += "/" + part;
+    return out.empty() ? "/" : out;
+}
+
+std::string FileSystem::BuildPath(std::string_view folder, std::string_view name) const {
+    if (folder.empty()) return std::string(name);
+    if (name.empty()) return std::string(folder);
+    const char last = folder.back();
+    const char first = name.front();
+    if (last == '/' || last == '\\') {
+        if (first == '/' || first == '\\') return std::string(folder) + std::string(name.substr(1));
+        return std::string(folder) + std::string(name);
+    }
+    if (first == '/' || first == '\\') return std::string(folder) + std::string(name);
+    return std::string(folder) + "/" + std::string(name);
+}
+
+std::string FileSystem::ReadAll(std::string_view path) {
+    const std::string disk = DiskPath(path);
+    struct stat st {};
+    if (!StatPath(disk, st)) RaiseError(err::kFileNotFound, "File not found: " + disk);
+    if (!S_ISREG(st.st_mode)) RaiseError(err::kPathFileAccess, "Not a file: " + disk);
+    const int fd = ::open(disk.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) RaiseError(ErrnoToError(errno), disk);
+    std::string content;
+    content.reserve(static_cast<std::size_t>(st.st_size));
+    char buf[1 << 16];
+    while (true) {
+        const ssize_t n = ::read(fd, buf, sizeof buf);
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            const int e = errno;
+            ::close(fd);
+            RaiseError(e == EISDIR ? err::kPathFileAccess : err::kDeviceIO, disk);
+        }
+        if (n == 0) break;
+        content.append(buf, static_cast<std::size_t>(n));
+    }
+    ::close(fd);
+    return content;
+}
+
+void FileSystem::SetWriteRoot(std::string_view folder) {
+    writeRoot_ = folder.empty() ? std::string() : GetAbsolutePathName(folder);
+}
+
+bool FileSystem::InsideWriteRoot(std::string_view path) {
+    if (writeRoot_.empty()) return true;
+    const std::string abs = GetAbsolutePathName(path);
+    if (abs.size() <= writeRoot_.size() || abs.compare(0, writeRoot_.size(), writeRoot_) != 0 ||
+        abs[writeRoot_.size()] != '/')
+        return false;
+    // A link inside the new folder must not lead out of it either.
+    const std::string realRoot = RealFolder(DiskPath(writeRoot_));
+    const std::string realParent = RealFolder(DiskPath(ParentOf(abs)));
+    if (realRoot.empty() || realParent.empty()) return true;  // not created yet: nothing to follow
+    return realParent == realRoot || realParent.compare(0, realRoot.size() + 1, realRoot + "/") == 0;
+}
+
+void FileSystem::CheckWritable(const std::string& diskPath) {
+    if (!InsideWriteRoot(diskPath))
+        RaiseError(err::kOutsideNewFolder, "Refused to write outside the new project folder: " +
+                                               diskPath);
+}
+
+void FileSystem::NoteWritten(const std::string& diskPath) {
+    const std::string folder = ParentOf(diskPath);
+    auto it = listings_.find(folder);
+    if (it == listings_.end()) return;
+    struct stat st {};
+    if (StatPath(folder, st)) it->second.stamp = StampOf(st);
+    const std::size_t slash = diskPath.rfind('/');
+    AddKeys(it->second.byFolded, slash == std::string::npos ? diskPath : diskPath.substr(slash + 1));
+}
+
+void FileSystem::WriteAll(std::string_view path, std::string_view content) {
+    const std::string disk = DiskPath(GetAbsolutePathName(path));
+    CheckWritable(disk);
+    struct stat st {};
+    if (StatPath(disk, st) && S_ISDIR(st.st_mode))
+        RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
+    std::string temp = ParentOf(disk) + "/.tamrix-XXXXXX";
+    const int fd = ::mkstemp(temp.data());
+    if (fd < 0) RaiseError(ErrnoToError(errno) == err::kFileNotFound ? err::kPathNotFound
+                                                                      : ErrnoToError(errno),
+                           disk);
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    ::fchmod(fd, 0666 & ~mask);
+    std::size_t done = 0;
+    while (done < content.size()) {
+        const ssize_t n = ::write(fd, content.data() + done, content.size() - done);
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            ::close(fd);
+            ::unlink(temp.c_str());
+            RaiseError(err::kDeviceIO, disk);
+        }
+        done += static_cast<std::size_t>(n);
+    }
+    if (::close(fd) != 0 || ::rename(temp.c_str(), disk.c_str()) != 0) {
+        const int e = errno;
+        ::unlink(temp.c_str());
+        RaiseError(ErrnoToError(e), disk);
+    }
+    NoteWritten(disk);
+}
+
+void FileSystem::CopyFile(std::string_view from, std::string_view to) { WriteAll(to, ReadAll(from)); }
+
+void FileSystem::CreateFolder(std::string_view path) {
+    const std::string disk = DiskPath(GetAbsolutePathName(path));
+    CheckWritable(disk + "/x");
+    if (::mkdir(disk.c_str(), 0777) != 0 && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
+    NoteWritten(disk);
+}
+
+std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {
+    const std::string disk = DiskPath(folder);
+    DIR* dir = ::opendir(disk.c_str());
+    if (dir == nullptr) RaiseError(err::kPathNotFound, disk);
+    std::vector<std::string> names;
+    while (dirent* entry = ::readdir(dir)) {
+        const std::string name = entry->d_name;
+        struct stat st {};
+        if (StatPath(disk + "/" + name, st) && S_ISREG(st.st_mode)) names.push_back(name);
+    }
+    ::closedir(dir);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+TextReader::TextReader(std::string_view path) { Open(path); }
+
+void TextReader::Open(std::string_view path) { OpenText(SharedFileSystem().ReadAll(path)); }
+
+void TextReader::OpenText(std::string text) {
+    text_ = std::move(text);
+    pos_ = 0;
+}
+
+bool TextReader::ReadLine(std::string& line) {
+    if (pos_ >= text_.size()) {
+        line.clear();
+        return false;
+    }
+    const std::size_t end = text_.find_first_of("\r\n", pos_);
+    if (end == std::string::npos) {
+        line.assign(text_, pos_, std::string::npos);
+        pos_ = text_.size();
+        return true;
+    }
+    line.assign(text_, pos_, end - pos_);
+    pos_ = end + 1;
+    if (text_[end] == '\r' && pos_ < text_.size() && text_[pos_] == '\n') ++pos_;
+    return true;
+}
+
+}  // namespace tamrix

@@ -1,0 +1,81 @@
+#pragma once
+// The shared file-system service. Project files name paths Windows-style
+// ("html\hs12.htm"); only this service maps such text to the disk: "\" becomes
+// "/", and a component that does not exist as written is found without regard
+// to case, or under its UTF-8 spelling when the text is Windows-1252, as a
+// checkout of a Windows project on Linux stores it.
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tamrix {
+
+class FileSystem {
+public:
+    // The disk path for a Windows-style name.
+    std::string DiskPath(std::string_view path);
+
+    bool FileExists(std::string_view path);
+    bool FolderExists(std::string_view path);
+
+    // Absolute path with "." and ".." resolved textually; "\" and "/" both separate.
+    std::string GetAbsolutePathName(std::string_view path) const;
+    // Joins a folder and a name with one separator.
+    std::string BuildPath(std::string_view folder, std::string_view name) const;
+
+    // Whole-file operations; failures raise BasicError (53, 70, 75, 76).
+    std::string ReadAll(std::string_view path);
+    // Writes through a temporary file in the destination folder and renames it into
+    // place, so an interruption never leaves a half-written file.
+    void WriteAll(std::string_view path, std::string_view content);
+    void CopyFile(std::string_view from, std::string_view to);
+    void CreateFolder(std::string_view path);
+    // Names of the regular files directly in a folder, sorted.
+    std::vector<std::string> ListFiles(std::string_view folder);
+
+    // Every write must land inside this folder (empty: no restriction). A write
+    // elsewhere raises error 600 and nothing is written.
+    void SetWriteRoot(std::string_view folder);
+    const std::string& WriteRoot() const { return writeRoot_; }
+    // Whether an absolute path lies inside the write root.
+    bool InsideWriteRoot(std::string_view path);
+
+    // Drops the cached folder listings.
+    void ForgetListings() { listings_.clear(); }
+
+private:
+    struct Listing {
+        std::int64_t stamp = -1;
+        std::unordered_map<std::string, std::string> byFolded;
+    };
+    const std::string* FindEntry(const std::string& folder, std::string_view component);
+    Listing& ListingOf(const std::string& folder);
+    void NoteWritten(const std::string& diskPath);
+    void CheckWritable(const std::string& diskPath);
+
+    std::unordered_map<std::string, Listing> listings_;
+    std::string writeRoot_;
+};
+
+// The one file-system service of the run.
+FileSystem& SharedFileSystem();
+
+// Reads a text file line by line; lines may end in CR LF, LF or CR.
+class TextReader {
+public:
+    TextReader() = default;
+    // Raises BasicError when the file cannot be read.
+    explicit TextReader(std::string_view path);
+    void Open(std::string_view path);
+    void OpenText(std::string text);
+    bool ReadLine(std::string& line);
+    bool AtEnd() const { return pos_ >= text_.size(); }
+
+private:
+    std::string text_;
+    std::size_t pos_ = 0;
+};
+
+}  // namespace tamrix

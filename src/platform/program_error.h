@@ -1,0 +1,73 @@
+#pragma once
+// Unexpected errors travel as BasicError inside a procedure; the procedure's
+// guard turns them into the common error report and a failure result, so no
+// error ever reaches a caller.
+#include <exception>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tamrix {
+
+namespace err {
+inline constexpr int kInvalidCall = 5;
+inline constexpr int kOverflow = 6;
+inline constexpr int kOutOfMemory = 7;
+inline constexpr int kSubscript = 9;
+inline constexpr int kInternal = 51;
+inline constexpr int kFileNotFound = 53;
+inline constexpr int kDeviceIO = 57;
+inline constexpr int kPastEnd = 62;
+inline constexpr int kPermission = 70;
+inline constexpr int kPathFileAccess = 75;
+inline constexpr int kPathNotFound = 76;
+inline constexpr int kResourceNotFound = 326;
+inline constexpr int kDuplicateKey = 457;
+inline constexpr int kDialogCancelled = 32755;
+// Raised by the program itself: a target that would lie outside the new project folder.
+inline constexpr int kOutsideNewFolder = 600;
+}  // namespace err
+
+class BasicError : public std::runtime_error {
+public:
+    explicit BasicError(int number, const std::string& detail = {});
+    int Number() const { return number_; }
+
+private:
+    int number_;
+};
+
+[[noreturn]] void RaiseError(int number, const std::string& detail = {});
+
+// The standard description of an error number ("Overflow", "File not found", ...).
+std::string ErrorDescription(int number);
+
+// Error number of the exception being handled (call inside a catch block).
+int CurrentErrorNumber();
+
+// The common error report: errors from 512 up are the program's own.
+void ReportProgramError(int number, std::string_view source);
+
+// Runs `body`; an exception becomes the error report for `source` ("module:Procedure")
+// and the result `failure`.
+template <class R, class F>
+R Guarded(std::string_view source, R failure, F&& body) {
+    try {
+        return std::forward<F>(body)();
+    } catch (...) {
+        ReportProgramError(CurrentErrorNumber(), source);
+        return failure;
+    }
+}
+
+template <class F>
+void GuardedVoid(std::string_view source, F&& body) {
+    try {
+        std::forward<F>(body)();
+    } catch (...) {
+        ReportProgramError(CurrentErrorNumber(), source);
+    }
+}
+
+}  // namespace tamrix

@@ -1,0 +1,39 @@
+#pragma once
+// The writers' text buffer: a whole file held as text with a selection,
+// edited by case-insensitive find and replace-selection.
+#include <string>
+#include <string_view>
+
+namespace tamrix {
+
+class TextBuffer {
+public:
+    // File operations raise BasicError on failure.
+    void LoadFile(std::string_view path);
+    void SaveFile(std::string_view path) const;
+
+    const std::string& Text() const { return text_; }
+    void SetText(std::string text);
+    long Length() const { return static_cast<long>(text_.size()); }
+
+    // Searches `what` without regard to case from zero-based `from` to the end;
+    // selects the match and returns its position, or returns -1 (selection unchanged).
+    long Find(std::string_view what, long from);
+
+    long SelStart() const { return selStart_; }
+    long SelLength() const { return selLength_; }
+    // Setting the start collapses the selection, as the edit control does.
+    void SetSelStart(long start);
+    void SetSelLength(long length);
+    std::string SelText() const;
+    // Replaces the selection; the caret then stands after the inserted text.
+    void ReplaceSel(std::string_view replacement);
+
+private:
+    std::string text_;
+    std::string folded_;  // text_ folded for case-insensitive search
+    long selStart_ = 0;
+    long selLength_ = 0;
+};
+
+}  // namespace tamrix

@@ -1,0 +1,51 @@
+#include "platform/view.h"
+
+namespace tamrix {
+namespace {
+SilentView g_silent;
+IView* g_active = nullptr;
+}  // namespace
+
+int ButtonsOfStyle(int style, int (&codes)[3]) {
+    switch (style & 0x0F) {
+        case mb::kOKCancel: codes[0] = mb::kOK; codes[1] = mb::kCancel; return 2;
+        case mb::kAbortRetryIgnore:
+            codes[0] = mb::kAbort; codes[1] = mb::kRetry; codes[2] = mb::kIgnore; return 3;
+        case mb::kYesNoCancel:
+            codes[0] = mb::kYes; codes[1] = mb::kNo; codes[2] = mb::kCancel; return 3;
+        case mb::kYesNo: codes[0] = mb::kYes; codes[1] = mb::kNo; return 2;
+        case mb::kRetryCancel: codes[0] = mb::kRetry; codes[1] = mb::kCancel; return 2;
+        default: codes[0] = mb::kOK; return 1;
+    }
+}
+
+int AffirmativeAnswerOfStyle(int style) {
+    int codes[3] = {};
+    ButtonsOfStyle(style, codes);
+    return codes[0];
+}
+
+int NegativeAnswerOfStyle(int style) {
+    switch (style & 0x0F) {
+        case mb::kOKCancel:
+        case mb::kYesNoCancel:
+        case mb::kRetryCancel: return mb::kCancel;
+        case mb::kAbortRetryIgnore: return mb::kAbort;
+        case mb::kYesNo: return mb::kNo;
+        default: return mb::kOK;
+    }
+}
+
+int SilentView::MessageBox(const MessageRequest& request) {
+    return NegativeAnswerOfStyle(request.style);
+}
+
+IView& ActiveView() { return g_active != nullptr ? *g_active : g_silent; }
+
+void SetActiveView(IView* view) { g_active = view; }
+
+ScopedActiveView::ScopedActiveView(IView& view) : previous_(g_active) { g_active = &view; }
+
+ScopedActiveView::~ScopedActiveView() { g_active = previous_; }
+
+}  // namespace tamrix

@@ -1,0 +1,121 @@
+#pragma once
+// What the core needs from whoever shows it to the user: the Qt window, the
+// command line or a scripted test double. Nothing here names a toolkit.
+#include <optional>
+#include <string>
+
+namespace tamrix {
+
+// Result codes and button styles of the standard message box.
+namespace mb {
+inline constexpr int kOK = 1;
+inline constexpr int kCancel = 2;
+inline constexpr int kAbort = 3;
+inline constexpr int kRetry = 4;
+inline constexpr int kIgnore = 5;
+inline constexpr int kYes = 6;
+inline constexpr int kNo = 7;
+
+inline constexpr int kOKOnly = 0;
+inline constexpr int kOKCancel = 1;
+inline constexpr int kAbortRetryIgnore = 2;
+inline constexpr int kYesNoCancel = 3;
+inline constexpr int kYesNo = 4;
+inline constexpr int kRetryCancel = 5;
+
+inline constexpr int kCritical = 16;
+inline constexpr int kQuestion = 32;
+inline constexpr int kExclamation = 48;
+inline constexpr int kInformation = 64;
+}  // namespace mb
+
+// Where a message box is placed (the wizard passes its centre).
+struct BoxPosition {
+    std::optional<double> left;
+    std::optional<double> top;
+};
+
+struct MessageRequest {
+    std::string text;
+    int style = 0;
+    std::string title;
+    long catalogueId = 0;  // the catalogue ID the text came from, 0 when none
+    BoxPosition position;
+};
+
+struct FileDialogRequest {
+    std::string title;
+    std::string filter;  // "Name (*.x)|*.x|All Files (*.*)|*.*"
+    std::string defaultExtension;
+    std::string initialFolder;
+    std::string initialName;
+};
+
+class IView {
+public:
+    virtual ~IView() = default;
+
+    // A message window; returns the result code of the button pressed (1 when closed).
+    virtual int MessageBox(const MessageRequest& request) = 0;
+    // The plain error box of the common error report.
+    virtual void ErrorBox(const std::string& text, const std::string& title) = 0;
+    // A line of text; nullopt when cancelled.
+    virtual std::optional<std::string> InputBox(const std::string& prompt,
+                                                const std::string& title,
+                                                const std::string& defaultText) = 0;
+    // File dialogs return the chosen full path, or empty when cancelled.
+    virtual std::string OpenFileDialog(const FileDialogRequest& request) = 0;
+    virtual std::string SaveFileDialog(const FileDialogRequest& request) = 0;
+
+    // The progress display.
+    virtual void SetProgressCaption(const std::string& caption) = 0;
+    virtual void SetProgressMax(int maximum) = 0;
+    virtual void SetProgressValue(int value) = 0;
+    virtual void SetProgressVisible(bool visible) = 0;
+    // Lets the window repaint during a long operation.
+    virtual void ProcessEvents() = 0;
+};
+
+// A view that shows nothing and answers every question with its negative
+// button (No, Cancel, Abort; OK when that is the only one).
+class SilentView : public IView {
+public:
+    int MessageBox(const MessageRequest& request) override;
+    void ErrorBox(const std::string&, const std::string&) override {}
+    std::optional<std::string> InputBox(const std::string&, const std::string&,
+                                        const std::string&) override {
+        return std::nullopt;
+    }
+    std::string OpenFileDialog(const FileDialogRequest&) override { return {}; }
+    std::string SaveFileDialog(const FileDialogRequest&) override { return {}; }
+    void SetProgressCaption(const std::string&) override {}
+    void SetProgressMax(int) override {}
+    void SetProgressValue(int) override {}
+    void SetProgressVisible(bool) override {}
+    void ProcessEvents() override {}
+};
+
+// The view that message boxes and error reports go to. The program has one
+// user-interface thread, so one active view serves the whole run.
+IView& ActiveView();
+void SetActiveView(IView* view);  // nullptr restores the silent view
+
+// Makes a view active for the lifetime of the guard.
+class ScopedActiveView {
+public:
+    explicit ScopedActiveView(IView& view);
+    ~ScopedActiveView();
+    ScopedActiveView(const ScopedActiveView&) = delete;
+    ScopedActiveView& operator=(const ScopedActiveView&) = delete;
+
+private:
+    IView* previous_;
+};
+
+// The answer "Yes or OK" / "No or Cancel" for a style, as the command line's --yes and --no give.
+int AffirmativeAnswerOfStyle(int style);
+int NegativeAnswerOfStyle(int style);
+// The buttons a style shows, in order.
+int ButtonsOfStyle(int style, int (&codes)[3]);
+
+}  // namespace tamrix

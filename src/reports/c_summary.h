@@ -1,0 +1,79 @@
+#pragma once
+// The report of every log: a plain-text document with CR LF line breaks, laid
+// out in columns by spaces. A viewer (the Qt log window) may be attached to
+// show, edit, save and print it; without one the document lives here alone.
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "reports/i_report.h"
+
+namespace tamrix {
+
+// What the log viewer window offers to a report.
+class ISummaryViewer {
+public:
+    virtual ~ISummaryViewer() = default;
+    virtual void SetCaption(const std::string& caption) = 0;
+    virtual void SetSaveFileName(const std::string& name) = 0;
+    virtual void SetReadOnly(bool readOnly) = 0;
+    virtual void SetDocument(const std::string& plainText) = 0;
+    // Loads a file as rich text (RTF) or plain text; false when it cannot be read.
+    virtual bool LoadFile(const std::string& path, bool richText) = 0;
+    virtual void InitRTFWidth() = 0;
+    virtual void Show(bool modal) = 0;
+    virtual void Hide() = 0;
+    // Asks the user for a file to view; empty when cancelled.
+    virtual std::string ChooseFileToView(const std::string& filter, bool readOnly) = 0;
+    // Called by the viewer when the user closes it.
+    std::function<void()> onCloseForm;
+};
+
+using SummaryViewerFactory = std::function<std::unique_ptr<ISummaryViewer>()>;
+// The GUI installs a factory; the command line and the tests run without one.
+void SetSummaryViewerFactory(SummaryViewerFactory factory);
+
+class CSummary : public IReport {
+public:
+    CSummary();
+    ~CSummary() override;
+
+    void CloseSummary() override;
+    bool OpenSummary(int mode) override;
+    void AddItem(const std::string& itemName, const ItemValue& itemValue) override;
+    void Show(int modal) override;
+    std::string Section() const override { return base_.Section(); }
+    void SetSection(const std::string& value) override { base_.SetSection(value); }
+    std::string Name() const override { return base_.Name(); }
+    void SetName(const std::string& value) override { base_.SetName(value); }
+    void AddLine(const std::string& data) override;
+    void AddString(const std::string& data) override;
+
+    void SetCaptionBase(const std::string& value) { captionBase_ = value; }
+    const std::string& Text() const { return document_; }
+    // Saves the document as plain text; false (and no message) on failure.
+    bool SaveAsTextFile(const std::string& fileName) const;
+    // Shows a file in the viewer; an empty name asks for one.
+    void ViewFile(const std::string& filter, bool readOnly, const std::string& fileName);
+
+    // A fixed-width number for column output.
+    static std::string dblFormat(double value);
+    // Scientific notation with `digits` decimals: " 1.235E+04", "-1.230E-04".
+    static std::string dblEFormat(double value, int digits);
+
+    ISummaryViewer* Viewer() const { return viewer_.get(); }
+
+private:
+    static std::string FormatItemValue(const ItemValue& value);
+    void EnsureViewer();
+
+    IReport base_;
+    std::string captionBase_;
+    std::string document_;
+    std::unique_ptr<ISummaryViewer> viewer_;
+};
+
+// Saves a report as plain text: true when the report is set, whatever the save gave.
+bool SaveReport(const CSummary* report, const std::string& fileName);
+
+}  // namespace tamrix
