@@ -35,6 +35,15 @@ public:
     // Texts the readers and the scan step show in the wizard's labels.
     std::string DisplayTopicCount;
     std::string UntitledCountText;
+    int UntitledCount = 0;       // untitled (popup) topics found by the scan
+    bool RewriteDone = false;    // the write step succeeded
+    bool PopupsActivated = false;
+
+    // Fetches the style-sheet options of the options dialog into AddCssLink,
+    // SetTopicClass and CssFileName; the wizard overrides it.
+    virtual bool GetHTMLOptions() { return true; }
+    // Lets the window repaint before a long operation.
+    virtual void Refresh() { View().ProcessEvents(); }
 
     BoxPosition Box() const { return BoxPosition{BoxLeft, BoxTop}; }
 
