@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+
+#include "model/project_state.h"
+#include "model/wizard_state.h"
+#include "support/scripted_view.h"
+
+namespace tamrix {
+namespace {
+
+class ModelTest : public ::testing::Test {
+protected:
+    void SetUp() override { modGlobals::ResetAll(); }
+    void TearDown() override { modGlobals::ResetAll(); }
+    testing::ScriptedView view;
+    ScopedActiveView active{view};
+};
+
+TEST_F(ModelTest, ContextIdsWithAnEmptyKeyMayShareAName) {
+    CContextIDs ids;
+    EXPECT_NE(ids.Add("IDH_A", "1", ""), nullptr);
+    EXPECT_NE(ids.Add("IDH_A", "2", ""), nullptr);
+    EXPECT_NE(ids.Add("IDH_B", "&H10", "IDH_B"), nullptr);
+    EXPECT_EQ(ids.Count(), 3);
+    EXPECT_EQ(ids.Item("idh_b")->ContextID, "&H10");
+    EXPECT_EQ(ids.Item(2)->ContextID, "2");
+    EXPECT_TRUE(view.errors.empty());
+}
+
+TEST_F(ModelTest, ADuplicateKeyIsReportedWithTheCollectionsPlace) {
+    CContextIDs ids;
+    ids.Add("IDH_A", "1", "IDH_A");
+    EXPECT_EQ(ids.Add("idh_a", "2", "IDH_a"), nullptr);
+    EXPECT_EQ(ids.Count(), 1);
+    ASSERT_EQ(view.errors.size(), 1u);
+    EXPECT_EQ(view.errors[0].first,
+              "CContextIDs Collection:Add\r\nError: This key is already associated with an "
+              "element of this collection");
+}
+
+TEST_F(ModelTest, TopicFileKeysCompareWithoutRegardToCase) {
+    CTopicFiles topics;
+    auto a = std::make_shared<CTopicFile>();
+    a->AutoFileName = "AFXC0001.htm";
+    topics.Add(a, a->AutoFileName);
+    auto b = std::make_shared<CTopicFile>();
+    try {
+        topics.Add(b, "afxc0001.HTM");
+        FAIL() << "duplicate key accepted";
+    } catch (const BasicError& e) {
+        EXPECT_EQ(e.Number(), err::kDuplicateKey);
+    }
+    EXPECT_EQ(topics.Count(), 1);
+    EXPECT_EQ(topics.Item("Afxc0001.Htm"), a);
+    EXPECT_EQ(topics.Find("none"), nullptr);
+    try {
+        topics.Item("none");
+        FAIL() << "unknown key accepted";
+    } catch (const BasicError& e) {
+        EXPECT_EQ(e.Number(), err::kInvalidCall);
+    }
+    EXPECT_THROW(topics.Item(2), BasicError);
+}
+
+TEST_F(ModelTest, IndexedLookupsKeepTheFirstMatchInCollectionOrder) {
+    CTopicFiles topics;
+    const char* contexts[] = {"Help", "help", "Other", ""};
+    const char* extras[] = {"", "x^Y", "y", "x"};
+    for (int i = 0; i < 4; ++i) {
+        auto t = std::make_shared<CTopicFile>();
+        t->AutoFileName = "f" + std::to_string(i) + ".htm";
+        t->Context = contexts[i];
+        t->ExtraIds = extras[i];
+        topics.Add(t, t->AutoFileName);
+    }
+    EXPECT_EQ(topics.FirstWithContext("HELP")->AutoFileName, "f0.htm");
+    EXPECT_EQ(topics.FirstWithExtraId("y")->AutoFileName, "f1.htm");
+    EXPECT_EQ(topics.FirstWithExtraId("X")->AutoFileName, "f1.htm");
+    EXPECT_EQ(topics.FirstWithContext("missing"), nullptr);
+    auto late = std::make_shared<CTopicFile>();
+    late->AutoFileName = "late.htm";
+    late->Context = "Late";
+    topics.Add(late, late->AutoFileName);
+    EXPECT_EQ(topics.FirstWithContext("late"), late);  // added after the index was built
+    topics.Item(1)->Context = "Renamed";
+    topics.ContextsChanged();
+    EXPECT_EQ(topics.FirstWithContext("help")->AutoFileName, "f1.htm");
+    topics.Delete(2);
+    EXPECT_EQ(topics.FirstWithContext("help"), nullptr);
+}
+
+TEST_F(ModelTest, AliasStringStoresIntoContextStringAndReadsEmpty) {
+    CContextID id;
+    id.SetAliasString("IDH_X");
+    EXPECT_EQ(id.AliasString(), "");
+    EXPECT_EQ(id.ContextString, "IDH_X");
+}
+
+TEST_F(ModelTest, TargetsOfANewTopicFileExistAndAreEmpty) {
+    CTopicFile topic;
+    EXPECT_EQ(topic.targets().Count(), 0);
+    topic.targets().Add("html\\A.htm");
+    EXPECT_TRUE(topic.targets().ContainsNoCase("HTML\\a.HTM"));
+    topic.targets().Delete(1);
+    EXPECT_FALSE(topic.targets().ContainsNoCase("html\\a.htm"));
+    EXPECT_EQ(topic.InternalReferences, 0);
+    EXPECT_FALSE(topic.HasTitle);
+}
+
+TEST_F(ModelTest, ClearingDropsWinHelpDataAndClosingDropsTheProject) {
+    modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    modGlobals::IndexTargets = std::make_shared<CTargets>();
+    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::ProjectAliases = std::make_shared<CAliases>();
+    modGlobals::MapFiles = {"/a.h"};
+    modGlobals::MapFileCount = 1;
+    modGlobals::DuplicateIncludes = "/a.h";
+    modGlobals::ClearWinHelpData();
+    EXPECT_EQ(modGlobals::MapContextIDs, nullptr);
+    EXPECT_EQ(modGlobals::ProjectAliases, nullptr);
+    EXPECT_EQ(modGlobals::MapFileCount, 0);
+    EXPECT_TRUE(modGlobals::MapFiles.empty());
+    EXPECT_TRUE(modGlobals::DuplicateIncludes.empty());
+    EXPECT_NE(modGlobals::TopicFiles, nullptr);
+    modGlobals::CloseProject();
+    EXPECT_EQ(modGlobals::TopicFiles, nullptr);
+    EXPECT_EQ(modGlobals::IndexTargets, nullptr);
+}
+
+TEST_F(ModelTest, ProgressIgnoresValuesAboveTheMaximumAndRepaintsEveryTenth) {
+    WizardState wizard(&view);
+    modUtilities::InitializeProgressBar(wizard, 0, "Parsing Project File");
+    EXPECT_EQ(wizard.ProgressCaption(), "Parsing Project File");
+    EXPECT_FALSE(wizard.ProgressVisible());
+    modUtilities::InitializeProgressBar(wizard, 25, "Writing");
+    EXPECT_TRUE(wizard.ProgressVisible());
+    EXPECT_EQ(wizard.ProgressMax(), 25);
+    const int before = view.eventsProcessed;
+    for (int i = 1; i <= 30; ++i) modUtilities::UpdateProgressBar(wizard, i);
+    EXPECT_EQ(wizard.Progress(), 25);
+    EXPECT_EQ(view.eventsProcessed - before, 3);  // 10, 20, 30
+    modUtilities::InitializeProgressBar(wizard, 40000, "Too many");
+    ASSERT_EQ(view.errors.size(), 1u);
+    EXPECT_EQ(view.errors[0].first, "modUtilities:InitializeProgressBar\r\nError: Overflow");
+}
+
+}  // namespace
+}  // namespace tamrix

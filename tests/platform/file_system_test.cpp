@@ -1,0 +1,160 @@
+#include "platform/file_system.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "platform/path_helpers.h"
+#include "platform/program_error.h"
+#include "support/scripted_view.h"
+#include "support/temp_dir.h"
+
+namespace tamrix {
+namespace {
+
+int ErrorOf(const std::function<void()>& f) {
+    try {
+        f();
+    } catch (const BasicError& e) {
+        return e.Number();
+    }
+    return 0;
+}
+
+TEST(FileSystemNames, WindowsNamesAreFoundOnDisk) {
+    testing::TempDir dir;
+    dir.Write("Proj/HTML/Afxc0085.htm", "x");
+    dir.Write("Proj/html2/dise\xC3\xB1os.htm", "utf8 name");  // as a Linux checkout stores it
+    FileSystem fs;
+    EXPECT_TRUE(fs.FileExists(dir / "Proj\\html\\afxc0085.HTM"));
+    EXPECT_EQ(fs.DiskPath(dir / "Proj\\html\\afxc0085.HTM"), dir / "Proj/HTML/Afxc0085.htm");
+    EXPECT_TRUE(fs.FileExists(dir / "Proj\\html2\\dise\xF1os.htm"));  // Windows-1252 text
+    EXPECT_TRUE(fs.FileExists(dir / "Proj/HTML2/DISE\xD1OS.HTM"));
+    EXPECT_EQ(fs.ReadAll(dir / "Proj\\html2\\dise\xF1os.htm"), "utf8 name");
+    EXPECT_FALSE(fs.FileExists(dir / "Proj\\html\\missing.htm"));
+    EXPECT_FALSE(fs.FileExists(dir / "Proj\\html"));  // a folder is not a file
+    EXPECT_TRUE(fs.FolderExists(dir / "proj\\Html\\"));
+    EXPECT_FALSE(fs.FileExists(""));
+    // The part that does not exist is kept as written.
+    EXPECT_EQ(fs.DiskPath(dir / "proj\\New\\x.htm"), dir / "Proj/New/x.htm");
+}
+
+TEST(FileSystemNames, AbsolutePathsResolveParentStepsTextually) {
+    FileSystem fs;
+    EXPECT_EQ(fs.GetAbsolutePathName("/a/b/../c/./d.htm"), "/a/c/d.htm");
+    EXPECT_EQ(fs.GetAbsolutePathName("/a/b\\..\\..\\..\\x.htm"), "/x.htm");
+    EXPECT_EQ(fs.GetAbsolutePathName("/a/b/"), "/a/b");
+    char cwd[4096];
+    ASSERT_NE(::getcwd(cwd, sizeof cwd), nullptr);
+    EXPECT_EQ(fs.GetAbsolutePathName("x\\y.htm"), std::string(cwd) + "/x/y.htm");
+    EXPECT_EQ(fs.BuildPath("/a", "b.htm"), "/a/b.htm");
+    EXPECT_EQ(fs.BuildPath("/a/", "b.htm"), "/a/b.htm");
+    EXPECT_EQ(fs.BuildPath("/a\\", "\\b.htm"), "/a\\b.htm");
+    EXPECT_EQ(modUtilities::MakeFullPathforFile("/p/old/", "html\\..\\..\\x.htm"), "/p/x.htm");
+}
+
+TEST(FileSystemText, ReadsLinesEndingInCrLfLfOrCr) {
+    TextReader reader;
+    reader.OpenText("a\r\nb\nc\rd\r\n\r\ne");
+    std::vector<std::string> lines;
+    std::string line;
+    while (reader.ReadLine(line)) lines.push_back(line);
+    EXPECT_EQ(lines, (std::vector<std::string>{"a", "b", "c", "d", "", "e"}));
+    EXPECT_TRUE(reader.AtEnd());
+    reader.OpenText("");
+    EXPECT_FALSE(reader.ReadLine(line));
+    reader.OpenText("x\r\n");
+    EXPECT_TRUE(reader.ReadLine(line));
+    EXPECT_FALSE(reader.ReadLine(line));
+}
+
+TEST(FileSystemText, BadInputGivesAnErrorNumberNotACrash) {
+    testing::TempDir dir;
+    FileSystem fs;
+    EXPECT_EQ(ErrorOf([&] { fs.ReadAll(dir / "missing.htm"); }), err::kFileNotFound);
+    EXPECT_EQ(ErrorOf([&] { fs.ReadAll(dir.Path()); }), err::kPathFileAccess);
+    const std::string big(10 * 1024 * 1024, 'x');
+    dir.Write("big.htm", big + std::string("\0\r\n", 3));
+    TextReader reader(dir / "big.htm");
+    std::string line;
+    ASSERT_TRUE(reader.ReadLine(line));
+    EXPECT_EQ(line.size(), big.size() + 1);
+    if (::geteuid() != 0) {  // root reads everything
+        const std::string locked = dir.Write("locked.htm", "x");
+        ::chmod(locked.c_str(), 0);
+        EXPECT_EQ(ErrorOf([&] { fs.ReadAll(locked); }), err::kPermission);
+    }
+}
+
+TEST(FileSystemWrites, WritesAtomicallyAndListsFolders) {
+    testing::TempDir dir;
+    FileSystem fs;
+    fs.CreateFolder(dir / "new");
+    fs.CreateFolder(dir / "new");  // existing: no error
+    fs.WriteAll(dir / "new\\b.htm", "B");
+    fs.WriteAll(dir / "new\\a.htm", "A");
+    fs.CopyFile(dir / "new\\a.htm", dir / "new\\c.htm");
+    fs.CreateFolder(dir / "new\\sub");
+    EXPECT_EQ(fs.ListFiles(dir / "new"), (std::vector<std::string>{"a.htm", "b.htm", "c.htm"}));
+    EXPECT_EQ(dir.Read("new/c.htm"), "A");
+    // Overwriting an existing file with another case writes that file.
+    fs.WriteAll(dir / "new\\A.HTM", "A2");
+    EXPECT_EQ(dir.Read("new/a.htm"), "A2");
+    EXPECT_EQ(ErrorOf([&] { fs.ListFiles(dir / "none"); }), err::kPathNotFound);
+    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "none\\x.htm", "x"); }), err::kPathNotFound);
+    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "new\\sub", "x"); }), err::kPathFileAccess);
+    for (const auto& entry : std::filesystem::directory_iterator(dir / "new"))
+        EXPECT_EQ(entry.path().filename().string().rfind(".tamrix-", 0), std::string::npos);
+}
+
+TEST(FileSystemWrites, NothingIsWrittenOutsideTheWriteRoot) {
+    testing::TempDir dir;
+    FileSystem fs;
+    fs.CreateFolder(dir / "new");
+    fs.SetWriteRoot(dir / "new");
+    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "new\\..\\evil.htm", "x"); }), err::kOutsideNewFolder);
+    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "newer.htm", "x"); }), err::kOutsideNewFolder);
+    EXPECT_EQ(ErrorOf([&] { fs.CreateFolder(dir / "other"); }), err::kOutsideNewFolder);
+    std::filesystem::create_directory_symlink(dir.Path(), dir / "new/link");
+    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "new\\link\\evil.htm", "x"); }), err::kOutsideNewFolder);
+    EXPECT_FALSE(dir.Exists("evil.htm"));
+    EXPECT_FALSE(dir.Exists("newer.htm"));
+    EXPECT_FALSE(dir.Exists("other"));
+    fs.WriteAll(dir / "new\\ok.htm", "x");
+    EXPECT_TRUE(dir.Exists("new/ok.htm"));
+}
+
+TEST(PathHelpers, SplitNamesTheWayProjectFilesWriteThem) {
+    using namespace modUtilities;
+    EXPECT_EQ(FileNameNoPath("html\\a/b.htm"), "a/b.htm");
+    EXPECT_EQ(FileNameNoPath("html/b.htm"), "b.htm");
+    EXPECT_EQ(FileNameNoPath("b.htm"), "b.htm");
+    EXPECT_EQ(FileNameNoPath(""), "");
+    EXPECT_EQ(FilePathOnly("c:\\help\\x.hhp"), "c:\\help\\");
+    EXPECT_EQ(FilePathOnly("/tmp/x.hhp"), "/tmp/");
+    EXPECT_EQ(FilePathOnly("x.hhp"), "");
+    EXPECT_EQ(AddBackslash("c:\\help"), "c:\\help\\");
+    EXPECT_EQ(AddBackslash("c:\\help\\"), "c:\\help\\");
+    EXPECT_EQ(AddBackslash(""), "");
+    EXPECT_TRUE(IsTheSamePath("C:\\Help\\", "c:\\help"));
+    EXPECT_FALSE(IsTheSamePath("C:\\Help", "C:\\Help\\Sub"));
+    EXPECT_TRUE(IsTheSamePath("/tmp/Out/", "/tmp/out"));
+}
+
+TEST(PathHelpers, CreateFolderOnAnExistingFolderCreatesNothing) {
+    testing::TempDir dir;
+    testing::ScriptedView view;
+    ScopedActiveView active(view);
+    EXPECT_TRUE(modUtilities::CreateFolder(dir.Path(), "sub"));
+    EXPECT_TRUE(modUtilities::CreateFolder(dir.Path() + "/", "sub"));
+    EXPECT_TRUE(modUtilities::FolderExists(dir / "sub"));
+    EXPECT_FALSE(modUtilities::CreateFolder(dir / "a/b/c", "d"));  // one level only
+    ASSERT_EQ(view.errors.size(), 1u);
+    EXPECT_EQ(view.errors[0].first.rfind("modUtilities:CreateFolder\r\nError: ", 0), 0u);
+    EXPECT_FALSE(modUtilities::FileExists(""));
+}
+
+}  // namespace
+}  // namespace tamrix

@@ -1,0 +1,72 @@
+#include "platform/program_error.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <new>
+
+#include "platform/counter16.h"
+#include "support/scripted_view.h"
+
+namespace tamrix {
+namespace {
+
+TEST(ProgramError, SystemErrorsShowSourceAndDescriptionTitledError) {
+    testing::ScriptedView view;
+    ScopedActiveView active(view);
+    ReportProgramError(9, "modUtilities:CreateFolder");
+    ASSERT_EQ(view.errors.size(), 1u);
+    EXPECT_EQ(view.errors[0].first, "modUtilities:CreateFolder\r\nError: Subscript out of range");
+    EXPECT_EQ(view.errors[0].second, "Error");
+}
+
+TEST(ProgramError, ProgramErrorsShowTheNumberWithASignPosition) {
+    testing::ScriptedView view;
+    ScopedActiveView active(view);
+    ReportProgramError(600, "modRewrite:RewriteTopicFile");
+    ASSERT_EQ(view.errors.size(), 1u);
+    EXPECT_EQ(view.errors[0].first, "Program Error No.  600 From: modRewrite:RewriteTopicFile");
+    EXPECT_EQ(view.errors[0].second, "Tamrix");
+}
+
+TEST(ProgramError, GuardTurnsEveryExceptionIntoTheReportAndTheFailureValue) {
+    testing::ScriptedView view;
+    ScopedActiveView active(view);
+    EXPECT_FALSE(Guarded("m:A", false, []() -> bool { RaiseError(err::kFileNotFound); }));
+    EXPECT_EQ(Guarded("m:B", -1, []() -> int { throw std::bad_alloc(); }), -1);
+    EXPECT_EQ(Guarded("m:C", 0, []() -> int { throw 42; }), 0);
+    EXPECT_TRUE(Guarded("m:D", false, [] { return true; }));
+    ASSERT_EQ(view.errors.size(), 3u);
+    EXPECT_EQ(view.errors[0].first, "m:A\r\nError: File not found");
+    EXPECT_EQ(view.errors[1].first, "m:B\r\nError: Out of memory");
+    EXPECT_EQ(view.errors[2].first, "m:C\r\nError: Internal error");
+}
+
+TEST(ProgramError, DescriptionsOfTheNumbersInUse) {
+    EXPECT_EQ(ErrorDescription(5), "Invalid procedure call or argument");
+    EXPECT_EQ(ErrorDescription(6), "Overflow");
+    EXPECT_EQ(ErrorDescription(53), "File not found");
+    EXPECT_EQ(ErrorDescription(62), "Input past end of file");
+    EXPECT_EQ(ErrorDescription(76), "Path not found");
+    EXPECT_EQ(ErrorDescription(457),
+              "This key is already associated with an element of this collection");
+    EXPECT_EQ(ErrorDescription(32755), "Cancel was selected.");
+}
+
+TEST(Counter16, OverflowPast32767RaisesErrorSix) {
+    Counter16 c = 32766;
+    ++c;
+    EXPECT_EQ(c.Value(), 32767);
+    try {
+        ++c;
+        FAIL() << "no overflow";
+    } catch (const BasicError& e) {
+        EXPECT_EQ(e.Number(), err::kOverflow);
+    }
+    EXPECT_EQ(c.Value(), 32767);
+    EXPECT_THROW(Counter16::Checked(LONG_MIN), BasicError);
+    EXPECT_EQ(Counter16::Checked(-32768), -32768);
+}
+
+}  // namespace
+}  // namespace tamrix
