@@ -2,4 +2,10 @@
 # Converts the bundled sample project into a fresh folder and says what was done.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-build/src/tamrix-cli --help
+out="$PWD/out/TideClock"
+rm -rf "$out"
+mkdir -p "$out"
+build/src/tamrix-cli convert samples/tideclock/TideClock.hhp "$out/TideClock.hhp" \
+    --hpj samples/tideclock/TideClock.hpj --css --popups --yes
+echo
+echo "Open $out/TideClock.hhp in HTML Help Workshop (or run: chmcmd TideClock.hhp) to compile it."

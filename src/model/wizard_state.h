@@ -25,6 +25,7 @@ public:
     bool IncompleteData = false;
     std::string PopupStringFile;
     int NumPopupStrings = 0;
+    int NumTextPopups = 0;  // entries written to the text-popup file
     std::string StepMessage;
     double BoxLeft = 0;
     double BoxTop = 0;

@@ -11,16 +11,17 @@
 
 namespace tamrix::testing {
 
-class ScriptedView : public IView {
-public:
-    struct Progress {
-        std::string what;  // "caption", "max", "value", "visible"
-        std::string text;
-        int number = 0;
-    };
+struct ProgressEvent {
+    std::string what;  // "caption", "max", "value", "visible"
+    std::string text;
+    int number = 0;
+};
 
-    // Answers used in order; when the queue is empty the answer is by ID, else
-    // the negative button of the style.
+template <class Base>
+class ScriptedViewOf : public Base {
+public:
+    // Answers used in order; when the queue is empty the answer is by catalogue
+    // ID, else the negative button of the style.
     std::deque<int> answers;
     std::map<long, int> answersById;
     std::deque<std::optional<std::string>> inputAnswers;
@@ -29,24 +30,70 @@ public:
 
     std::vector<MessageRequest> messages;
     std::vector<std::pair<std::string, std::string>> errors;  // text, title
-    std::vector<Progress> progress;
+    std::vector<ProgressEvent> progress;
     int eventsProcessed = 0;
 
-    int MessageBox(const MessageRequest& request) override;
-    void ErrorBox(const std::string& text, const std::string& title) override;
-    std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
-                                        const std::string& defaultText) override;
-    std::string OpenFileDialog(const FileDialogRequest& request) override;
-    std::string SaveFileDialog(const FileDialogRequest& request) override;
-    void SetProgressCaption(const std::string& caption) override;
-    void SetProgressMax(int maximum) override;
-    void SetProgressValue(int value) override;
-    void SetProgressVisible(bool visible) override;
+    int MessageBox(const MessageRequest& request) override {
+        messages.push_back(request);
+        if (!answers.empty()) {
+            const int answer = answers.front();
+            answers.pop_front();
+            return answer;
+        }
+        if (auto it = answersById.find(request.catalogueId); it != answersById.end())
+            return it->second;
+        return NegativeAnswerOfStyle(request.style);
+    }
+    void ErrorBox(const std::string& text, const std::string& title) override {
+        errors.emplace_back(text, title);
+    }
+    std::optional<std::string> InputBox(const std::string&, const std::string&,
+                                        const std::string&) override {
+        if (inputAnswers.empty()) return std::nullopt;
+        auto answer = inputAnswers.front();
+        inputAnswers.pop_front();
+        return answer;
+    }
+    std::string OpenFileDialog(const FileDialogRequest&) override { return Pop(openAnswers); }
+    std::string SaveFileDialog(const FileDialogRequest&) override { return Pop(saveAnswers); }
+    void SetProgressCaption(const std::string& caption) override {
+        progress.push_back({"caption", caption, 0});
+    }
+    void SetProgressMax(int maximum) override { progress.push_back({"max", {}, maximum}); }
+    void SetProgressValue(int value) override { progress.push_back({"value", {}, value}); }
+    void SetProgressVisible(bool visible) override {
+        progress.push_back({"visible", {}, visible ? 1 : 0});
+    }
     void ProcessEvents() override { ++eventsProcessed; }
 
     // Catalogue IDs of the messages shown, in order.
-    std::vector<long> MessageIds() const;
-    std::vector<std::string> Captions() const;
+    std::vector<long> MessageIds() const {
+        std::vector<long> ids;
+        for (const auto& m : messages) ids.push_back(m.catalogueId);
+        return ids;
+    }
+    std::vector<std::string> Captions() const {
+        std::vector<std::string> captions;
+        for (const auto& p : progress)
+            if (p.what == "caption") captions.push_back(p.text);
+        return captions;
+    }
+    // The first message whose text contains `part`, or nullptr.
+    const MessageRequest* FindMessage(const std::string& part) const {
+        for (const auto& m : messages)
+            if (m.text.find(part) != std::string::npos) return &m;
+        return nullptr;
+    }
+
+private:
+    static std::string Pop(std::deque<std::string>& queue) {
+        if (queue.empty()) return {};
+        std::string answer = queue.front();
+        queue.pop_front();
+        return answer;
+    }
 };
+
+using ScriptedView = ScriptedViewOf<IView>;
 
 }  // namespace tamrix::testing

@@ -1,0 +1,127 @@
+#include "cli/cli_options.h"
+
+#include <cerrno>
+#include <cstdlib>
+
+#include "platform/byte_text.h"
+#include "platform/view.h"
+
+namespace tamrix::cli {
+
+const char* UsageText() {
+    return "Usage:\n"
+           "  tamrix-cli convert OLD.hhp NEW.hhp [--hpj OLD.hpj] [--css[=NAME]] [--popups]\n"
+           "                     [--keep-zero-ids] [--yes | --no] [--answer ID=ANSWER]... [--quiet]\n"
+           "  tamrix-cli scan OLD.hhp [--hpj OLD.hpj] [--log FILE] [--yes | --no]\n"
+           "                  [--answer ID=ANSWER]...\n"
+           "  tamrix-cli --help | --version\n"
+           "\n"
+           "ANSWER is yes, no, ok, cancel, abort, retry or ignore; ID is the number of the\n"
+           "message asked. Unanswered questions are asked on a terminal, else answered No.\n"
+           "Exit status: 0 done, 1 the wizard stopped at a step, 2 usage error.\n";
+}
+
+int AnswerCode(const std::string& name) {
+    static const std::pair<const char*, int> kNames[] = {
+        {"yes", mb::kYes},     {"no", mb::kNo},       {"ok", mb::kOK},       {"cancel", mb::kCancel},
+        {"abort", mb::kAbort}, {"retry", mb::kRetry}, {"ignore", mb::kIgnore}};
+    for (const auto& [text, code] : kNames)
+        if (EqualsNoCase(name, text)) return code;
+    return 0;
+}
+
+std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, std::string& error) {
+    CliOptions options;
+    if (args.empty()) {
+        error = "no command given";
+        return std::nullopt;
+    }
+    const std::string& command = args[0];
+    if (command == "--help" || command == "-h") {
+        options.command = Command::kHelp;
+        return options;
+    }
+    if (command == "--version") {
+        options.command = Command::kVersion;
+        return options;
+    }
+    if (command == "convert")
+        options.command = Command::kConvert;
+    else if (command == "scan")
+        options.command = Command::kScan;
+    else {
+        error = "unknown command \"" + command + "\"";
+        return std::nullopt;
+    }
+    std::vector<std::string> positional;
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        const std::string& arg = args[i];
+        auto value = [&](const char* name) -> std::optional<std::string> {
+            if (i + 1 >= args.size()) {
+                error = std::string(name) + " needs a value";
+                return std::nullopt;
+            }
+            return args[++i];
+        };
+        const bool convert = options.command == Command::kConvert;
+        if (arg == "--hpj") {
+            auto v = value("--hpj");
+            if (!v) return std::nullopt;
+            options.hpj = *v;
+        } else if (arg == "--yes" || arg == "--no") {
+            options.defaultAnswer = arg == "--yes" ? DefaultAnswer::kYes : DefaultAnswer::kNo;
+        } else if (arg == "--answer" || arg.rfind("--answer=", 0) == 0) {
+            std::string spec;
+            if (arg == "--answer") {
+                auto v = value("--answer");
+                if (!v) return std::nullopt;
+                spec = *v;
+            } else {
+                spec = arg.substr(9);
+            }
+            const std::size_t eq = spec.find('=');
+            char* end = nullptr;
+            errno = 0;
+            const long id = eq == std::string::npos ? 0 : std::strtol(spec.c_str(), &end, 10);
+            const int code = eq == std::string::npos ? 0 : AnswerCode(spec.substr(eq + 1));
+            if (eq == std::string::npos || errno != 0 || end != spec.c_str() + eq || code == 0) {
+                error = "--answer takes ID=yes|no|ok|cancel|abort|retry|ignore, not \"" + spec + "\"";
+                return std::nullopt;
+            }
+            options.answers[id] = code;
+        } else if (convert && (arg == "--css" || arg.rfind("--css=", 0) == 0)) {
+            options.css = true;
+            if (arg.size() > 6) options.cssName = arg.substr(6);
+            if (options.cssName.empty()) {
+                error = "--css= needs a style sheet name";
+                return std::nullopt;
+            }
+        } else if (convert && arg == "--popups") {
+            options.popups = true;
+        } else if (convert && arg == "--keep-zero-ids") {
+            options.keepZeroIds = true;
+        } else if (convert && arg == "--quiet") {
+            options.quiet = true;
+        } else if (!convert && arg == "--log") {
+            auto v = value("--log");
+            if (!v) return std::nullopt;
+            options.logFile = *v;
+        } else if (arg.rfind("--", 0) == 0) {
+            error = "unknown option \"" + arg + "\"";
+            return std::nullopt;
+        } else {
+            positional.push_back(arg);
+        }
+    }
+    const std::size_t wanted = options.command == Command::kConvert ? 2 : 1;
+    if (positional.size() != wanted) {
+        error = options.command == Command::kConvert ? "convert needs OLD.hhp and NEW.hhp"
+                                                     : "scan needs OLD.hhp";
+        return std::nullopt;
+    }
+    options.oldProject = positional[0];
+    if (wanted == 2) options.newProject = positional[1];
+    return options;
+}
+
+}  // namespace tamrix::cli

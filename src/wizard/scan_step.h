@@ -1,0 +1,11 @@
+#pragma once
+#include "model/wizard_state.h"
+
+namespace tamrix {
+
+// Reads the whole old project in a fixed order, sets ScanComplete, MissingCount
+// and IncompleteData, reports in the progress label and gathers the scan
+// summary into StepMessage.
+bool ScanProjectFiles(WizardState& wizard);
+
+}  // namespace tamrix
