@@ -13,9 +13,12 @@ constexpr std::uint64_t kMax32 = 0xFFFFFFFFULL;
 
 int DigitValue(char c, int radix) {
     int d = -1;
-    if (c >= '0' && c <= '9') d = c - '0';
-    else if (c >= 'a' && c <= 'f') d = c - 'a' + 10;
-    else if (c >= 'A' && c <= 'F') d = c - 'A' + 10;
+    if (c >= '0' && c <= '9')
+        d = c - '0';
+    else if (c >= 'a' && c <= 'f')
+        d = c - 'a' + 10;
+    else if (c >= 'A' && c <= 'F')
+        d = c - 'A' + 10;
     return d >= 0 && d < radix ? d : -1;
 }
 
@@ -39,7 +42,9 @@ bool RadixValue(std::string_view digits, int radix, std::int32_t& value) {
     return true;
 }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // The longest prefix that reads as a decimal number, or empty.
 std::string DecimalPrefix(std::string_view text) {

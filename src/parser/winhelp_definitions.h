@@ -20,8 +20,7 @@ void AddContextIDFromString(std::string_view line, CContextIDs& collection,
 void AddAliasFromString(std::string_view line);
 bool ThisAliasExists(const CAliases& aliases, std::string_view name);
 // The definition of `name` (without regard to case), or nullptr.
-std::shared_ptr<CContextID> ExistingContextID(const CContextIDs& collection,
-                                              std::string_view name);
+std::shared_ptr<CContextID> ExistingContextID(const CContextIDs& collection, std::string_view name);
 // Lines starting with "*", ";" or "/".
 bool IsCommentLine(std::string_view line);
 

@@ -36,13 +36,12 @@ void AddIncludedFiles(const std::string& file, std::vector<std::string>& list, C
 
 }  // namespace
 
-std::string FullPathofIncludeFile(std::string_view line, std::string_view baseFolder,
-                                  bool& found, BoxPosition position) {
+std::string FullPathofIncludeFile(std::string_view line, std::string_view baseFolder, bool& found,
+                                  BoxPosition position) {
     found = false;
     return Guarded("modParser:FullPathofIncludeFile", std::string(), [&] {
         const std::size_t at = FindNoCase(line, kInclude);
-        std::string name =
-            at == kNotFound ? Trim(line) : Trim(line.substr(at + kInclude.size()));
+        std::string name = at == kNotFound ? Trim(line) : Trim(line.substr(at + kInclude.size()));
         name = Trim(ReplaceAllExact(name, "\"", " "));
         const std::size_t open = name.find('<');
         const bool angleForm = open != std::string::npos;
@@ -67,9 +66,8 @@ std::string FullPathofIncludeFile(std::string_view line, std::string_view baseFo
 }
 
 void AddIncludedMapFiles(const std::string& mapFile) {
-    GuardedVoid("modParser:AddIncludedMapFiles", [&] {
-        AddIncludedFiles(mapFile, modGlobals::MapFiles, modGlobals::MapFileCount);
-    });
+    GuardedVoid("modParser:AddIncludedMapFiles",
+                [&] { AddIncludedFiles(mapFile, modGlobals::MapFiles, modGlobals::MapFileCount); });
 }
 
 void AddIncludedAliasFiles(const std::string& aliasFile) {

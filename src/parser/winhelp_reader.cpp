@@ -48,8 +48,7 @@ void ReadMapSection(const std::string& projectFile, const std::string& folder, B
     for (int i = 0; i < listed; ++i) AddIncludedMapFiles(modGlobals::MapFiles[i]);
 }
 
-void ReadAliasSection(const std::string& projectFile, const std::string& folder,
-                      BoxPosition box) {
+void ReadAliasSection(const std::string& projectFile, const std::string& folder, BoxPosition box) {
     modGlobals::AliasFileCount = 0;
     modGlobals::ProjectAliases = std::make_shared<CAliases>();
     std::string section;

@@ -36,7 +36,8 @@ void ForEachContextID(F&& visit) {
     for (const auto* collection :
          {modGlobals::MapContextIDs.get(), modGlobals::ProjectContextIDs.get()}) {
         if (collection == nullptr) continue;
-        for (const auto& id : *collection) visit(*id, collection == modGlobals::MapContextIDs.get());
+        for (const auto& id : *collection)
+            visit(*id, collection == modGlobals::MapContextIDs.get());
     }
 }
 
@@ -73,6 +74,7 @@ std::string RewrittenAliasLine(const std::string& line, const std::string& newNa
     const std::size_t eq = line.find('=');
     if (eq == std::string::npos) return line;
     const std::string name = Trim(TabsToSpaces(std::string_view(line).substr(0, eq)));
+    if (name.empty()) return line;
     const std::string topicID =
         std::string(Before(Trim(TabsToSpaces(std::string_view(line).substr(eq + 1))), ' '));
     if (const auto topic = TopicNamed(topicID)) {
@@ -138,12 +140,13 @@ bool RewriteOneAliasFile(const std::string& oldAliasFile, const std::string& new
         text += "; This Alias file is derived from the original Alias file: " +
                 modUtilities::FileNameNoPath(oldAliasFile) + std::string(kCrLf);
         text += "; and the original Map files:" + std::string(kCrLf);
-        const int mapCount = std::min<int>(modGlobals::MapFileCount,
-                                           static_cast<int>(modGlobals::MapFiles.size()));
+        const int mapCount =
+            std::min<int>(modGlobals::MapFileCount, static_cast<int>(modGlobals::MapFiles.size()));
         for (int i = 0; i < mapCount; ++i)
-            text += "; and Map File " +
-                    modUtilities::FileNameNoPath(modGlobals::MapFiles[static_cast<std::size_t>(i)]) +
-                    std::string(kCrLf);
+            text +=
+                "; and Map File " +
+                modUtilities::FileNameNoPath(modGlobals::MapFiles[static_cast<std::size_t>(i)]) +
+                std::string(kCrLf);
         text += "; Reading Old Alias File ;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;" + std::string(kCrLf);
         TextReader reader(oldAliasFile);
         std::string line;
@@ -177,8 +180,8 @@ bool WriteNewAliasFile(WizardState& wizard, std::string& aliasFileName,
 
         std::string normal = HeaderBanner("; Alias File written automatically by ");
         std::string untitled = normal;
-        normal += "; Automatic aliases for normal topics ;;;;;;;;;;;;;;;;;;;;;;;;;;" +
-                  std::string(kCrLf);
+        normal +=
+            "; Automatic aliases for normal topics ;;;;;;;;;;;;;;;;;;;;;;;;;;" + std::string(kCrLf);
         untitled +=
             "; Automatic aliases for untitled topic files whose text may be extracted to "
             "cshelp.txt ;;;;;;;;;;" +
@@ -187,11 +190,12 @@ bool WriteNewAliasFile(WizardState& wizard, std::string& aliasFileName,
         long done = 0;
         ForEachContextID([&](CContextID& id, bool fromMapFile) {
             ++done;
-            const bool skip =
-                id.FileDefined || (fromMapFile && id.ContextIDVal == 0 && modGlobals::IgnoreZeroIDs);
+            const bool skip = id.FileDefined ||
+                              (fromMapFile && id.ContextIDVal == 0 && modGlobals::IgnoreZeroIDs);
             if (!skip) {
                 if (const auto topic = TopicNamed(id.ContextString)) {
-                    const std::string line = AliasLine(id.ContextString, *topic) + std::string(kCrLf);
+                    const std::string line =
+                        AliasLine(id.ContextString, *topic) + std::string(kCrLf);
                     if (topic->HasTitle) {
                         normal += line;
                         id.AliasFile = normalName;
@@ -230,9 +234,10 @@ bool RewriteInternalAliases(WizardState& wizard, const std::string& newProjectFi
         const int count =
             std::min<int>(newAliasFiles.count, static_cast<int>(newAliasFiles.names.size()));
         for (int i = 0; i < count; ++i)
-            section += "#include " +
-                       modUtilities::FileNameNoPath(newAliasFiles.names[static_cast<std::size_t>(i)]) +
-                       '\0';
+            section +=
+                "#include " +
+                modUtilities::FileNameNoPath(newAliasFiles.names[static_cast<std::size_t>(i)]) +
+                '\0';
         if (!aliasFileName.empty())
             section += "#include " + modUtilities::FileNameNoPath(aliasFileName) + '\0';
         section += "#Include " + csAliasFileName + '\0';

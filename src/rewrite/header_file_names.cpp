@@ -29,8 +29,7 @@ void ShowRefusedName(std::string_view name, std::string_view title) {
 }
 
 std::string HeaderBanner(std::string_view bannerText) {
-    return BannerLine(bannerText) + std::string(kCrLf) + "; " + FileDateText() +
-           std::string(kCrLf);
+    return BannerLine(bannerText) + std::string(kCrLf) + "; " + FileDateText() + std::string(kCrLf);
 }
 
 }  // namespace tamrix::modRewrite

@@ -27,7 +27,8 @@ bool CopyMapFiles(const std::vector<std::string>& includedMapFiles, int included
             }
             name = WithHeaderExtension(name);
             modParser::AddMapFile(newMapFiles.names, newMapFiles.count, name);
-            SharedFileSystem().CopyFile(oldPath, modUtilities::MakeFullPathforFile(newRootPath, name));
+            SharedFileSystem().CopyFile(oldPath,
+                                        modUtilities::MakeFullPathforFile(newRootPath, name));
         }
         return true;
     });
@@ -39,7 +40,8 @@ bool AddMapFiles(const NewFileList& newMapFiles, const std::string& newProjectFi
         if (profile::GetSection(newProjectFile, "MAP", old) > 0)
             profile::WriteSection(newProjectFile, "MAP", "");
         std::string section;
-        const int count = std::min<int>(newMapFiles.count, static_cast<int>(newMapFiles.names.size()));
+        const int count =
+            std::min<int>(newMapFiles.count, static_cast<int>(newMapFiles.names.size()));
         for (int i = 0; i < count; ++i) {
             const std::string name =
                 modUtilities::FileNameNoPath(newMapFiles.names[static_cast<std::size_t>(i)]);

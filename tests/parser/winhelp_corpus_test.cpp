@@ -19,7 +19,7 @@ std::string CorpusFile(const std::string& relative) {
 }
 
 class WinHelpCorpus : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { modGlobals::ResetAll(); }
     void TearDown() override { modGlobals::ResetAll(); }
 

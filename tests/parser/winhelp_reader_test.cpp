@@ -16,7 +16,7 @@ using testing::ScriptedView;
 using testing::TempDir;
 
 class WinHelpReader : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { modGlobals::ResetAll(); }
     void TearDown() override { modGlobals::ResetAll(); }
 
@@ -88,9 +88,9 @@ TEST_F(WinHelpReader, OverflowingValuesAreCollected) {
 TEST_F(WinHelpReader, ConflictingRedefinitionsAreNotedOncePerName) {
     ReadMap(
         "#define IDH_A 10\n"
-        "#define idh_a 10\n"   // identical: silent
-        "#define IDH_A 11\n"   // conflict
-        "#define IDH_A 12\n"   // noted once only
+        "#define idh_a 10\n"  // identical: silent
+        "#define IDH_A 11\n"  // conflict
+        "#define IDH_A 12\n"  // noted once only
         "#define IDH_H 0x10\n"
         "#define IDH_H 0x10\n"  // stored as &H10, so it conflicts
         "#define IDH_K &h10\n"
@@ -108,16 +108,16 @@ TEST_F(WinHelpReader, ProjectMapSectionTakesAllThreeFormsAndIncludes) {
     dir.Write("proj/inc/a.h", "#define IDH_A 1\n#include \"b.hm\"\n#include <missing.h>\n");
     dir.Write("proj/inc/b.hm", "#define IDH_B 2\n#include \"c.h\"\n");
     dir.Write("proj/inc/c.h", "#define IDH_C 3\n");
-    ASSERT_TRUE(Parse(
-        "[OPTIONS]\nCONTENTS=main_index\n"
-        "[MAP]\n"
-        "IDH_ONE 1\n"
-        "IDH_TWO=2 ; two\n"
-        "#define IDH_THREE\t3\n"
-        "NOVALUE\n"
-        "#include \"inc\\a.h\"\n"
-        "#include <inc\\a.h>\n"
-        "[ALIAS]\n"));
+    ASSERT_TRUE(
+        Parse("[OPTIONS]\nCONTENTS=main_index\n"
+              "[MAP]\n"
+              "IDH_ONE 1\n"
+              "IDH_TWO=2 ; two\n"
+              "#define IDH_THREE\t3\n"
+              "NOVALUE\n"
+              "#include \"inc\\a.h\"\n"
+              "#include <inc\\a.h>\n"
+              "[ALIAS]\n"));
     const auto& own = *modGlobals::ProjectContextIDs;
     ASSERT_EQ(own.Count(), 3);
     EXPECT_EQ(own.Item(1)->ContextString, "IDH_ONE");
@@ -141,15 +141,15 @@ TEST_F(WinHelpReader, ProjectMapSectionTakesAllThreeFormsAndIncludes) {
 }
 
 TEST_F(WinHelpReader, MissingIncludesShowTheMessageOfTheirForm) {
-    ASSERT_TRUE(Parse(
-        "[MAP]\n"
-        "#include <map.h>\n"
-        "#include \"map.h\"\n"
-        "#include map.h\n"
-        "#include < spaced.h >\n"
-        "#include \"sub\"\n"            // a folder is no include file
-        "#include C:\\nowhere\\x.h\n"   // a drive path is taken as it is
-        "#include\n"));
+    ASSERT_TRUE(
+        Parse("[MAP]\n"
+              "#include <map.h>\n"
+              "#include \"map.h\"\n"
+              "#include map.h\n"
+              "#include < spaced.h >\n"
+              "#include \"sub\"\n"           // a folder is no include file
+              "#include C:\\nowhere\\x.h\n"  // a drive path is taken as it is
+              "#include\n"));
     EXPECT_EQ(view.MessageIds(),
               (std::vector<long>{10036, 10037, 10037, 10036, 10037, 10037, 10037}));
     for (const auto& m : view.messages) EXPECT_EQ(m.title, "Parsing #include reference");
@@ -162,12 +162,12 @@ TEST_F(WinHelpReader, IncludesResolveRelativeToTheProjectAndAcceptOddTargets) {
     dir.Write("outside.h", "#define IDH_OUT 5\n");
     dir.Write("proj/binary.h", std::string("\0\x01\xff#define\0IDH_BIN 3\n\x80\r\r", 20));
     dir.Write("proj/spaced.h", "#define IDH_S 1\n");
-    ASSERT_TRUE(Parse(
-        "[MAP]\n"
-        "#include ..\\outside.h\n"
-        "#include \"sub\"\n"
-        "#include binary.h\n"
-        "#include < spaced.h >\n"));
+    ASSERT_TRUE(
+        Parse("[MAP]\n"
+              "#include ..\\outside.h\n"
+              "#include \"sub\"\n"
+              "#include binary.h\n"
+              "#include < spaced.h >\n"));
     ASSERT_EQ(modGlobals::MapFileCount, 3);
     EXPECT_EQ(modGlobals::MapFiles[0], dir / "outside.h");
     for (int i = 1; i <= modGlobals::MapFileCount; ++i)
@@ -180,13 +180,13 @@ TEST_F(WinHelpReader, IncludesResolveRelativeToTheProjectAndAcceptOddTargets) {
 TEST_F(WinHelpReader, AliasSectionAndAliasFiles) {
     dir.Write("proj/al.txt", "; fine\n\n/* C comment */\nA1 = T1\n#include \"al2.txt\"\n");
     dir.Write("proj/al2.txt", "A2 = T2\n");
-    ASSERT_TRUE(Parse(
-        "[ALIAS]\n"
-        "HID_ONE = topic_one ; first\n"
-        "hid_one = other\n"
-        "HID_TWO\t=\ttopic_two\n"
-        "#include \"al.txt\"\n"
-        "not an alias\n"));
+    ASSERT_TRUE(
+        Parse("[ALIAS]\n"
+              "HID_ONE = topic_one ; first\n"
+              "hid_one = other\n"
+              "HID_TWO\t=\ttopic_two\n"
+              "#include \"al.txt\"\n"
+              "not an alias\n"));
     const auto& aliases = *modGlobals::ProjectAliases;
     ASSERT_EQ(aliases.Count(), 2);
     EXPECT_EQ(aliases.Item(1)->ContextID, "HID_ONE");

@@ -23,8 +23,12 @@ using testing::TempDir;
 
 constexpr const char* kDateLine = "; March 05, 2011, 01:57 PM\r\n";
 
-std::string MapBanner() { return BannerLine("; Map File written automatically by ") + "\r\n"; }
-std::string AliasBanner() { return BannerLine("; Alias File written automatically by ") + "\r\n"; }
+std::string MapBanner() {
+    return BannerLine("; Map File written automatically by ") + "\r\n";
+}
+std::string AliasBanner() {
+    return BannerLine("; Alias File written automatically by ") + "\r\n";
+}
 
 // Section lines as the profile reader returns them.
 std::string Lines(std::initializer_list<std::string> lines) {
@@ -43,7 +47,7 @@ std::set<std::string> FilesBelow(const std::string& folder) {
 }
 
 class MapAliasWriter : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         modGlobals::ResetAll();
         setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
@@ -129,12 +133,11 @@ TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitions) {
     Define(modGlobals::ProjectContextIDs, "#define IDH_TWO 0x20 // two", 0);
     Define(modGlobals::ProjectContextIDs, "IDH_THREE=3", 0);
     ASSERT_TRUE(AddMapFiles(NewFileList{}, project));
-    EXPECT_EQ(ReadFileBytes(root + "/NewMap.h"),
-              MapBanner() + kDateLine +
-                  ";\r\n"
-                  "#define IDH_ONE 1\r\n"
-                  "#define IDH_TWO &H20 // two\r\n"
-                  "#define IDH_THREE 3\r\n");
+    EXPECT_EQ(ReadFileBytes(root + "/NewMap.h"), MapBanner() + kDateLine +
+                                                     ";\r\n"
+                                                     "#define IDH_ONE 1\r\n"
+                                                     "#define IDH_TWO &H20 // two\r\n"
+                                                     "#define IDH_THREE 3\r\n");
     EXPECT_EQ(Section("MAP"), Lines({"#include NewMap.h"}));
     EXPECT_EQ(MapBanner().rfind("; Map File written automatically by Tamrix Version ", 0), 0u);
 }
@@ -211,8 +214,8 @@ TEST_F(MapAliasWriter, NamesFromProjectFilesNeverLeaveTheNewFolder) {
     std::set<std::string> added;
     for (const auto& file : after)
         if (before.count(file) == 0 && file != "escaped.h") added.insert(file);
-    EXPECT_EQ(added, (std::set<std::string>{"new/NewMap.h", "new/escaped.h", "new/d.h", "new/evil.h",
-                                            "new/outside.h", "new/cs.h"}));
+    EXPECT_EQ(added, (std::set<std::string>{"new/NewMap.h", "new/escaped.h", "new/d.h",
+                                            "new/evil.h", "new/outside.h", "new/cs.h"}));
     EXPECT_TRUE(view.errors.empty());
 }
 
@@ -225,9 +228,9 @@ TEST_F(MapAliasWriter, NewAliasFilesSortTopicsByTitleAndReferences) {
     Define(modGlobals::MapContextIDs, "#define POPUP_CALLED 2", 1);
     Define(modGlobals::MapContextIDs, "#define popup_silent 3", 1);
     Define(modGlobals::MapContextIDs, "#define IDH_EXTRA 4", 1);
-    Define(modGlobals::MapContextIDs, "#define main 0", 1);       // zero: ignored
-    Define(modGlobals::MapContextIDs, "#define IDH_NONE 5", 1);   // no topic
-    Define(modGlobals::ProjectContextIDs, "main 0", 0);           // zero, but own [MAP]
+    Define(modGlobals::MapContextIDs, "#define main 0", 1);      // zero: ignored
+    Define(modGlobals::MapContextIDs, "#define IDH_NONE 5", 1);  // no topic
+    Define(modGlobals::ProjectContextIDs, "main 0", 0);          // zero, but own [MAP]
     Define(modGlobals::ProjectContextIDs, "IDH_LOST 6", 0);
 
     NewFileList aliasCopies;
@@ -309,6 +312,7 @@ TEST_F(MapAliasWriter, IncludedAliasFilesAreRewrittenWithNewTopicNames) {
                                       "   ; indented comment\r\n"
                                       "HID_X = EXTRA_ID\n"
                                       "HID_GONE = nowhere\r\n"
+                                      " = main\r\n"
                                       "#include \"..\\more.als\"\r\n"
                                       "\r\n");
     modGlobals::AliasFiles = {old};
@@ -330,6 +334,7 @@ TEST_F(MapAliasWriter, IncludedAliasFilesAreRewrittenWithNewTopicNames) {
                   "   ; indented comment\r\n"
                   "HID_X = html\\main.htm\r\n"
                   "; Could not find alias for: \"HID_GONE\"\r\n"
+                  " = main\r\n"
                   "#include more.h\r\n"
                   "\r\n");
     // IDs aliased there are not aliased again in NewAliases.h.
