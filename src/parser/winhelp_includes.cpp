@@ -1,0 +1,101 @@
+#include "parser/winhelp_includes.h"
+
+#include <vector>
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "parser/winhelp_reader.h"
+#include "platform/byte_text.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "platform/program_error.h"
+
+namespace tamrix::modParser {
+namespace {
+
+constexpr std::string_view kInclude = "#include";
+
+bool HasDrive(std::string_view name) {
+    const auto c = static_cast<unsigned char>(name.empty() ? 0 : name[0]);
+    return name.size() >= 2 && name[1] == ':' && ((c | 0x20) >= 'a' && (c | 0x20) <= 'z');
+}
+
+void AddIncludedFiles(const std::string& file, std::vector<std::string>& list, Counter16& count) {
+    TextReader reader(file);
+    const std::string folder = modUtilities::FilePathOnly(file);
+    std::string line;
+    while (reader.ReadLine(line)) {
+        const std::string trimmed = Trim(TabsToSpaces(line));
+        if (!StartsWithNoCase(trimmed, kInclude)) continue;
+        bool found = false;
+        const std::string path =
+            FullPathofIncludeFile(ReplaceAllExact(trimmed, "\"", " "), folder, found);
+        if (found) AddMapFile(list, count, path);
+    }
+}
+
+}  // namespace
+
+std::string FullPathofIncludeFile(std::string_view line, std::string_view baseFolder, bool& found,
+                                  BoxPosition position) {
+    found = false;
+    return Guarded("modParser:FullPathofIncludeFile", std::string(), [&] {
+        const std::size_t at = FindNoCase(line, kInclude);
+        std::string name = at == kNotFound ? Trim(line) : Trim(line.substr(at + kInclude.size()));
+        name = Trim(ReplaceAllExact(name, "\"", " "));
+        const std::size_t open = name.find('<');
+        const bool angleForm = open != std::string::npos;
+        if (angleForm) {
+            name = name.substr(open + 1);
+            if (const std::size_t close = name.find('>'); close != std::string::npos)
+                name = name.substr(0, close);
+            name = Trim(name);
+        }
+        const std::string path =
+            HasDrive(name) ? name : modUtilities::MakeFullPathforFile(baseFolder, name);
+        // A folder is no include file either.
+        if (name.empty() || !modUtilities::FileExists(path)) {
+            const long id = angleForm ? 10036 : 10037;
+            modMessages::ShowMessage(modMessages::GetMessageString(id), mb::kOKOnly,
+                                     "Parsing #include reference", position, id);
+            return std::string();
+        }
+        found = true;
+        return path;
+    });
+}
+
+void AddIncludedMapFiles(const std::string& mapFile) {
+    GuardedVoid("modParser:AddIncludedMapFiles",
+                [&] { AddIncludedFiles(mapFile, modGlobals::MapFiles, modGlobals::MapFileCount); });
+}
+
+void AddIncludedAliasFiles(const std::string& aliasFile) {
+    GuardedVoid("modParser:AddIncludedAliasFiles", [&] {
+        AddIncludedFiles(aliasFile, modGlobals::AliasFiles, modGlobals::AliasFileCount);
+    });
+}
+
+void CheckCommentFormat(const std::string& aliasFile) {
+    GuardedVoid("modParser:CheckCommentFormat", [&] {
+        if (!modUtilities::FileExists(aliasFile)) {
+            modMessages::ShowMessage(modMessages::GetMessageString(10050), mb::kOKOnly,
+                                     "Checking Alias File Format", {}, 10050);
+            return;
+        }
+        TextReader reader(aliasFile);
+        std::string line;
+        while (reader.ReadLine(line)) {
+            const std::string trimmed = Trim(line);
+            if (trimmed.empty() || trimmed[0] == ';') continue;
+            if (trimmed.rfind("/*", 0) == 0) {
+                modMessages::ShowMessage(
+                    modMessages::GetMessageString(10049, aliasFile, "C-type /*  */"),
+                    mb::kExclamation, "Scanning Header Files", {}, 10049);
+                return;
+            }
+        }
+    });
+}
+
+}  // namespace tamrix::modParser

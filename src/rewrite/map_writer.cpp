@@ -1,0 +1,109 @@
+#include <algorithm>
+#include <optional>
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "parser/winhelp_reader.h"
+#include "platform/byte_text.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "platform/profile.h"
+#include "platform/program_error.h"
+#include "rewrite/header_file_names.h"
+#include "rewrite/map_alias_writer.h"
+
+namespace tamrix::modRewrite {
+
+bool CopyMapFiles(const std::vector<std::string>& includedMapFiles, int includedCount,
+                  const std::string& newRootPath, NewFileList& newMapFiles) {
+    return Guarded("modRewrite:CopyMapFiles", false, [&] {
+        const int count = std::min<int>(includedCount, static_cast<int>(includedMapFiles.size()));
+        for (int i = 0; i < count; ++i) {
+            const std::string& oldPath = includedMapFiles[static_cast<std::size_t>(i)];
+            std::string name = NameInNewFolder(oldPath);
+            if (name.empty()) {
+                ShowRefusedName(oldPath, "Copying Map Files");
+                continue;
+            }
+            name = WithHeaderExtension(name);
+            modParser::AddMapFile(newMapFiles.names, newMapFiles.count, name);
+            SharedFileSystem().CopyFile(oldPath,
+                                        modUtilities::MakeFullPathforFile(newRootPath, name));
+        }
+        return true;
+    });
+}
+
+bool AddMapFiles(const NewFileList& newMapFiles, const std::string& newProjectFile) {
+    return Guarded("modRewrite:AddMapFiles", false, [&] {
+        std::string old;
+        if (profile::GetSection(newProjectFile, "MAP", old) > 0)
+            profile::WriteSection(newProjectFile, "MAP", "");
+        std::string section;
+        const int count =
+            std::min<int>(newMapFiles.count, static_cast<int>(newMapFiles.names.size()));
+        for (int i = 0; i < count; ++i) {
+            const std::string name =
+                modUtilities::FileNameNoPath(newMapFiles.names[static_cast<std::size_t>(i)]);
+            // A substring test, so "a.h" is not listed again after "#include ba.h".
+            if (!ContainsNoCase(section, name)) section += "#include " + name + '\0';
+        }
+        const auto& own = modGlobals::ProjectContextIDs;
+        if (own && own->Count() >= 1) {
+            std::string name = "NewMap.h";
+            if (WriteNewMapFile(name, modUtilities::FilePathOnly(newProjectFile)) && !name.empty())
+                section += "#include " + name + '\0';
+        }
+        profile::WriteSection(newProjectFile, "MAP", section);
+        return true;
+    });
+}
+
+bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
+    return Guarded("modRewrite:WriteNewMapFile", false, [&] {
+        const auto& ids = modGlobals::ProjectContextIDs;
+        if (!ids) {
+            modMessages::ShowMessage("No Map definitions read from the WinHelp project file.",
+                                     mb::kOKOnly, "Writing Alias File", {}, 0);
+            return true;
+        }
+        std::string name = NameInNewFolder(mapFileName);
+        if (name.empty()) {
+            ShowRefusedName(mapFileName, "Writing Map File");
+            mapFileName.clear();
+            return true;
+        }
+        std::string path = modUtilities::MakeFullPathforFile(folder, name);
+        if (modUtilities::FileExists(path) &&
+            modMessages::AskMessage(modMessages::GetMessageString(10018, path),
+                                    mb::kYesNo | mb::kQuestion, "Writing Map File", {},
+                                    10018) == mb::kNo) {
+            const std::optional<std::string> answer = ActiveView().InputBox(
+                "Please enter the name for the map file.", "New Map File", mapFileName);
+            if (!answer || answer->empty()) {
+                mapFileName.clear();
+                return true;
+            }
+            name = NameInNewFolder(*answer);
+            if (name.empty()) {
+                ShowRefusedName(*answer, "Writing Map File");
+                mapFileName.clear();
+                return true;
+            }
+            path = modUtilities::MakeFullPathforFile(folder, name);
+        }
+        mapFileName = name;
+
+        std::string text = HeaderBanner("; Map File written automatically by ");
+        text += ";";
+        text += kCrLf;
+        for (const auto& id : *ids) {
+            text += "#define " + id->ContextString + " " + id->ContextID + id->Comment;
+            text += kCrLf;
+        }
+        SharedFileSystem().WriteAll(path, text);
+        return true;
+    });
+}
+
+}  // namespace tamrix::modRewrite
