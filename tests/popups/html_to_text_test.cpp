@@ -117,11 +117,5 @@ TEST(HtmlToText, ReplaceSpecialCharsEscapesForScriptStrings) {
                {"a\rb\nc", "a\rb\nc"}});
 }
 
-TEST(HtmlToText, SharedHelpersAreReachableFromThisModule) {
-    EXPECT_EQ(ReplaceAll("a<B>b<b>", "<b>", "*"), "a*b*");
-    EXPECT_EQ(TabsToSpaces("a\tb"), "a b");
-    EXPECT_FALSE(VersionString().empty());
-}
-
 }  // namespace
 }  // namespace tamrix::modStrings

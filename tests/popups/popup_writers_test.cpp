@@ -75,18 +75,6 @@ protected:
     int made_ = 0;
 };
 
-TEST_F(PopupWriters, ClassifiesUntitledTopicsByTheirReferences) {
-    CTopicFile t;
-    t.InternalReferences = 1;
-    EXPECT_TRUE(IsJavaPopupTopic(t));
-    EXPECT_FALSE(IsAppPopupTopic(t));
-    t.ExternalReferences = 2;
-    EXPECT_TRUE(IsAppPopupTopic(t));
-    t.HasTitle = true;
-    EXPECT_FALSE(IsJavaPopupTopic(t));
-    EXPECT_FALSE(IsAppPopupTopic(t));
-}
-
 TEST_F(PopupWriters, WithoutPopupsTheScriptFileHoldsOnlyItsHeader) {
     Topic("idh_main", true, 3, 1, "<P>Titled</P>\n");
     Topic("idh_orphan", false, 0, 0, "<P>Nobody calls me</P>\n");
@@ -195,20 +183,6 @@ TEST_F(PopupWriters, AMissingRenamedFileFailsTheWriter) {
     EXPECT_NE(view_.errors[0].first.find("modPopups:WriteJavaPopupStrings"), std::string::npos);
     EXPECT_FALSE(WriteApp(count));
     EXPECT_EQ(view_.errors.size(), 2u);
-}
-
-TEST_F(PopupWriters, ProgressAdvancesForEveryTopicFile) {
-    Topic("a", true, 0, 0, "");
-    Topic("b", false, 1, 0, "<P>b</P>\n");
-    Topic("c", true, 0, 0, "");
-    modUtilities::InitializeProgressBar(wizard_, 1, "Extracting Popup Text from Untitled Topics ...");
-    int count = 0;
-    ASSERT_TRUE(WriteScript(count));
-    std::vector<int> values;
-    for (const auto& p : view_.progress)
-        if (p.what == "value") values.push_back(p.number);
-    // Values above the maximum are ignored by the bar.
-    EXPECT_EQ(values, (std::vector<int>{0, 1}));
 }
 
 class PopupSection : public PopupWriters {};

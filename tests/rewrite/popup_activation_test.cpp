@@ -126,26 +126,11 @@ TEST_F(PopupActivation, AFileWithoutBodyStopsTheActivation) {
     EXPECT_EQ(Main(), bad);
 }
 
-TEST_F(PopupActivation, AMissingCallingFileIsReportedTheSameWay) {
-    main_->NewFileName = "gone.htm";
-    EXPECT_FALSE(ModifyPopupFiles(wizard_, dir_.Path()));
-    ASSERT_EQ(view_.messages.size(), 1u);
-    EXPECT_EQ(view_.messages[0].text, "Bad format in Topic File gone.htm");
-    ASSERT_EQ(view_.errors.size(), 1u);
-    EXPECT_NE(view_.errors[0].first.find("File not found"), std::string::npos);
-}
-
 TEST_F(PopupActivation, DeclarationsGoBeforeTheBodyWhenTheHeadIsMissing) {
     dir_.Write("html/idh_main.htm", "<HTML>\r\n<BODY>\r\n<A HREF=\"idh_pop2.htm\">t</A>\r\n</BODY>");
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
     EXPECT_EQ(Main(), "<HTML>\r\n" + Declarations() + "<BODY>\r\n" + ScriptLink("idh_pop2") +
                           ">t</A>\r\n</BODY>");
-}
-
-TEST_F(PopupActivation, DeclarationsFollowAnUnclosedHeadTag) {
-    dir_.Write("html/idh_main.htm", "<HEAD>\r\n<BODY>\r\n<A HREF=\"idh_pop2.htm\">t</A>");
-    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
-    EXPECT_EQ(Main(), "<HEAD>" + Declarations() + "\r\n<BODY>\r\n" + ScriptLink("idh_pop2") + ">t</A>");
 }
 
 TEST(AddJavaLinks, ConvertsOnlyLinksAfterTheBody) {
