@@ -25,7 +25,8 @@ bool RemoveFirstLink(std::string& text) {
     const std::size_t open = FindNoCase(text, "<A");
     if (open == kNotFound) return false;
     // "HREF=" must begin three characters after "<A", as in "<A HREF=".
-    if (open + 3 > text.size() || !StartsWithNoCase(std::string_view(text).substr(open + 3), "HREF="))
+    if (open + 3 > text.size() ||
+        !StartsWithNoCase(std::string_view(text).substr(open + 3), "HREF="))
         return false;
     std::string edited = text;
     const std::size_t close = FindNoCase(edited, "</A>", open);
@@ -42,26 +43,30 @@ bool RemoveFirstLink(std::string& text) {
 std::string RemoveHTMLTags(std::string_view text) {
     return Guarded("modStrings:RemoveHTMLTags", std::string(), [&] {
         // "&amp;" last, so that "&amp;lt;" stays "&lt;".
-        return ApplyInOrder(std::string(text), {{"<UL>", ""},
-                                                {"</UL>", ""},
-                                                {"<LI>", ""},
-                                                {"</LI>", ""},
-                                                {"<B>", ""},
-                                                {"</B>", ""},
-                                                {"<I>", ""},
-                                                {"</I>", ""},
-                                                {"<U>", ""},
-                                                {"</U>", ""},
-                                                {"<H1>", ""},
-                                                {"</H1>", ""},
-                                                {"<H2>", ""},
-                                                {"</H2>", ""},
-                                                {"<BR>", kCrLf},
-                                                {"</BR>", kCrLf},
-                                                {"&gt;", ">"},
-                                                {"&lt;", "<"},
-                                                {"&nbsp;", " "},
-                                                {"&amp;", "&"}});
+        // clang-format off
+        return ApplyInOrder(std::string(text), {
+            {"<UL>", ""},
+            {"</UL>", ""},
+            {"<LI>", ""},
+            {"</LI>", ""},
+            {"<B>", ""},
+            {"</B>", ""},
+            {"<I>", ""},
+            {"</I>", ""},
+            {"<U>", ""},
+            {"</U>", ""},
+            {"<H1>", ""},
+            {"</H1>", ""},
+            {"<H2>", ""},
+            {"</H2>", ""},
+            {"<BR>", kCrLf},
+            {"</BR>", kCrLf},
+            {"&gt;", ">"},
+            {"&lt;", "<"},
+            {"&nbsp;", " "},
+            {"&amp;", "&"},
+        });
+        // clang-format on
     });
 }
 
@@ -117,8 +122,7 @@ std::string RemoveIMGs(std::string_view text) {
 
 std::string TrimNewLines(std::string_view text) {
     return Guarded("modStrings:TrimNewLines", std::string(), [&] {
-        while (text.size() >= 2 && text.substr(text.size() - 2) == kCrLf)
-            text.remove_suffix(2);
+        while (text.size() >= 2 && text.substr(text.size() - 2) == kCrLf) text.remove_suffix(2);
         while (text.size() >= 2 && text.substr(0, 2) == kCrLf) text.remove_prefix(2);
         return std::string(text);
     });

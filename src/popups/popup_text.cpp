@@ -22,7 +22,8 @@ std::string DropLeadingAnchors(std::string text, PopupKind kind, std::string& an
     if (open == kNotFound) return text;
     const std::size_t close = FindNoCase(text, "</A>", open);
     const std::string_view rest = std::string_view(text).substr(open);
-    anchorName = modParser::HTMLAnchorName(close == kNotFound ? rest : rest.substr(0, close - open));
+    anchorName =
+        modParser::HTMLAnchorName(close == kNotFound ? rest : rest.substr(0, close - open));
     if (close != kNotFound) text.erase(0, close + 4);
     text = Trim(text);
     const std::string_view leading = kind == PopupKind::Script ? "<A" : "<A NAME=";

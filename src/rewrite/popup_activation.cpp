@@ -14,7 +14,9 @@ namespace {
 
 constexpr const char* kCrLf = "\r\n";
 
-std::string ControlDeclaration() { return modMessages::GetMessageString(10058); }
+std::string ControlDeclaration() {
+    return modMessages::GetMessageString(10058);
+}
 
 // Where the control and script declarations go: before "</HEAD>" when the head is
 // complete, after the "<HEAD" tag when it is never closed, otherwise just before
@@ -83,8 +85,8 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
                     loaded = true;
                 }
                 if (!declared && NeedsDeclarations(*caller, buffer)) {
-                    fs.CopyFile(path,
-                                modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName));
+                    fs.CopyFile(
+                        path, modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName));
                     InsertDeclarations(buffer);
                     dirty = true;
                 }

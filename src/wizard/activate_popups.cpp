@@ -12,8 +12,8 @@ void ActivatePopups(WizardState& wizard) {
         if (ok) {
             wizard.SetProgressCaption("Extracted and wrote text string files for popups.");
             modUtilities::ShowProgressBar(wizard, false);
-            wizard.StepMessage = modMessages::GetMessageString(10063, "popups.js",
-                                                               std::string("\\html") + "\\NoPopups");
+            wizard.StepMessage = modMessages::GetMessageString(
+                10063, "popups.js", std::string("\\html") + "\\NoPopups");
         }
     }
     wizard.PopupsActivated = ok;

@@ -16,10 +16,11 @@ namespace tamrix::modStrings {
 namespace {
 
 const std::vector<std::string> kFragments = {
-    "<A",    "<a ",    "HREF=",  "href=\"", "NAME=\"", "</A>", "</a>", "<IMG ", "<img", ">",
-    "<LI>",  "</LI>",  "<UL>",   "</UL>",   "<OL>",    "</OL>", "<B>", "</b>", "<BR>", "&amp;",
-    "&lt;",  "&gt;",   "&nbsp;", "\"",      "'",       "?",    "\\",  "\t",   "\r\n", "\r",
-    "\n",    "<P>",    "</P>",   " ",       "x",       "lt;",  "<BODY>", "</BODY>", "<AREA ", "=",
+    "<A",   "<a ",  "HREF=", "href=\"", "NAME=\"", "</A>",    "</a>",   "<IMG ",
+    "<img", ">",    "<LI>",  "</LI>",   "<UL>",    "</UL>",   "<OL>",   "</OL>",
+    "<B>",  "</b>", "<BR>",  "&amp;",   "&lt;",    "&gt;",    "&nbsp;", "\"",
+    "'",    "?",    "\\",    "\t",      "\r\n",    "\r",      "\n",     "<P>",
+    "</P>", " ",    "x",     "lt;",     "<BODY>",  "</BODY>", "<AREA ", "=",
 };
 
 std::vector<std::string> TagSoup(std::size_t count) {
@@ -45,13 +46,26 @@ bool Unescape(const std::string& escaped, std::string& out) {
         }
         if (++i == escaped.size()) return false;
         switch (escaped[i]) {
-            case '\\': out += '\\'; break;
-            case 'n': out += "\r\n"; break;
-            case 't': out += '\t'; break;
-            case '"': out += '"'; break;
-            case '\'': out += '\''; break;
-            case '?': out += '?'; break;
-            default: return false;
+            case '\\':
+                out += '\\';
+                break;
+            case 'n':
+                out += "\r\n";
+                break;
+            case 't':
+                out += '\t';
+                break;
+            case '"':
+                out += '"';
+                break;
+            case '\'':
+                out += '\'';
+                break;
+            case '?':
+                out += '?';
+                break;
+            default:
+                return false;
         }
     }
     return true;

@@ -18,21 +18,20 @@ void ExpectAll(std::string (*f)(std::string_view), const std::vector<Case>& case
 }
 
 TEST(HtmlToText, RemoveHTMLTagsDropsOnlyTheListedTagTexts) {
-    ExpectAll(RemoveHTMLTags,
-              {{"<B>bold</B> <i>it</i> <u>un</U>", "bold it un"},
-               {"<UL><LI>a</LI></ul>", "a"},
-               {"<H1>Title</H1><h2>Sub</h2>", "TitleSub"},
-               // Tags with attributes and tags not in the table stay.
-               {"<B class=x>keep</B>", "<B class=x>keep"},
-               {"<P>para</P><H3>x</H3>", "<P>para</P><H3>x</H3>"},
-               {"a<BR>b</br>c", "a\r\nb\r\nc"},
-               {"1 &lt; 2 &gt; 0&nbsp;x &amp; y", "1 < 2 > 0 x & y"},
-               // "&amp;" is decoded last, so an escaped entity stays an entity.
-               {"&amp;lt;", "&lt;"},
-               {"&amp;gt;", "&gt;"},
-               {"&AMP;nbsp;", "&nbsp;"},
-               {"&quot;&copy;", "&quot;&copy;"},
-               {"", ""}});
+    ExpectAll(RemoveHTMLTags, {{"<B>bold</B> <i>it</i> <u>un</U>", "bold it un"},
+                               {"<UL><LI>a</LI></ul>", "a"},
+                               {"<H1>Title</H1><h2>Sub</h2>", "TitleSub"},
+                               // Tags with attributes and tags not in the table stay.
+                               {"<B class=x>keep</B>", "<B class=x>keep"},
+                               {"<P>para</P><H3>x</H3>", "<P>para</P><H3>x</H3>"},
+                               {"a<BR>b</br>c", "a\r\nb\r\nc"},
+                               {"1 &lt; 2 &gt; 0&nbsp;x &amp; y", "1 < 2 > 0 x & y"},
+                               // "&amp;" is decoded last, so an escaped entity stays an entity.
+                               {"&amp;lt;", "&lt;"},
+                               {"&amp;gt;", "&gt;"},
+                               {"&AMP;nbsp;", "&nbsp;"},
+                               {"&quot;&copy;", "&quot;&copy;"},
+                               {"", ""}});
 }
 
 TEST(HtmlToText, RemoveListTagsPutsBulletsAndDropsListTags) {
@@ -46,14 +45,14 @@ TEST(HtmlToText, RemoveListTagsPutsBulletsAndDropsListTags) {
 }
 
 TEST(HtmlToText, RemoveAnchorRemovesOnlyTheFirstAnchorWithItsText) {
-    ExpectAll(RemoveAnchor, {{"<A NAME=\"x\"></A>text", "text"},
-                             {"a<A HREF=\"b.htm\">link</A> c <A NAME=y></A>d",
-                              "a c <A NAME=y></A>d"},
-                             // Any tag starting with A counts as the anchor start.
-                             {"<ABBR>x</ABBR> y</a>z", "z"},
-                             {"<A NAME=x>no end", "<A NAME=x>no end"},
-                             {"plain", "plain"},
-                             {"", ""}});
+    ExpectAll(RemoveAnchor,
+              {{"<A NAME=\"x\"></A>text", "text"},
+               {"a<A HREF=\"b.htm\">link</A> c <A NAME=y></A>d", "a c <A NAME=y></A>d"},
+               // Any tag starting with A counts as the anchor start.
+               {"<ABBR>x</ABBR> y</a>z", "z"},
+               {"<A NAME=x>no end", "<A NAME=x>no end"},
+               {"plain", "plain"},
+               {"", ""}});
 }
 
 TEST(HtmlToText, RemoveAnchorWithCloseBeforeAnyOpenEnds) {
@@ -62,12 +61,11 @@ TEST(HtmlToText, RemoveAnchorWithCloseBeforeAnyOpenEnds) {
 }
 
 TEST(HtmlToText, RemoveHREFsKeepsLinkTexts) {
-    ExpectAll(RemoveHREFs,
-              {{"see <A HREF=\"a.htm\">this</A> and <a href=\"b.htm\">that</a>.",
-                "see this and that."},
-               {"<A HREF=\"a.htm\"><B>x</B></A>", "<B>x</B>"},
-               {"<A HREF=\"a.htm\">no close", "no close"},
-               {"no links", "no links"}});
+    ExpectAll(RemoveHREFs, {{"see <A HREF=\"a.htm\">this</A> and <a href=\"b.htm\">that</a>.",
+                             "see this and that."},
+                            {"<A HREF=\"a.htm\"><B>x</B></A>", "<B>x</B>"},
+                            {"<A HREF=\"a.htm\">no close", "no close"},
+                            {"no links", "no links"}});
 }
 
 TEST(HtmlToText, RemoveHREFsStopsWhereItCannotTakeALinkApart) {
@@ -104,17 +102,16 @@ TEST(HtmlToText, TrimNewLinesRemovesOnlyOuterLineBreaks) {
 }
 
 TEST(HtmlToText, ReplaceSpecialCharsEscapesForScriptStrings) {
-    ExpectAll(ReplaceSpecialChars,
-              {{"a\\b", "a\\\\b"},
-               {"line1\r\nline2", "line1\\nline2"},
-               {"t\tt", "t\\tt"},
-               {"say \"hi\"", "say \\\"hi\\\""},
-               {"it's", "it\\'s"},
-               {"why?", "why\\?"},
-               // Only the backslash already present is doubled.
-               {"\\\"?", "\\\\\\\"\\?"},
-               // A lone CR or LF is not escaped.
-               {"a\rb\nc", "a\rb\nc"}});
+    ExpectAll(ReplaceSpecialChars, {{"a\\b", "a\\\\b"},
+                                    {"line1\r\nline2", "line1\\nline2"},
+                                    {"t\tt", "t\\tt"},
+                                    {"say \"hi\"", "say \\\"hi\\\""},
+                                    {"it's", "it\\'s"},
+                                    {"why?", "why\\?"},
+                                    // Only the backslash already present is doubled.
+                                    {"\\\"?", "\\\\\\\"\\?"},
+                                    // A lone CR or LF is not escaped.
+                                    {"a\rb\nc", "a\rb\nc"}});
 }
 
 }  // namespace

@@ -23,8 +23,8 @@ const char* const kHeader =
     "\r\n";
 
 std::string ScriptHeader() {
-    return "// Javascript Popups File written automatically by Tamrix Version " +
-           VersionString() + kHeader;
+    return "// Javascript Popups File written automatically by Tamrix Version " + VersionString() +
+           kHeader;
 }
 
 std::string TopicHtml(const std::string& bodyLines) {
@@ -33,7 +33,7 @@ std::string TopicHtml(const std::string& bodyLines) {
 }
 
 class PopupWriters : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         setenv("SOURCE_DATE_EPOCH", "1299334020", 1);
         modGlobals::ResetAll();
@@ -97,8 +97,7 @@ TEST_F(PopupWriters, APopupCalledBothWaysGoesIntoBothFiles) {
     ASSERT_TRUE(WriteScript(count));
     EXPECT_EQ(count, 1);
     EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
-              ScriptHeader() +
-                  "idh_both = \"Close the \\\"window\\\"\\?\\nSecond & last\"\r\n");
+              ScriptHeader() + "idh_both = \"Close the \\\"window\\\"\\?\\nSecond & last\"\r\n");
     ASSERT_TRUE(WriteApp(count));
     EXPECT_EQ(count, 1);
     EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
@@ -188,8 +187,10 @@ TEST_F(PopupWriters, AMissingRenamedFileFailsTheWriter) {
 class PopupSection : public PopupWriters {};
 
 TEST_F(PopupSection, BothFlagsFalseEmptiesTheSection) {
-    const std::string project = dir_.Write(
-        "new.hhp", "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT POPUPS]\r\nold.h\r\nold.txt\r\n\r\n[FILES]\r\na.htm\r\n");
+    const std::string project =
+        dir_.Write("new.hhp",
+                   "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT "
+                   "POPUPS]\r\nold.h\r\nold.txt\r\n\r\n[FILES]\r\na.htm\r\n");
     EXPECT_TRUE(AddPopupFiles(project, false, false));
     EXPECT_EQ(ReadFileBytes(project),
               "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT POPUPS]\r\n\r\n[FILES]\r\na.htm\r\n");

@@ -32,7 +32,7 @@ std::vector<std::string> Lines(const std::string& text) {
 }
 
 class PopupLog : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         setenv("SOURCE_DATE_EPOCH", "1299334020", 1);
         modGlobals::ResetAll();
@@ -122,27 +122,26 @@ TEST_F(PopupLog, ListsEveryPopupWithItsReferencesLineForLine) {
         {"", "Original WinHelp 4 Project File: C:\\help\\proj.hpj", "",
          // The topic found both ways counts twice.
          "Text was extracted from a total of 4 untitled files.",
-         "There were 1 files that were extracted to both \"popups.js\" and \"cshelp.txt\".", "",
-         "", "Strings in \"popups.js\" were extracted from the following 1 untitled files",
+         "There were 1 files that were extracted to both \"popups.js\" and \"cshelp.txt\".", "", "",
+         "Strings in \"popups.js\" were extracted from the following 1 untitled files",
          "that are referenced from other .htm files within the project:", blank,
          At({{1, ".htm File:"}, {30, "Topic_ID's:"}, {58, "Referenced From File:"}}),
          At({{1, std::string(10, '-')}, {30, std::string(17, '-')}, {58, std::string(20, '-')}}),
          "", At({{1, "idh_pop.htm"}, {30, "idh_pop"}, {58, "idh_main.htm"}}),
          At({{58, "idh_main.htm"}}),
          // The referencing file overwrites the longer extra ID, whose tail shows.
-         At({{58, "idh_other.htmr_extra_id_name"}}),
-         "", "Strings in \"cshelp.txt\" were extracted from the following 3 untitled files",
+         At({{58, "idh_other.htmr_extra_id_name"}}), "",
+         "Strings in \"cshelp.txt\" were extracted from the following 3 untitled files",
          "that are referenced from an external application using context ID's in a map file:",
-         blank,
-         At({{1, ".htm File:"}, {30, "Context_ID:"}, {58, "Value:"}, {68, "Map File:"}}),
+         blank, At({{1, ".htm File:"}, {30, "Context_ID:"}, {58, "Value:"}, {68, "Map File:"}}),
          At({{1, std::string(10, '-')},
              {30, std::string(17, '-')},
              {58, std::string(6, '-')},
              {68, std::string(10, '-')}}),
          "", At({{1, "idh_pop.htm"}, {30, "idh_pop"}, {58, "5"}, {68, "first.h"}}),
          At({{1, "idh_app.htm"}, {30, "idh_app"}, {58, "&H10"}, {68, "second.h"}}),
-         At({{30, "IDH_APP"}, {58, "20"}, {68, "first.h"}}), At({{30, "idh_app"}, {58, "30"}}),
-         "", "The following 1 untitled files were referenced from both sources.",
+         At({{30, "IDH_APP"}, {58, "20"}, {68, "first.h"}}), At({{30, "idh_app"}, {58, "30"}}), "",
+         "The following 1 untitled files were referenced from both sources.",
          "Text from these files appears in both \"popups.js\" and \"cshelp.txt.\"", blank,
          At({{1, ".htm File:"}}), At({{1, std::string(10, '-')}}), "", "idh_pop.htm"});
     const std::vector<std::string> actual = Lines(report_.Text());

@@ -36,7 +36,7 @@ const char* const kMainBody =
     "</BODY>\r\n</HTML>\r\n";
 
 class PopupActivation : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         modGlobals::ResetAll();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
@@ -103,9 +103,9 @@ TEST_F(PopupActivation, AFileWrittenAnewGetsItsDeclarationsAgain) {
 }
 
 TEST_F(PopupActivation, ALinkAlreadyConvertedIsLeftAlone) {
-    const std::string converted = std::string(kMainHead) + Declarations() +
-                                  "</HEAD>\r\n<BODY>\r\n" + ScriptLink("idh_pop1") + ">one</A>\r\n" +
-                                  ScriptLink("idh_pop2") + ">two</A>\r\n</BODY>\r\n";
+    const std::string converted =
+        std::string(kMainHead) + Declarations() + "</HEAD>\r\n<BODY>\r\n" + ScriptLink("idh_pop1") +
+        ">one</A>\r\n" + ScriptLink("idh_pop2") + ">two</A>\r\n</BODY>\r\n";
     dir_.Write("html/idh_main.htm", converted);
     main_->JavaModified = true;
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
@@ -127,7 +127,8 @@ TEST_F(PopupActivation, AFileWithoutBodyStopsTheActivation) {
 }
 
 TEST_F(PopupActivation, DeclarationsGoBeforeTheBodyWhenTheHeadIsMissing) {
-    dir_.Write("html/idh_main.htm", "<HTML>\r\n<BODY>\r\n<A HREF=\"idh_pop2.htm\">t</A>\r\n</BODY>");
+    dir_.Write("html/idh_main.htm",
+               "<HTML>\r\n<BODY>\r\n<A HREF=\"idh_pop2.htm\">t</A>\r\n</BODY>");
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
     EXPECT_EQ(Main(), "<HTML>\r\n" + Declarations() + "<BODY>\r\n" + ScriptLink("idh_pop2") +
                           ">t</A>\r\n</BODY>");
@@ -140,7 +141,8 @@ TEST(AddJavaLinks, ConvertsOnlyLinksAfterTheBody) {
     TextBuffer buffer;
     buffer.SetText("<A HREF=\"idh_pop.htm\">head</A><BODY><A HREF=\"IDH_POP.HTM\" TARGET=x>a</A>");
     EXPECT_TRUE(AddJavaLinks(buffer, popup));
-    EXPECT_EQ(buffer.Text(), "<A HREF=\"idh_pop.htm\">head</A><BODY>" + ScriptLink("idh_pop") + ">a</A>");
+    EXPECT_EQ(buffer.Text(),
+              "<A HREF=\"idh_pop.htm\">head</A><BODY>" + ScriptLink("idh_pop") + ">a</A>");
 }
 
 TEST(AddJavaLinks, EndsWhenTheReplacementMatchesAgainOrATagIsOpen) {
