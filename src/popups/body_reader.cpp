@@ -1,0 +1,33 @@
+#include "popups/body_reader.h"
+
+#include "platform/byte_text.h"
+#include "platform/program_error.h"
+
+namespace tamrix::modPopups {
+
+bool HTMLBodyStart(TextReader& reader) {
+    return Guarded("modPopups:HTMLBodyStart", false, [&] {
+        std::string line;
+        while (reader.ReadLine(line)) {
+            if (ContainsNoCase(line, "<BODY")) return true;
+        }
+        return false;
+    });
+}
+
+std::string HTMLBodyContents(TextReader& reader) {
+    return Guarded("modPopups:HTMLBodyContents", std::string(), [&] {
+        std::string body;
+        if (!HTMLBodyStart(reader)) return body;
+        std::string line;
+        while (reader.ReadLine(line)) {
+            if (ContainsNoCase(line, "</BODY>")) break;
+            if (line.empty()) continue;
+            if (!body.empty()) body += "\r\n";
+            body += line;
+        }
+        return body;
+    });
+}
+
+}  // namespace tamrix::modPopups

@@ -1,0 +1,83 @@
+#include "popups/popup_text.h"
+
+#include "model/project_state.h"
+#include "parser/tag_readers.h"
+#include "platform/byte_text.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "popups/body_reader.h"
+#include "popups/html_to_text.h"
+
+namespace tamrix::modPopups {
+namespace {
+
+// Bullet of script strings: the Windows-1252 bullet character and a blank.
+constexpr std::string_view kScriptBullet = "\x95 ";
+constexpr std::string_view kTextBullet = "* ";
+
+// Takes the first anchor's name, drops everything up to its "</A>", then every
+// further leading anchor (any "<A" for scripts, only named ones for text popups).
+std::string DropLeadingAnchors(std::string text, PopupKind kind, std::string& anchorName) {
+    const std::size_t open = FindNoCase(text, "<A");
+    if (open == kNotFound) return text;
+    const std::size_t close = FindNoCase(text, "</A>", open);
+    const std::string_view rest = std::string_view(text).substr(open);
+    anchorName =
+        modParser::HTMLAnchorName(close == kNotFound ? rest : rest.substr(0, close - open));
+    if (close != kNotFound) text.erase(0, close + 4);
+    text = Trim(text);
+    const std::string_view leading = kind == PopupKind::Script ? "<A" : "<A NAME=";
+    while (StartsWithNoCase(text, leading)) {
+        std::string shorter = Trim(modStrings::RemoveAnchor(text));
+        if (shorter == text) break;  // an anchor without "</A>" cannot be removed
+        text = std::move(shorter);
+    }
+    return text;
+}
+
+std::string RemoveScriptListTags(std::string text) {
+    text = ReplaceAll(text, "<LI>", kScriptBullet);
+    for (const char* tag : {"</LI>", "<UL>\r\n", "<UL>", "<OL>\r\n", "<OL>", "</UL>\r\n", "</UL>",
+                            "</OL>\r\n", "</OL>"})
+        text = ReplaceAll(text, tag, "");
+    return text;
+}
+
+}  // namespace
+
+PopupText CleanPopupBody(std::string body, PopupKind kind) {
+    using namespace modStrings;
+    const bool script = kind == PopupKind::Script;
+    PopupText result;
+    std::string text = DropLeadingAnchors(std::move(body), kind, result.anchorName);
+    text = ReplaceAll(ReplaceAll(text, "<P>", ""), "</P>", "");
+    if (ContainsNoCase(text, "<LI>"))
+        text = script ? RemoveScriptListTags(text) : RemoveListTags(text, kTextBullet);
+    text = ReplaceAll(text, "<BR>", "");
+    if (script) {
+        text = ReplaceSpecialChars(RemoveHTMLTags(TrimNewLines(text)));
+        if (modGlobals::RemoveScriptLinks && ContainsNoCase(text, "HREF="))
+            text = RemoveHREFs(text);
+        else if (modGlobals::RemovePopupImages && ContainsNoCase(text, "<IMG "))
+            text = RemoveIMGs(text);
+    } else {
+        text = RemoveHTMLTags(text);
+        if (modGlobals::RemoveTextLinks && ContainsNoCase(text, "HREF=")) text = RemoveHREFs(text);
+        if (modGlobals::RemovePopupImages && ContainsNoCase(text, "<IMG ")) text = RemoveIMGs(text);
+        text = TrimNewLines(text);
+    }
+    result.text = std::move(text);
+    return result;
+}
+
+PopupText ReadPopupTopic(const std::string& root, const CTopicFile& topic, PopupKind kind) {
+    TextReader reader(modUtilities::MakeFullPathforFile(root, "html/" + topic.NewFileName));
+    return CleanPopupBody(HTMLBodyContents(reader), kind);
+}
+
+std::string PopupName(const CTopicFile& topic, const std::string& anchorName) {
+    if (!anchorName.empty() && !EqualsNoCase(anchorName, topic.Context)) return anchorName;
+    return topic.Context;
+}
+
+}  // namespace tamrix::modPopups

@@ -1,0 +1,139 @@
+#include "rewrite/popup_activation.h"
+
+#include <algorithm>
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "platform/byte_text.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "platform/program_error.h"
+
+namespace tamrix::modRewrite {
+namespace {
+
+constexpr const char* kCrLf = "\r\n";
+
+std::string ControlDeclaration() {
+    return modMessages::GetMessageString(10058);
+}
+
+// Where the control and script declarations go: before "</HEAD>" when the head is
+// complete, after the "<HEAD" tag when it is never closed, otherwise just before
+// "<BODY" (or at the very start when even that is missing).
+long DeclarationPosition(const std::string& text) {
+    const std::size_t head = FindNoCase(text, "<HEAD");
+    if (head != kNotFound) {
+        const std::size_t close = FindNoCase(text, "</HEAD>", head);
+        if (close != kNotFound) return static_cast<long>(close);
+        const std::size_t tagEnd = text.find('>', head);
+        if (tagEnd != std::string::npos) return static_cast<long>(tagEnd + 1);
+    }
+    const std::size_t body = FindNoCase(text, "<BODY");
+    return body == kNotFound ? 0 : static_cast<long>(body);
+}
+
+void InsertDeclarations(TextBuffer& buffer) {
+    buffer.SetSelStart(DeclarationPosition(buffer.Text()));
+    buffer.ReplaceSel(ControlDeclaration() + kCrLf +
+                      modMessages::GetMessageString(10059, "popups.js") + kCrLf);
+}
+
+// A file marked as edited may have been written anew since; converted links are
+// only ever saved together with the control declaration.
+bool NeedsDeclarations(const CTopicFile& caller, const TextBuffer& buffer) {
+    return !caller.JavaModified || !ContainsNoCase(buffer.Text(), ControlDeclaration());
+}
+
+void ReportBadFormat(WizardState& wizard, const std::string& fileName, int errorNumber) {
+    modMessages::ShowMessage("Bad format in Topic File " + fileName, mb::kExclamation,
+                             "Writing Java Links", wizard.Box(), 0);
+    ReportProgramError(errorNumber, "modRewrite:ModifyPopupFiles");
+}
+
+bool IsPopupToActivate(const CTopicFile& target, const CTopicFile& caller) {
+    return !target.HasTitle && target.InternalReferences >= 1 && &target != &caller;
+}
+
+}  // namespace
+
+bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
+    std::string current;  // the calling file being edited, named when it fails
+    try {
+        FileSystem& fs = SharedFileSystem();
+        const std::string backupFolder = modUtilities::MakeFullPathforFile(root, "html\\NoPopups");
+        if (!fs.FolderExists(backupFolder)) fs.CreateFolder(backupFolder);
+        const CTopicFiles* topics = modGlobals::TopicFiles.get();
+        modUtilities::InitializeProgressBar(wizard, topics == nullptr ? 0 : topics->Count(),
+                                            "Editing the Topic Files that call Java Popups ...");
+        if (topics == nullptr) return true;
+        TextBuffer buffer;
+        long visited = 0;
+        for (const auto& caller : *topics) {
+            modUtilities::UpdateProgressBar(wizard, std::min(++visited, 32767L));
+            current = caller->NewFileName;
+            const std::string path =
+                modUtilities::MakeFullPathforFile(root, "html\\" + caller->NewFileName);
+            bool loaded = false;
+            bool declared = false;  // the declarations are in the buffer
+            bool dirty = false;
+            for (const auto& target : caller->targets()) {
+                const auto popup = topics->Find(Before(target->TargetString, '#'));
+                if (popup == nullptr || !IsPopupToActivate(*popup, *caller)) continue;
+                if (!loaded) {
+                    buffer.LoadFile(path);
+                    loaded = true;
+                }
+                if (!declared && NeedsDeclarations(*caller, buffer)) {
+                    fs.CopyFile(
+                        path, modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName));
+                    InsertDeclarations(buffer);
+                    dirty = true;
+                }
+                declared = true;
+                buffer.SetSelStart(0);
+                const long body = buffer.Find("<BODY", 0);
+                if (body < 0) {
+                    ReportBadFormat(wizard, current, 0);
+                    return false;
+                }
+                const std::string converted = modMessages::GetMessageString(10060, popup->Context);
+                if (buffer.Find(converted, body) < 0 && AddJavaLinks(buffer, *popup)) dirty = true;
+                if (dirty) {
+                    buffer.SaveFile(path);
+                    caller->JavaModified = true;
+                    dirty = false;
+                }
+            }
+        }
+        return true;
+    } catch (...) {
+        ReportBadFormat(wizard, current, CurrentErrorNumber());
+        return false;
+    }
+}
+
+bool AddJavaLinks(TextBuffer& buffer, const CTopicFile& popupTopic) {
+    return Guarded("modRewrite:AddJavaLinks", false, [&] {
+        const long body = buffer.Find("<BODY", 0);
+        if (body < 0) return true;
+        const std::string link = "<A HREF=\"" + popupTopic.NewFileName;
+        const std::string replacement = modMessages::GetMessageString(10060, popupTopic.Context);
+        long from = body;
+        for (;;) {
+            const long match = buffer.Find(link, from);
+            if (match <= body) break;
+            const std::size_t tagEnd = buffer.Text().find('>', static_cast<std::size_t>(match));
+            if (tagEnd == std::string::npos) break;
+            // The rest of the tag and the link text stay.
+            buffer.SetSelStart(match);
+            buffer.SetSelLength(static_cast<long>(tagEnd) - match);
+            buffer.ReplaceSel(replacement);
+            // Go on after the inserted text, so a replacement that matches again cannot loop.
+            from = buffer.SelStart();
+        }
+        return true;
+    });
+}
+
+}  // namespace tamrix::modRewrite

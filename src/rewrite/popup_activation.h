@@ -1,0 +1,19 @@
+#pragma once
+// Editing the topic files of the new project that link to popup topics so
+// that those links open script popups through the HTML Help ActiveX control.
+#include <string>
+
+#include "model/c_topic_file.h"
+#include "model/wizard_state.h"
+#include "platform/text_buffer.h"
+
+namespace tamrix::modRewrite {
+
+// Converts the links to script popups in every topic file of the new project
+// under root; an unmodified copy of each edited file goes to root\html\NoPopups.
+bool ModifyPopupFiles(WizardState& wizard, const std::string& root);
+// Converts every link after "<BODY" that starts with <A HREF="NewFileName of the
+// popup into a call of POPUPS.TextPopup with the popup's topic ID.
+bool AddJavaLinks(TextBuffer& buffer, const CTopicFile& popupTopic);
+
+}  // namespace tamrix::modRewrite

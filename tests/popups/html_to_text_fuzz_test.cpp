@@ -1,0 +1,128 @@
+// Tag soup of the fragments the cleaning functions look for: every call must
+// return, and the invariants that hold for any input are checked.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/byte_text.h"
+#include "platform/file_system.h"
+#include "popups/body_reader.h"
+#include "popups/html_to_text.h"
+#include "popups/popup_text.h"
+
+namespace tamrix::modStrings {
+namespace {
+
+const std::vector<std::string> kFragments = {
+    "<A",   "<a ",  "HREF=", "href=\"", "NAME=\"", "</A>",    "</a>",   "<IMG ",
+    "<img", ">",    "<LI>",  "</LI>",   "<UL>",    "</UL>",   "<OL>",   "</OL>",
+    "<B>",  "</b>", "<BR>",  "&amp;",   "&lt;",    "&gt;",    "&nbsp;", "\"",
+    "'",    "?",    "\\",    "\t",      "\r\n",    "\r",      "\n",     "<P>",
+    "</P>", " ",    "x",     "lt;",     "<BODY>",  "</BODY>", "<AREA ", "=",
+};
+
+std::vector<std::string> TagSoup(std::size_t count) {
+    std::mt19937 random(20110305);
+    std::uniform_int_distribution<std::size_t> length(0, 40);
+    std::uniform_int_distribution<std::size_t> pick(0, kFragments.size() - 1);
+    std::vector<std::string> soup;
+    for (std::size_t i = 0; i < count; ++i) {
+        std::string s;
+        for (std::size_t n = length(random); n > 0; --n) s += kFragments[pick(random)];
+        soup.push_back(s);
+    }
+    return soup;
+}
+
+// The inverse of the script-string escaping; false on a stray backslash.
+bool Unescape(const std::string& escaped, std::string& out) {
+    out.clear();
+    for (std::size_t i = 0; i < escaped.size(); ++i) {
+        if (escaped[i] != '\\') {
+            out += escaped[i];
+            continue;
+        }
+        if (++i == escaped.size()) return false;
+        switch (escaped[i]) {
+            case '\\':
+                out += '\\';
+                break;
+            case 'n':
+                out += "\r\n";
+                break;
+            case 't':
+                out += '\t';
+                break;
+            case '"':
+                out += '"';
+                break;
+            case '\'':
+                out += '\'';
+                break;
+            case '?':
+                out += '?';
+                break;
+            default:
+                return false;
+        }
+    }
+    return true;
+}
+
+bool ImageTagWithEnd(const std::string& s) {
+    const std::size_t img = FindNoCase(s, "<IMG ");
+    return img != kNotFound && s.find('>', img) != std::string::npos;
+}
+
+bool AnchorPair(const std::string& s) {
+    const std::size_t open = FindNoCase(s, "<A");
+    return open != kNotFound && FindNoCase(s, "</A>", open) != kNotFound;
+}
+
+TEST(HtmlToTextFuzz, EveryFunctionEndsOnTagSoup) {
+    for (const std::string& s : TagSoup(3000)) {
+        SCOPED_TRACE(s);
+        const std::string noImages = RemoveIMGs(s);
+        EXPECT_FALSE(ImageTagWithEnd(noImages));
+        // " (*) " is shorter than any image tag it replaces.
+        EXPECT_LE(noImages.size(), s.size());
+
+        const std::string noAnchor = RemoveAnchor(s);
+        EXPECT_EQ(noAnchor.size() < s.size(), AnchorPair(s));
+
+        const std::string noLinks = RemoveHREFs(s);
+        EXPECT_LE(noLinks.size(), s.size());
+        if (!ContainsNoCase(s, "HREF=")) {
+            EXPECT_EQ(noLinks, s);
+        }
+
+        const std::string trimmed = TrimNewLines(s);
+        EXPECT_FALSE(StartsWithNoCase(trimmed, "\r\n"));
+        EXPECT_FALSE(EndsWithNoCase(trimmed, "\r\n"));
+        EXPECT_NE(s.find(trimmed), std::string::npos);
+
+        const std::string escaped = ReplaceSpecialChars(s);
+        EXPECT_EQ(escaped.find("\r\n"), std::string::npos);
+        EXPECT_EQ(escaped.find('\t'), std::string::npos);
+        std::string back;
+        EXPECT_TRUE(Unescape(escaped, back));
+        EXPECT_EQ(back, s);
+
+        EXPECT_LE(RemoveHTMLTags(s).size(), s.size());
+        EXPECT_LE(RemoveListTags(s, "* ").size(), s.size());
+
+        TextReader reader;
+        reader.OpenText(s);
+        const std::string body = modPopups::HTMLBodyContents(reader);
+        EXPECT_LE(body.size(), 2 * s.size());
+        for (auto kind : {modPopups::PopupKind::Script, modPopups::PopupKind::TextPopup}) {
+            modPopups::CleanPopupBody(s, kind);
+            modPopups::CleanPopupBody(body, kind);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tamrix::modStrings

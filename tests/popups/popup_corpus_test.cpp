@@ -1,0 +1,50 @@
+// The popup reading and cleaning over the topic files of real converted projects.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "platform/byte_text.h"
+#include "platform/file_system.h"
+#include "popups/body_reader.h"
+#include "popups/popup_text.h"
+
+namespace tamrix::modPopups {
+namespace {
+
+std::string CorpusDir() {
+    if (const char* dir = std::getenv("TAMRIX_CORPUS_DIR"); dir != nullptr && *dir != 0) return dir;
+    return TAMRIX_CORPUS_DIR;
+}
+
+TEST(PopupCorpus, EveryTopicFileOfTheCorpusYieldsText) {
+    FileSystem& fs = SharedFileSystem();
+    int files = 0;
+    for (const char* project : {"draftcable", "wavesoap"}) {
+        const std::string folder = CorpusDir() + "/" + project + "/html";
+        if (!fs.FolderExists(folder)) GTEST_SKIP() << "no corpus at " << folder;
+        for (const std::string& name : fs.ListFiles(folder)) {
+            if (!EndsWithNoCase(name, ".htm")) continue;
+            SCOPED_TRACE(folder + "/" + name);
+            ++files;
+            TextReader reader(folder + "/" + name);
+            const std::string body = HTMLBodyContents(reader);
+            EXPECT_FALSE(ContainsNoCase(body, "<BODY"));
+            EXPECT_FALSE(ContainsNoCase(body, "</BODY>"));
+            for (auto kind : {PopupKind::Script, PopupKind::TextPopup}) {
+                const PopupText popup = CleanPopupBody(body, kind);
+                if (!body.empty()) {
+                    EXPECT_FALSE(popup.text.empty());
+                }
+                // A script string is one line.
+                if (kind == PopupKind::Script) {
+                    EXPECT_EQ(popup.text.find("\r\n"), std::string::npos);
+                }
+            }
+        }
+    }
+    EXPECT_GT(files, 100);
+}
+
+}  // namespace
+}  // namespace tamrix::modPopups

@@ -1,0 +1,209 @@
+#include "popups/popup_writers.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "model/project_state.h"
+#include "platform/program_identity.h"
+#include "platform/view.h"
+#include "support/scripted_view.h"
+#include "support/temp_dir.h"
+
+namespace tamrix::modPopups {
+namespace {
+
+using testing::ReadFileBytes;
+
+const char* const kHeader =
+    "\r\n"
+    "// March 05, 2011, 02:07 PM\r\n"
+    "\r\n"
+    "popfont = \"Arial,10,,plain\"\r\n"
+    "\r\n";
+
+std::string ScriptHeader() {
+    return "// Javascript Popups File written automatically by Tamrix Version " + VersionString() +
+           kHeader;
+}
+
+std::string TopicHtml(const std::string& bodyLines) {
+    return "<HTML>\n<HEAD>\n<TITLE>(Untitled)</TITLE>\n</HEAD>\n\n<BODY BGCOLOR=\"#FFFFFF\">\n" +
+           bodyLines + "</BODY>\n</HTML>\n";
+}
+
+class PopupWriters : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        setenv("SOURCE_DATE_EPOCH", "1299334020", 1);
+        modGlobals::ResetAll();
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    }
+    void TearDown() override {
+        unsetenv("SOURCE_DATE_EPOCH");
+        modGlobals::ResetAll();
+    }
+
+    // A topic of the new project whose renamed file holds `bodyLines`.
+    std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle, int internal,
+                                      int external, const std::string& bodyLines) {
+        auto topic = std::make_shared<CTopicFile>();
+        topic->Context = context;
+        topic->AutoFileName = "afx" + std::to_string(++made_) + ".htm";
+        topic->NewFileName = context + ".htm";
+        topic->HasTitle = hasTitle;
+        topic->InternalReferences = internal;
+        topic->ExternalReferences = external;
+        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
+        dir_.Write("html/" + topic->NewFileName, TopicHtml(bodyLines));
+        return topic;
+    }
+
+    bool WriteScript(int& count) {
+        return WriteJavaPopupStrings(wizard_, *modGlobals::TopicFiles, dir_.Path(), "popups.js",
+                                     count);
+    }
+    bool WriteApp(int& count) {
+        return WriteAppPopupStrings(wizard_, *modGlobals::TopicFiles, dir_.Path(), "cshelp.txt",
+                                    count);
+    }
+
+    testing::TempDir dir_;
+    testing::ScriptedView view_;
+    ScopedActiveView active_{view_};
+    WizardState wizard_{&view_};
+    int made_ = 0;
+};
+
+TEST_F(PopupWriters, WithoutPopupsTheScriptFileHoldsOnlyItsHeader) {
+    Topic("idh_main", true, 3, 1, "<P>Titled</P>\n");
+    Topic("idh_orphan", false, 0, 0, "<P>Nobody calls me</P>\n");
+    int count = -1;
+    ASSERT_TRUE(WriteScript(count));
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"), ScriptHeader());
+    ASSERT_TRUE(WriteApp(count));
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"), "");
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"), "");
+}
+
+TEST_F(PopupWriters, APopupCalledBothWaysGoesIntoBothFiles) {
+    auto t = Topic("idh_both", false, 1, 1,
+                   "<P><A NAME=\"idh_both\"></A><B>Close</B> the \"window\"?</P>\n"
+                   "\n<P>Second &amp; last</P>\n");
+    t->ContextIDValueString = "&H1A";
+    int count = 0;
+    ASSERT_TRUE(WriteScript(count));
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
+              ScriptHeader() + "idh_both = \"Close the \\\"window\\\"\\?\\nSecond & last\"\r\n");
+    ASSERT_TRUE(WriteApp(count));
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
+              ".topic idh_both\r\nClose the \"window\"?\r\nSecond & last\r\n\r\n");
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"), "#define idh_both &H1A\r\n");
+}
+
+TEST_F(PopupWriters, LeadingAnchorsAreDroppedAndTheFirstNamesAStrayPopup) {
+    // The first anchor's name differs from the topic ID, so it names the popup.
+    Topic("idh_one", false, 1, 1,
+          "<P><A NAME=\"other\"></A><A NAME=\"second\"></A><A HREF=\"x.htm\">jump</A> Text</P>\n");
+    // Same name in another case: the topic ID is used.
+    Topic("idh_two", false, 1, 0, "<P><A NAME=\"IDH_TWO\"></A>Two</P>\n");
+    int count = 0;
+    ASSERT_TRUE(WriteScript(count));
+    EXPECT_EQ(count, 2);
+    // Script strings lose every leading anchor, links included.
+    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
+              ScriptHeader() + "other = \"Text\"\r\nidh_two = \"Two\"\r\n");
+    ASSERT_TRUE(WriteApp(count));
+    // Text popups lose only leading named anchors; the link keeps its text.
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"), ".topic other\r\njump Text\r\n\r\n");
+}
+
+TEST_F(PopupWriters, ListsBecomeBulletedLines) {
+    Topic("idh_list", false, 1, 1,
+          "<P><A NAME=\"idh_list\"></A>Items:</P>\n<UL>\n<LI>one\n<LI>two\n</UL>\n");
+    int count = 0;
+    ASSERT_TRUE(WriteScript(count));
+    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
+              ScriptHeader() + "idh_list = \"Items:\\n\x95 one\\n\x95 two\"\r\n");
+    ASSERT_TRUE(WriteApp(count));
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
+              ".topic idh_list\r\nItems:\r\n\r\n* one\r\n* two\r\n\r\n");
+}
+
+TEST_F(PopupWriters, ScriptStringsKeepImagesWhenTheyHadLinks) {
+    Topic("idh_img", false, 1, 1,
+          "<P><A NAME=\"idh_img\"></A>See <A HREF=\"a.htm\">a</A> <IMG SRC=\"b.gif\"> c</P>\n");
+    int count = 0;
+    ASSERT_TRUE(WriteScript(count));
+    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
+              ScriptHeader() + "idh_img = \"See a <IMG SRC=\\\"b.gif\\\"> c\"\r\n");
+    ASSERT_TRUE(WriteApp(count));
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"), ".topic idh_img\r\nSee a  (*)  c\r\n\r\n");
+}
+
+TEST_F(PopupWriters, EveryExtraIdCanBeCalled) {
+    auto t = Topic("idh_main", false, 1, 1, "<P><A NAME=\"idh_main\"></A>Text</P>\n");
+    t->ExtraIds = "idh_alt^idh_alt2^idh_undefined";
+    t->ContextIDValueString = "100";
+    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::MapContextIDs->Add("IDH_ALT", "12", "IDH_ALT");
+    modGlobals::MapContextIDs->Add("idh_other", "13", "idh_other");
+    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::ProjectContextIDs->Add("idh_alt2", "&H20", "idh_alt2");
+    modGlobals::ProjectContextIDs->Add("idh_alt", "14", "idh_alt");
+    int count = 0;
+    ASSERT_TRUE(WriteScript(count));
+    EXPECT_EQ(count, 4);
+    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
+              ScriptHeader() +
+                  "idh_main = \"Text\"\r\nidh_alt = \"Text\"\r\nidh_alt2 = \"Text\"\r\n"
+                  "idh_undefined = \"Text\"\r\n");
+    ASSERT_TRUE(WriteApp(count));
+    EXPECT_EQ(count, 4);
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"),
+              "#define idh_main 100\r\n#define IDH_ALT 12\r\n#define idh_alt 14\r\n"
+              "#define idh_alt2 &H20\r\n");
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
+              ".topic idh_main\r\nText\r\n\r\n.topic IDH_ALT\r\nText\r\n\r\n"
+              ".topic idh_alt\r\nText\r\n\r\n.topic idh_alt2\r\nText\r\n\r\n");
+}
+
+TEST_F(PopupWriters, AMissingRenamedFileFailsTheWriter) {
+    auto t = Topic("idh_gone", false, 1, 1, "<P>x</P>\n");
+    t->NewFileName = "missing.htm";
+    int count = 7;
+    EXPECT_FALSE(WriteScript(count));
+    EXPECT_EQ(count, 0);
+    ASSERT_EQ(view_.errors.size(), 1u);
+    EXPECT_NE(view_.errors[0].first.find("modPopups:WriteJavaPopupStrings"), std::string::npos);
+    EXPECT_FALSE(WriteApp(count));
+    EXPECT_EQ(view_.errors.size(), 2u);
+}
+
+class PopupSection : public PopupWriters {};
+
+TEST_F(PopupSection, BothFlagsFalseEmptiesTheSection) {
+    const std::string project =
+        dir_.Write("new.hhp",
+                   "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT "
+                   "POPUPS]\r\nold.h\r\nold.txt\r\n\r\n[FILES]\r\na.htm\r\n");
+    EXPECT_TRUE(AddPopupFiles(project, false, false));
+    EXPECT_EQ(ReadFileBytes(project),
+              "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT POPUPS]\r\n\r\n[FILES]\r\na.htm\r\n");
+}
+
+TEST_F(PopupSection, ListsTheTextFilesBeforeTheScriptFile) {
+    const std::string project = dir_.Write("new.hhp", "[OPTIONS]\r\nTitle=x\r\n");
+    EXPECT_TRUE(AddPopupFiles(project, true, true));
+    EXPECT_EQ(ReadFileBytes(project),
+              "[OPTIONS]\r\nTitle=x\r\n[TEXT POPUPS]\r\ncshelp.h\r\ncshelp.txt\r\npopups.js\r\n");
+    EXPECT_TRUE(AddPopupFiles(project, true, false));
+    EXPECT_EQ(ReadFileBytes(project), "[OPTIONS]\r\nTitle=x\r\n[TEXT POPUPS]\r\npopups.js\r\n");
+}
+
+}  // namespace
+}  // namespace tamrix::modPopups

@@ -1,0 +1,198 @@
+#include "rewrite/popup_activation.h"
+
+#include <gtest/gtest.h>
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "support/scripted_view.h"
+#include "support/temp_dir.h"
+#include "wizard/activate_popups.h"
+
+namespace tamrix::modRewrite {
+namespace {
+
+using testing::ReadFileBytes;
+
+std::string Declarations() {
+    return modMessages::GetMessageString(10058) + "\r\n" +
+           modMessages::GetMessageString(10059, "popups.js") + "\r\n";
+}
+
+std::string ScriptLink(const std::string& context) {
+    return modMessages::GetMessageString(10060, context);
+}
+
+std::size_t Occurrences(const std::string& text, const std::string& what) {
+    std::size_t n = 0;
+    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+        ++n;
+    return n;
+}
+
+const char* const kMainHead = "<HTML>\r\n<HEAD>\r\n<TITLE>Main</TITLE>\r\n";
+const char* const kMainBody =
+    "</HEAD>\r\n<BODY>\r\n<P>See <A HREF=\"idh_pop1.htm#x\">one</A>, "
+    "<a href=\"idh_pop2.htm\">two</a> and <A HREF=\"idh_titled.htm\">titled</A>.</P>\r\n"
+    "</BODY>\r\n</HTML>\r\n";
+
+class PopupActivation : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        modGlobals::ResetAll();
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        main_ = Topic("idh_main", true, 0);
+        pop1_ = Topic("idh_pop1", false, 1);
+        pop2_ = Topic("idh_pop2", false, 2);
+        Topic("idh_titled", true, 1);
+        for (const char* target : {"afx_idh_pop1.htm#x", "afx_idh_pop2.htm", "afx_idh_titled.htm",
+                                   "afx_idh_main.htm", "elsewhere.htm"})
+            main_->targets().Add(target);
+        dir_.Write("html/idh_main.htm", std::string(kMainHead) + kMainBody);
+        wizard_.NewRootPath = dir_.Path();
+    }
+    void TearDown() override { modGlobals::ResetAll(); }
+
+    std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle, int internal) {
+        auto topic = std::make_shared<CTopicFile>();
+        topic->Context = context;
+        topic->AutoFileName = "afx_" + context + ".htm";
+        topic->NewFileName = context + ".htm";
+        topic->HasTitle = hasTitle;
+        topic->InternalReferences = internal;
+        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
+        return topic;
+    }
+
+    std::string Main() const { return ReadFileBytes(dir_ / "html/idh_main.htm"); }
+
+    testing::TempDir dir_;
+    testing::ScriptedView view_;
+    ScopedActiveView active_{view_};
+    WizardState wizard_{&view_};
+    std::shared_ptr<CTopicFile> main_, pop1_, pop2_;
+};
+
+TEST_F(PopupActivation, ConvertsPopupLinksOnceWithOneBackupAndOnePairOfDeclarations) {
+    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
+    const std::string expected =
+        std::string(kMainHead) + Declarations() + "</HEAD>\r\n<BODY>\r\n<P>See " +
+        ScriptLink("idh_pop1") + ">one</A>, " + ScriptLink("idh_pop2") +
+        ">two</a> and <A HREF=\"idh_titled.htm\">titled</A>.</P>\r\n</BODY>\r\n</HTML>\r\n";
+    EXPECT_EQ(Main(), expected);
+    EXPECT_EQ(ReadFileBytes(dir_ / "html/NoPopups/idh_main.htm"),
+              std::string(kMainHead) + kMainBody);
+    EXPECT_TRUE(main_->JavaModified);
+    EXPECT_FALSE(pop1_->JavaModified);
+    EXPECT_TRUE(view_.messages.empty());
+    EXPECT_TRUE(view_.errors.empty());
+    EXPECT_EQ(view_.Captions().front(), "Editing the Topic Files that call Java Popups ...");
+
+    // A second run finds every link converted and adds nothing.
+    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
+    EXPECT_EQ(Main(), expected);
+}
+
+TEST_F(PopupActivation, AFileWrittenAnewGetsItsDeclarationsAgain) {
+    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
+    // The write step ran again and replaced the file; the model still marks it.
+    dir_.Write("html/idh_main.htm", std::string(kMainHead) + kMainBody);
+    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
+    const std::string text = Main();
+    EXPECT_EQ(Occurrences(text, "id=POPUPS"), 1u);
+    EXPECT_EQ(Occurrences(text, "TextPopup(idh_pop"), 2u);
+}
+
+TEST_F(PopupActivation, ALinkAlreadyConvertedIsLeftAlone) {
+    const std::string converted =
+        std::string(kMainHead) + Declarations() + "</HEAD>\r\n<BODY>\r\n" + ScriptLink("idh_pop1") +
+        ">one</A>\r\n" + ScriptLink("idh_pop2") + ">two</A>\r\n</BODY>\r\n";
+    dir_.Write("html/idh_main.htm", converted);
+    main_->JavaModified = true;
+    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
+    EXPECT_EQ(Main(), converted);
+    EXPECT_FALSE(dir_.Exists("html/NoPopups/idh_main.htm"));
+}
+
+TEST_F(PopupActivation, AFileWithoutBodyStopsTheActivation) {
+    const std::string bad = "<HTML><HEAD></HEAD><A HREF=\"idh_pop1.htm\">x</A></HTML>";
+    dir_.Write("html/idh_main.htm", bad);
+    EXPECT_FALSE(ModifyPopupFiles(wizard_, dir_.Path()));
+    ASSERT_EQ(view_.messages.size(), 1u);
+    EXPECT_EQ(view_.messages[0].text, "Bad format in Topic File idh_main.htm");
+    EXPECT_EQ(view_.messages[0].title, "Writing Java Links");
+    EXPECT_EQ(view_.messages[0].style, mb::kExclamation);
+    ASSERT_EQ(view_.errors.size(), 1u);
+    EXPECT_EQ(view_.errors[0].first.rfind("modRewrite:ModifyPopupFiles", 0), 0u);
+    EXPECT_EQ(Main(), bad);
+}
+
+TEST_F(PopupActivation, DeclarationsGoBeforeTheBodyWhenTheHeadIsMissing) {
+    dir_.Write("html/idh_main.htm",
+               "<HTML>\r\n<BODY>\r\n<A HREF=\"idh_pop2.htm\">t</A>\r\n</BODY>");
+    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
+    EXPECT_EQ(Main(), "<HTML>\r\n" + Declarations() + "<BODY>\r\n" + ScriptLink("idh_pop2") +
+                          ">t</A>\r\n</BODY>");
+}
+
+TEST(AddJavaLinks, ConvertsOnlyLinksAfterTheBody) {
+    CTopicFile popup;
+    popup.Context = "idh_pop";
+    popup.NewFileName = "idh_pop.htm";
+    TextBuffer buffer;
+    buffer.SetText("<A HREF=\"idh_pop.htm\">head</A><BODY><A HREF=\"IDH_POP.HTM\" TARGET=x>a</A>");
+    EXPECT_TRUE(AddJavaLinks(buffer, popup));
+    EXPECT_EQ(buffer.Text(),
+              "<A HREF=\"idh_pop.htm\">head</A><BODY>" + ScriptLink("idh_pop") + ">a</A>");
+}
+
+TEST(AddJavaLinks, EndsWhenTheReplacementMatchesAgainOrATagIsOpen) {
+    CTopicFile popup;
+    popup.Context = "x";
+    popup.NewFileName = "Javascript:POPUPS.TextPopup(x";
+    TextBuffer buffer;
+    buffer.SetText("<BODY><A HREF=\"Javascript:POPUPS.TextPopup(x.htm\">a</A>");
+    EXPECT_TRUE(AddJavaLinks(buffer, popup));
+    EXPECT_EQ(buffer.Text(), "<BODY>" + ScriptLink("x") + ">a</A>");
+
+    popup.NewFileName = "p.htm";
+    buffer.SetText("<BODY><A HREF=\"p.htm\">a</A> <A HREF=\"p.htm");
+    EXPECT_TRUE(AddJavaLinks(buffer, popup));
+    EXPECT_EQ(buffer.Text(), "<BODY>" + ScriptLink("x") + ">a</A> <A HREF=\"p.htm");
+
+    buffer.SetText("<A HREF=\"p.htm\">no body</A>");
+    EXPECT_TRUE(AddJavaLinks(buffer, popup));
+    EXPECT_EQ(buffer.Text(), "<A HREF=\"p.htm\">no body</A>");
+}
+
+class ActivatePopupsStep : public PopupActivation {};
+
+TEST_F(ActivatePopupsStep, RunsOnlyWhenPopupStringsWereExtracted) {
+    wizard_.NumPopupStrings = 0;
+    wizard_.StepMessage = "before";
+    ActivatePopups(wizard_);
+    EXPECT_FALSE(wizard_.PopupsActivated);
+    EXPECT_EQ(wizard_.StepMessage, "before");
+    EXPECT_EQ(Main(), std::string(kMainHead) + kMainBody);
+    EXPECT_FALSE(dir_.Exists("html/NoPopups"));
+
+    wizard_.NumPopupStrings = 2;
+    ActivatePopups(wizard_);
+    EXPECT_TRUE(wizard_.PopupsActivated);
+    EXPECT_EQ(wizard_.StepMessage,
+              modMessages::GetMessageString(10063, "popups.js", "\\html\\NoPopups"));
+    EXPECT_EQ(wizard_.ProgressCaption(), "Extracted and wrote text string files for popups.");
+    EXPECT_FALSE(wizard_.ProgressVisible());
+    EXPECT_NE(Main().find(ScriptLink("idh_pop1")), std::string::npos);
+}
+
+TEST_F(ActivatePopupsStep, AFailureLeavesTheStepMessage) {
+    dir_.Write("html/idh_main.htm", "<HTML><A HREF=\"idh_pop1.htm\">x</A></HTML>");
+    wizard_.NumPopupStrings = 1;
+    wizard_.StepMessage = "before";
+    ActivatePopups(wizard_);
+    EXPECT_FALSE(wizard_.PopupsActivated);
+    EXPECT_EQ(wizard_.StepMessage, "before");
+}
+
+}  // namespace
+}  // namespace tamrix::modRewrite
