@@ -8,17 +8,18 @@
 namespace tamrix::modParser {
 namespace {
 
-// The trimmed text between the first two double quotes after `keyword`;
-// `missingQuotePlace` is reported when a quote is missing.
+// The trimmed text between the first two double quotes after `keyword`; the
+// place named by `missingQuotePlace(tag)` is reported when a quote is missing.
+template <class Place>
 std::string QuotedValueAfter(std::string_view tag, std::string_view keyword,
-                             const std::string& missingQuotePlace) {
+                             Place missingQuotePlace) {
     const std::size_t key = FindNoCase(tag, keyword);
     if (key == kNotFound) return {};
     const std::string_view rest = tag.substr(key + keyword.size());
     const std::size_t open = rest.find('"');
     const std::size_t close = open == std::string_view::npos ? open : rest.find('"', open + 1);
     if (close == std::string_view::npos) {
-        ReportProgramError(0, missingQuotePlace);
+        ReportProgramError(0, missingQuotePlace(tag));
         return {};
     }
     return Trim(rest.substr(open + 1, close - open - 1));
@@ -78,13 +79,14 @@ std::string ReadTag(TextReader& stream, std::string_view open, std::string_view 
 }  // namespace
 
 std::string HTMLHrefTarget(std::string_view tag) {
-    return QuotedValueAfter(tag, "HREF=",
-                            "Missing quotes in HREF string " + std::string(tag) +
-                                " in:modParser:HTMLHrefTarget");
+    return QuotedValueAfter(tag, "HREF=", [](std::string_view t) {
+        return "Missing quotes in HREF string " + std::string(t) + " in:modParser:HTMLHrefTarget";
+    });
 }
 
 std::string HTMLAnchorName(std::string_view tag) {
-    return QuotedValueAfter(tag, "NAME=", "modParser:HTMLAnchorName");
+    return QuotedValueAfter(tag, "NAME=",
+                            [](std::string_view) { return std::string("modParser:HTMLAnchorName"); });
 }
 
 std::string HTMLAnchor(TextReader& stream) {
