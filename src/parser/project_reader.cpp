@@ -119,7 +119,8 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
 
         const std::vector<std::string> entries = FilesSectionEntries(projectFile);
         if (entries.empty()) return true;
-        modUtilities::InitializeProgressBar(wizard, Counter16::Checked(static_cast<long>(entries.size())),
+        modUtilities::InitializeProgressBar(wizard,
+                                            Counter16::Checked(static_cast<long>(entries.size())),
                                             "Scanning Old Project Files ...");
 
         Counter16 missing = missingCount;
@@ -158,9 +159,9 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
                 continue;
             }
             if (!topicId.empty() && ContainsNoCase(entry, topicId)) {
-                const int answer = modMessages::AskMessage(
-                    modMessages::GetMessageString(10005, entry), mb::kYesNo,
-                    "Parsing HTMl Project File", wizard.Box(), 10005);
+                const int answer =
+                    modMessages::AskMessage(modMessages::GetMessageString(10005, entry), mb::kYesNo,
+                                            "Parsing HTMl Project File", wizard.Box(), 10005);
                 if (answer != mb::kYes) return false;
             }
 
@@ -192,9 +193,9 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
         }
 
         if (stoppedHere) {
-            wizard.SetProgressCaption("Stopped scan. " + std::to_string(missing.Value()) +
-                                      (missing == 1 ? " topic file not found."
-                                                    : " topic files not found."));
+            wizard.SetProgressCaption(
+                "Stopped scan. " + std::to_string(missing.Value()) +
+                (missing == 1 ? " topic file not found." : " topic files not found."));
             stopped = true;
         }
         return true;

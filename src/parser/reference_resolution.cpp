@@ -120,7 +120,8 @@ bool UpdateExternalReferences(WizardState& wizard) {
         long position = 0;
         for (const auto& definition : *modGlobals::MapContextIDs) {
             if (definition->FileDefined) {
-                if (auto topic = modGlobals::TopicFiles->FirstWithContext(definition->ContextString))
+                if (auto topic =
+                        modGlobals::TopicFiles->FirstWithContext(definition->ContextString))
                     topic->ContextIDValueString = definition->ContextID;
             }
             UpdateProgressBar(wizard, ++position);

@@ -39,7 +39,8 @@ PendingMark g_pending;
 std::size_t PendingStart() {
     const std::string& text = modGlobals::PendingAnchorText;
     if (text.data() == g_pending.data && text.size() == g_pending.size &&
-        g_pending.start < text.size() && StartsWithNoCase(std::string_view(text).substr(g_pending.start), "<A"))
+        g_pending.start < text.size() &&
+        StartsWithNoCase(std::string_view(text).substr(g_pending.start), "<A"))
         return g_pending.start;
     return 0;
 }
@@ -60,8 +61,7 @@ std::size_t ReadToLineWith(TextReader& stream, std::string& line, std::string_vi
 }
 
 // The text from the line holding `open` up to and including `close`, or empty.
-std::string ReadTag(TextReader& stream, std::string_view open, std::string_view close,
-                    int& state) {
+std::string ReadTag(TextReader& stream, std::string_view open, std::string_view close, int& state) {
     state = 0;
     std::string line;
     const std::size_t at = ReadToLineWith(stream, line, open);
@@ -85,8 +85,8 @@ std::string HTMLHrefTarget(std::string_view tag) {
 }
 
 std::string HTMLAnchorName(std::string_view tag) {
-    return QuotedValueAfter(tag, "NAME=",
-                            [](std::string_view) { return std::string("modParser:HTMLAnchorName"); });
+    return QuotedValueAfter(
+        tag, "NAME=", [](std::string_view) { return std::string("modParser:HTMLAnchorName"); });
 }
 
 std::string HTMLAnchor(TextReader& stream) {
@@ -124,8 +124,9 @@ std::string HTMLArea(TextReader& stream) {
 }
 
 std::string HTMLObject(TextReader& stream) {
-    return Guarded("modParser:HTMLObject", std::string(),
-                   [&] { return ReadTag(stream, "<OBJECT", "</OBJECT>", modGlobals::ObjectState); });
+    return Guarded("modParser:HTMLObject", std::string(), [&] {
+        return ReadTag(stream, "<OBJECT", "</OBJECT>", modGlobals::ObjectState);
+    });
 }
 
 bool CTargetExists(const CTargets& targets, std::string_view target) {

@@ -14,7 +14,9 @@
 namespace tamrix::modUtilities {
 namespace {
 
-std::string Ruler(std::size_t n) { return std::string(n, '-'); }
+std::string Ruler(std::size_t n) {
+    return std::string(n, '-');
+}
 
 std::string FileOrNone(const std::string& path) {
     return path.empty() || !FileExists(path) ? std::string("None.") : path;
@@ -58,7 +60,8 @@ void AddWinHelpBlock(const WizardState& wizard, IReport& report) {
     if (DuplicateContextIDs) {
         report.AddLine("");
         report.AddLine(" There were redefinitions of ContextID that were ignored:");
-        report.AddLine(TableLine().Put(1, "Map File:").Put(20, "Context ID:").Put(56, "New value:").Full());
+        report.AddLine(
+            TableLine().Put(1, "Map File:").Put(20, "Context ID:").Put(56, "New value:").Full());
         report.AddLine(TableLine().Put(1, Ruler(10)).Put(20, Ruler(17)).Put(56, Ruler(12)).Full());
         report.AddLine("");
         for (const auto& redefinition : *DuplicateContextIDs) {
@@ -88,10 +91,12 @@ void AddTopicBlock(WizardState& wizard, IReport& report, const CTopicFiles& topi
     report.AddLine("Data extracted from HTML Help Project File created by HTML Workshop:");
     report.AddLine(Ruler(75));
     report.AddLine("");
-    report.AddLine(" Topic Files (total): " + GeneralNumber(static_cast<double>(topicFiles.Count())));
+    report.AddLine(" Topic Files (total): " +
+                   GeneralNumber(static_cast<double>(topicFiles.Count())));
     if (!wizard.ScanComplete)
-        report.AddLine(" WARNING: The scan of the project file was interrupted. Not all files may "
-                       "have been scanned.");
+        report.AddLine(
+            " WARNING: The scan of the project file was interrupted. Not all files may "
+            "have been scanned.");
     if (wizard.MissingCount != 0)
         report.AddLine(" WARNING: " + FormatNumber(wizard.MissingCount, "0") +
                        (wizard.MissingCount == 1 ? " topic file was not found."
@@ -99,8 +104,9 @@ void AddTopicBlock(WizardState& wizard, IReport& report, const CTopicFiles& topi
     report.AddLine(" Untitled Topics: " + Trim(wizard.UntitledCountText) +
                    " (may be converted popups)");
     report.AddLine("");
-    report.AddLine(" Note - in the listing below, the new .htm file name will be\r\n"
-                   "derived from the first Winhelp Topic_ID.");
+    report.AddLine(
+        " Note - in the listing below, the new .htm file name will be\r\n"
+        "derived from the first Winhelp Topic_ID.");
     report.AddLine("");
     report.AddLine(TableLine()
                        .Put(1, ".htm File:")
@@ -191,11 +197,11 @@ bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
 
         const long count = topic.targets().Count();
         if (count == 0) return true;
-        report.AddLine(TableLine()
-                           .Put(20 / 4, "\" Contains ")
-                           .Put(60 / 4, count == 1 ? std::string(" 1 Link: ")
-                                                   : SignedText(count) + " Links: ")
-                           .TrimmedRight());
+        report.AddLine(
+            TableLine()
+                .Put(20 / 4, "\" Contains ")
+                .Put(60 / 4, count == 1 ? std::string(" 1 Link: ") : SignedText(count) + " Links: ")
+                .TrimmedRight());
 
         const auto& topicFiles = modGlobals::TopicFiles;
         for (const auto& target : topic.targets()) {

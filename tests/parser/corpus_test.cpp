@@ -22,7 +22,7 @@ std::string CorpusDir() {
 }
 
 class CorpusProjects : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         modGlobals::ResetAll();
         if (!std::filesystem::is_directory(CorpusDir())) GTEST_SKIP() << "no corpus";
@@ -33,8 +33,7 @@ protected:
     void TearDown() override { modGlobals::ResetAll(); }
 
     bool Parse(const std::string& project) {
-        return ParseProjectFile(wizard, CorpusDir() + "/" + project, missing,
-                                stopped);
+        return ParseProjectFile(wizard, CorpusDir() + "/" + project, missing, stopped);
     }
 
     testing::ScriptedView view;

@@ -28,7 +28,7 @@ inline std::string ProjectText(const std::vector<std::string>& files,
 }
 
 class ProjectFixture : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { modGlobals::ResetAll(); }
     void TearDown() override { modGlobals::ResetAll(); }
 

@@ -9,7 +9,7 @@ namespace {
 using testing::ProjectFixture;
 
 class ProjectReader : public ProjectFixture {
-protected:
+  protected:
     bool Parse(const std::string& project) {
         missing = 0;
         stopped = false;
@@ -27,7 +27,8 @@ TEST_F(ProjectReader, OpenCountsTheHtmLinesOfTheFilesSection) {
     EXPECT_EQ(view.messages[0].style, mb::kExclamation);
     EXPECT_NE(view.messages[0].text.find(dir / "none.hhp"), std::string::npos);
 
-    EXPECT_TRUE(OpenProjectFile(wizard, WriteProject({"html\\a.htm", "html\\b.HTM", "x.gif"}), count));
+    EXPECT_TRUE(
+        OpenProjectFile(wizard, WriteProject({"html\\a.htm", "html\\b.HTM", "x.gif"}), count));
     EXPECT_EQ(count, 2);
     EXPECT_EQ(wizard.DisplayTopicCount, "2");
 
@@ -48,7 +49,8 @@ TEST_F(ProjectReader, OpenCountsTheHtmLinesOfTheFilesSection) {
 }
 
 TEST_F(ProjectReader, BuildsOneTopicFilePerListedFile) {
-    WriteTopic("html\\a1.htm", "Setup", "Setup_Topic", "<A HREF=\"b2.htm#x\">b</A><A HREF=\"B2.HTM#X\">b</A>");
+    WriteTopic("html\\a1.htm", "Setup", "Setup_Topic",
+               "<A HREF=\"b2.htm#x\">b</A><A HREF=\"B2.HTM#X\">b</A>");
     WriteTopic("html\\b2.htm", "(untitled)", "");
     dir.Write("proj/html/pic.gif", "GIF");
     const std::string project = WriteProject({"html\\a1.htm", "", "html\\pic.gif", "html\\b2.htm"});
@@ -74,7 +76,8 @@ TEST_F(ProjectReader, BuildsOneTopicFilePerListedFile) {
 }
 
 TEST_F(ProjectReader, DuplicateTopicIdsAreRenamedInOrderOfDiscovery) {
-    const std::vector<std::string> ids = {"IDH_A", "IDH_A", "Help", "help", "IDH_A", "IDH_B", "IDH_B"};
+    const std::vector<std::string> ids = {"IDH_A", "IDH_A", "Help", "help",
+                                          "IDH_A", "IDH_B", "IDH_B"};
     std::vector<std::string> files;
     for (std::size_t i = 0; i < ids.size(); ++i) {
         files.push_back("f" + std::to_string(i) + ".htm");
@@ -85,8 +88,9 @@ TEST_F(ProjectReader, DuplicateTopicIdsAreRenamedInOrderOfDiscovery) {
     EXPECT_EQ(Topic(1).Context, "IDH_A");
     EXPECT_EQ(Topic(2).Context, "IDH_A_1");
     EXPECT_EQ(Topic(2).NewFileName, "IDH_A_1.htm");
-    EXPECT_EQ(Topic(2).Comment,
-              "Duplicate Topic Id: File and Topic ID renamed from \"IDH_A.htm\" to \"IDH_A_1.htm\"");
+    EXPECT_EQ(
+        Topic(2).Comment,
+        "Duplicate Topic Id: File and Topic ID renamed from \"IDH_A.htm\" to \"IDH_A_1.htm\"");
     EXPECT_EQ(Topic(3).Context, "Help");
     EXPECT_EQ(Topic(4).Context, "help");  // case counts here
     EXPECT_EQ(Topic(5).Context, "IDH_A_2");
@@ -111,8 +115,9 @@ TEST_F(ProjectReader, AnIdThatEqualsARenamedIdIsRenamedForEachMatch) {
     EXPECT_EQ(Topic(4).Context, "X_1_3");
     EXPECT_EQ(Topic(4).Comment,
               "Duplicate Topic Id: File and Topic ID renamed from \"X_1.htm\" to \"X_1_3.htm\"");
-    EXPECT_EQ(modGlobals::RenamedTopicIDs,
-              "\"X\" was renamed \"X_1\"^\"X_1\" was renamed \"X_1_2\"^\"X_1\" was renamed \"X_1_3\"^");
+    EXPECT_EQ(
+        modGlobals::RenamedTopicIDs,
+        "\"X\" was renamed \"X_1\"^\"X_1\" was renamed \"X_1_2\"^\"X_1\" was renamed \"X_1_3\"^");
 }
 
 TEST_F(ProjectReader, MissingFilesAreCountedAndMayStopTheScan) {
@@ -125,8 +130,9 @@ TEST_F(ProjectReader, MissingFilesAreCountedAndMayStopTheScan) {
     EXPECT_EQ(modGlobals::TopicFiles->Count(), 1);
     EXPECT_EQ(view.messages[0].title, "Scanning Project File");
     EXPECT_EQ(view.messages[0].style, mb::kYesNo);
-    EXPECT_NE(view.messages[0].text.find(modUtilities::MakeFullPathforFile(dir / "proj/", "gone1.htm")),
-              std::string::npos);
+    EXPECT_NE(
+        view.messages[0].text.find(modUtilities::MakeFullPathforFile(dir / "proj/", "gone1.htm")),
+        std::string::npos);
 
     view.answersById.clear();
     EXPECT_TRUE(Parse(project));
@@ -170,8 +176,9 @@ TEST_F(ProjectReader, SectionEdgesAndEntriesOutsideTheFolder) {
     WriteTopic("a.htm", "A", "IDA");
     dir.Write("outside.htm", testing::TopicHtml("Out", "IDO"));
     const std::string project =
-        dir.Write("proj/p.hhp", "[OPTIONS]\r\n[FILES]\r\n\r\n  a.htm  \r\n..\\..\\outside.htm\r\n"
-                                "..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\nowhere.htm");
+        dir.Write("proj/p.hhp",
+                  "[OPTIONS]\r\n[FILES]\r\n\r\n  a.htm  \r\n..\\..\\outside.htm\r\n"
+                  "..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\nowhere.htm");
     view.answersById[10044] = mb::kYes;
     EXPECT_TRUE(Parse(project));
     ASSERT_EQ(modGlobals::TopicFiles->Count(), 1);  // outside.htm is two levels up: absent

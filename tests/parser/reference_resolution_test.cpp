@@ -11,7 +11,7 @@ namespace tamrix::modUtilities {
 namespace {
 
 class ReferenceResolution : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         modGlobals::ResetAll();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
@@ -68,7 +68,8 @@ TEST_F(ReferenceResolution, AnUnresolvedFirstLinkIsAnError) {
     view.answersById[10052] = mb::kOK;
     EXPECT_FALSE(UpdateInternalReferences(wizard));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_NE(view.errors[0].first.find("modUtilities:UpdateInternalReferences"), std::string::npos);
+    EXPECT_NE(view.errors[0].first.find("modUtilities:UpdateInternalReferences"),
+              std::string::npos);
 }
 
 TEST_F(ReferenceResolution, ValidityAsksWhenMoreThanAQuarterLackAnId) {
@@ -78,7 +79,8 @@ TEST_F(ReferenceResolution, ValidityAsksWhenMoreThanAQuarterLackAnId) {
     EXPECT_TRUE(view.messages.empty());
 
     modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
-    for (int i = 0; i < 7; ++i) Add("u" + std::to_string(i) + ".htm", i < 2 ? "" : "U" + std::to_string(i));
+    for (int i = 0; i < 7; ++i)
+        Add("u" + std::to_string(i) + ".htm", i < 2 ? "" : "U" + std::to_string(i));
     EXPECT_FALSE(CheckProjectValidity(modGlobals::TopicFiles.get()));
     ASSERT_EQ(view.MessageIds(), std::vector<long>{10023});
     EXPECT_EQ(view.messages[0].title, "HTML Project Check");

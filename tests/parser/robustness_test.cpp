@@ -13,7 +13,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 class ParserRobustness : public testing::ProjectFixture {
-protected:
+  protected:
     void SetUp() override {
         ProjectFixture::SetUp();
         started = Clock::now();
@@ -62,7 +62,8 @@ TEST_F(ParserRobustness, HotspotsPastTheCounterAreAnError) {
 
 TEST_F(ParserRobustness, OneHugeLine) {
     std::string line = "<HTML><HEAD><TITLE>Line</TITLE></HEAD><BODY><A NAME=\"top\"></A>";
-    while (line.size() < (4u << 20)) line += "<A HREF=\"a.htm\">a</A><A NAME=\"x\">x</A><B>text</B>";
+    while (line.size() < (4u << 20))
+        line += "<A HREF=\"a.htm\">a</A><A NAME=\"x\">x</A><B>text</B>";
     line += "<A HREF=\"never closed.htm\">";
     dir.Write("proj/line.htm", line);
     ASSERT_TRUE(ParseOne("line.htm"));
@@ -86,8 +87,9 @@ TEST_F(ParserRobustness, UnclosedTagsToTheEndOfAFile) {
 
 TEST_F(ParserRobustness, BinaryFileWithNulBytes) {
     std::string bytes;
-    for (int i = 0; i < 300000; ++i) bytes += static_cast<char>((i * 7919) % 256);
-    bytes += std::string("\0<HEAD><TITLE>T\0</TITLE></HEAD><BODY><A NAME=\"b\0\">\0</A>", 60);
+    for (unsigned i = 0; i < 300000; ++i) bytes += static_cast<char>((i * 7919u) % 256u);
+    static const char kTail[] = "\0<HEAD><TITLE>T\0</TITLE></HEAD><BODY><A NAME=\"b\0\">\0</A>";
+    bytes.append(kTail, sizeof kTail - 1);
     dir.Write("proj/bin.htm", bytes);
     EXPECT_TRUE(ParseOne("bin.htm"));
     ASSERT_EQ(modGlobals::TopicFiles->Count(), 1);
@@ -115,8 +117,8 @@ TEST_F(ParserRobustness, FiveThousandEntries) {
     for (int i = 0; i < 5000; ++i) {
         files.push_back("html\\t" + std::to_string(i) + ".htm");
         const std::string next = "t" + std::to_string((i + 1) % 5000) + ".htm";
-        WriteTopic(files.back(), i % 3 == 0 ? "(Untitled)" : "Topic", "IDH_" + std::to_string(i % 2500),
-                   "<A HREF=\"" + next + "\">next</A>");
+        WriteTopic(files.back(), i % 3 == 0 ? "(Untitled)" : "Topic",
+                   "IDH_" + std::to_string(i % 2500), "<A HREF=\"" + next + "\">next</A>");
     }
     int count = 0;
     EXPECT_TRUE(OpenProjectFile(wizard, WriteProject(files), count));

@@ -12,7 +12,8 @@ namespace tamrix::modParser {
 namespace {
 
 std::string Entry(const std::string& params) {
-    return "\t<LI> <OBJECT type=\"text/sitemap\">\r\n\t\t<param name=\"Name\" value=\"Topic\">\r\n" +
+    return "\t<LI> <OBJECT type=\"text/sitemap\">\r\n\t\t<param name=\"Name\" "
+           "value=\"Topic\">\r\n" +
            params + "\t\t</OBJECT>\r\n";
 }
 
@@ -23,7 +24,7 @@ std::vector<std::string> Names(const CTargets& targets) {
 }
 
 class SitemapReader : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         modGlobals::ResetAll();
         modGlobals::IndexTargets = std::make_shared<CTargets>();
@@ -37,12 +38,12 @@ protected:
 };
 
 TEST_F(SitemapReader, IndexLocalValuesLoseTheirAnchorsAndRepeats) {
-    const std::string file = dir.Write(
-        "x.hhk", "<HTML><BODY><UL>\r\n" +
-                     Entry("\t\t<param name=\"Local\" value=\"html\\hs1.htm#a\">\r\n") +
-                     Entry("\t\t<param name=\"Local\" value=\"HTML\\HS1.htm\">\r\n") +
-                     Entry("\t\t<param name=\"local\" value=\" html/hs2.htm \">\r\n") +
-                     "</UL></BODY></HTML>\r\n");
+    const std::string file =
+        dir.Write("x.hhk", "<HTML><BODY><UL>\r\n" +
+                               Entry("\t\t<param name=\"Local\" value=\"html\\hs1.htm#a\">\r\n") +
+                               Entry("\t\t<param name=\"Local\" value=\"HTML\\HS1.htm\">\r\n") +
+                               Entry("\t\t<param name=\"local\" value=\" html/hs2.htm \">\r\n") +
+                               "</UL></BODY></HTML>\r\n");
     EXPECT_TRUE(ParseIndexFile(file));
     EXPECT_EQ(Names(*modGlobals::IndexTargets),
               (std::vector<std::string>{"html\\hs1.htm", "html/hs2.htm"}));
@@ -51,7 +52,9 @@ TEST_F(SitemapReader, IndexLocalValuesLoseTheirAnchorsAndRepeats) {
 
 TEST_F(SitemapReader, AnObjectWithTwoLocalParametersGivesBoth) {
     const std::string file = dir.Write(
-        "t.hhc", Entry("<param name=\"Local\" value=\"a.htm\"><param name=\"Local\" value=\"b.htm#q\">\r\n"));
+        "t.hhc",
+        Entry(
+            "<param name=\"Local\" value=\"a.htm\"><param name=\"Local\" value=\"b.htm#q\">\r\n"));
     EXPECT_TRUE(ParseContentsFile(file));
     EXPECT_EQ(Names(*modGlobals::ContentsTargets), (std::vector<std::string>{"a.htm", "b.htm"}));
 }
@@ -70,12 +73,13 @@ TEST_F(SitemapReader, MalformedParametersEndTheirObjectWithoutHanging) {
 }
 
 TEST_F(SitemapReader, ContentsAlsoCollectsPlainLinks) {
-    const std::string file = dir.Write(
-        "c.hhc", Entry("<param name=\"Local\" value=\"a.htm\">\r\n") +
-                     "<P><A HREF=\"A.HTM#top\">again</A> <A HREF=\"extra.htm\">x</A>\r\n"
-                     "<A NAME=\"n\">no link</A>\r\n");
+    const std::string file =
+        dir.Write("c.hhc", Entry("<param name=\"Local\" value=\"a.htm\">\r\n") +
+                               "<P><A HREF=\"A.HTM#top\">again</A> <A HREF=\"extra.htm\">x</A>\r\n"
+                               "<A NAME=\"n\">no link</A>\r\n");
     EXPECT_TRUE(ParseContentsFile(file));
-    EXPECT_EQ(Names(*modGlobals::ContentsTargets), (std::vector<std::string>{"a.htm", "extra.htm"}));
+    EXPECT_EQ(Names(*modGlobals::ContentsTargets),
+              (std::vector<std::string>{"a.htm", "extra.htm"}));
 }
 
 TEST_F(SitemapReader, MissingFiles) {

@@ -9,7 +9,7 @@ namespace tamrix::modParser {
 namespace {
 
 class TagReaders : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { modGlobals::ResetAll(); }
     void TearDown() override { modGlobals::ResetAll(); }
 
@@ -31,7 +31,8 @@ TEST_F(TagReaders, AnchorSplitOverLinesIsJoinedWithSpaces) {
 }
 
 TEST_F(TagReaders, TwoAnchorsOnOneLineComeInTwoCalls) {
-    TextReader s = Stream("<P><A HREF=\"a.htm\">x</A> <a href=\"b.htm\">y</a></P>\n<A NAME=\"z\"></A>");
+    TextReader s =
+        Stream("<P><A HREF=\"a.htm\">x</A> <a href=\"b.htm\">y</a></P>\n<A NAME=\"z\"></A>");
     EXPECT_EQ(HTMLAnchor(s), "<A HREF=\"a.htm\">x</A>");
     EXPECT_EQ(modGlobals::PendingAnchorText.empty(), false);
     EXPECT_EQ(HTMLAnchor(s), "<a href=\"b.htm\">y</a>");
@@ -55,8 +56,9 @@ TEST_F(TagReaders, PendingTextSetElsewhereIsTakenWhole) {
 }
 
 TEST_F(TagReaders, OnlyTheFirstAreaOfALineIsFound) {
-    TextReader s = Stream("<AREA SHAPE=rect HREF=\"a.htm\"> <AREA HREF=\"b.htm\">\n"
-                          "<area\nhref=\"c.htm\"\n>\n");
+    TextReader s = Stream(
+        "<AREA SHAPE=rect HREF=\"a.htm\"> <AREA HREF=\"b.htm\">\n"
+        "<area\nhref=\"c.htm\"\n>\n");
     EXPECT_EQ(HTMLArea(s), "<AREA SHAPE=rect HREF=\"a.htm\">");
     EXPECT_EQ(HTMLArea(s), "<area href=\"c.htm\" >");
     EXPECT_EQ(modGlobals::AreaState, 2);
@@ -65,8 +67,9 @@ TEST_F(TagReaders, OnlyTheFirstAreaOfALineIsFound) {
 }
 
 TEST_F(TagReaders, ObjectRunsToItsEndTag) {
-    TextReader s = Stream("<LI> <OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"a.htm\">\n"
-                          "</OBJECT>\n<OBJECT>never closed\n");
+    TextReader s = Stream(
+        "<LI> <OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"a.htm\">\n"
+        "</OBJECT>\n<OBJECT>never closed\n");
     EXPECT_EQ(HTMLObject(s),
               "<OBJECT type=\"text/sitemap\"> <param name=\"Local\" value=\"a.htm\"> </OBJECT>");
     EXPECT_EQ(HTMLObject(s), "");

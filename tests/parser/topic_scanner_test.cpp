@@ -10,7 +10,7 @@ namespace tamrix::modParser {
 namespace {
 
 class TopicScanner : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { modGlobals::ResetAll(); }
     void TearDown() override { modGlobals::ResetAll(); }
 
@@ -100,8 +100,7 @@ TEST_F(TopicScanner, ParseTopicFileCollectsTargetsExtraIdsAndHotspots) {
 }
 
 TEST_F(TopicScanner, FileWithoutHeadEndIsNoTopic) {
-    const std::string file =
-        dir.Write("n.htm", "<HEAD><TITLE>T</TITLE>\n<BODY><A NAME=\"n\"></A>");
+    const std::string file = dir.Write("n.htm", "<HEAD><TITLE>T</TITLE>\n<BODY><A NAME=\"n\"></A>");
     std::string title, id, targets, extras;
     int hotspots = 0;
     EXPECT_FALSE(ParseTopicFile(file, title, id, targets, hotspots, extras));

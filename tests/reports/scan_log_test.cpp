@@ -14,13 +14,17 @@
 namespace tamrix::modUtilities {
 namespace {
 
-std::string Sp(std::size_t n) { return std::string(n, ' '); }
+std::string Sp(std::size_t n) {
+    return std::string(n, ' ');
+}
 
 // A full-width table line from pieces already laid out.
-std::string Wide(const std::string& text) { return text + Sp(144 - text.size()); }
+std::string Wide(const std::string& text) {
+    return text + Sp(144 - text.size());
+}
 
 class ScanLog : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         setenv("SOURCE_DATE_EPOCH", "0", 1);
         modGlobals::ResetAll();
@@ -55,7 +59,8 @@ protected:
         EXPECT_TRUE(text.size() >= 2 && text.substr(text.size() - 2) == "\r\n");
         std::vector<std::string> lines;
         std::size_t start = 0;
-        for (std::size_t end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
+        for (std::size_t end; (end = text.find("\r\n", start)) != std::string::npos;
+             start = end + 2)
             lines.push_back(text.substr(start, end - start));
         return lines;
     }
@@ -129,8 +134,9 @@ TEST_F(ScanLog, WarningsForAnInterruptedScanAndMissingFiles) {
     wizard.ScanComplete = false;
     wizard.MissingCount = 1;
     auto lines = Lines();
-    EXPECT_EQ(lines[12], " WARNING: The scan of the project file was interrupted. Not all files may "
-                         "have been scanned.");
+    EXPECT_EQ(lines[12],
+              " WARNING: The scan of the project file was interrupted. Not all files may "
+              "have been scanned.");
     EXPECT_EQ(lines[13], " WARNING: 1 topic file was not found.");
     wizard.ScanComplete = true;
     wizard.MissingCount = 3;
