@@ -1,37 +1,136 @@
 #include "parser/tag_readers.h"
 
+#include "model/project_state.h"
+#include "parser/line_joining.h"
 #include "platform/byte_text.h"
 #include "platform/program_error.h"
 
 namespace tamrix::modParser {
 namespace {
 
-// The trimmed text between the first two double quotes after `keyword`;
-// `missingQuotePlace` is reported when a quote is missing.
+// The trimmed text between the first two double quotes after `keyword`; the
+// place named by `missingQuotePlace(tag)` is reported when a quote is missing.
+template <class Place>
 std::string QuotedValueAfter(std::string_view tag, std::string_view keyword,
-                             const std::string& missingQuotePlace) {
+                             Place missingQuotePlace) {
     const std::size_t key = FindNoCase(tag, keyword);
     if (key == kNotFound) return {};
     const std::string_view rest = tag.substr(key + keyword.size());
     const std::size_t open = rest.find('"');
     const std::size_t close = open == std::string_view::npos ? open : rest.find('"', open + 1);
     if (close == std::string_view::npos) {
-        ReportProgramError(0, missingQuotePlace);
+        ReportProgramError(0, missingQuotePlace(tag));
         return {};
     }
     return Trim(rest.substr(open + 1, close - open - 1));
 }
 
+// The pending anchor text is handed from call to call without copying it: the
+// buffer stays in PendingAnchorText and only where it starts moves on, so a long
+// line full of anchors is read in linear time. The buffer is recognised by its
+// address and size; text put there by anyone else is taken whole.
+struct PendingMark {
+    const char* data = nullptr;
+    std::size_t size = 0;
+    std::size_t start = 0;
+};
+PendingMark g_pending;
+
+std::size_t PendingStart() {
+    const std::string& text = modGlobals::PendingAnchorText;
+    if (text.data() == g_pending.data && text.size() == g_pending.size &&
+        g_pending.start < text.size() &&
+        StartsWithNoCase(std::string_view(text).substr(g_pending.start), "<A"))
+        return g_pending.start;
+    return 0;
+}
+
+void KeepPending(std::string&& buffer, std::size_t start) {
+    modGlobals::PendingAnchorText = std::move(buffer);
+    g_pending = {modGlobals::PendingAnchorText.data(), modGlobals::PendingAnchorText.size(), start};
+}
+
+// Reads lines until one holds `keyword`; that line goes into `line` and the
+// keyword's position is returned, or kNotFound at the end of the stream.
+std::size_t ReadToLineWith(TextReader& stream, std::string& line, std::string_view keyword) {
+    while (stream.ReadLine(line)) {
+        const std::size_t at = FindNoCase(line, keyword);
+        if (at != kNotFound) return at;
+    }
+    return kNotFound;
+}
+
+// The text from the line holding `open` up to and including `close`, or empty.
+std::string ReadTag(TextReader& stream, std::string_view open, std::string_view close, int& state) {
+    state = 0;
+    std::string line;
+    const std::size_t at = ReadToLineWith(stream, line, open);
+    if (at == kNotFound) return {};
+    state = 1;
+    std::string text = line.substr(at);
+    text += ' ';
+    const std::size_t end = JoinLinesUntil(stream, text, close, 0);
+    if (end == kNotFound) return {};
+    state = 2;
+    text.resize(end + close.size());
+    return text;
+}
+
 }  // namespace
 
 std::string HTMLHrefTarget(std::string_view tag) {
-    return QuotedValueAfter(tag, "HREF=",
-                            "Missing quotes in HREF string " + std::string(tag) +
-                                " in:modParser:HTMLHrefTarget");
+    return QuotedValueAfter(tag, "HREF=", [](std::string_view t) {
+        return "Missing quotes in HREF string " + std::string(t) + " in:modParser:HTMLHrefTarget";
+    });
 }
 
 std::string HTMLAnchorName(std::string_view tag) {
-    return QuotedValueAfter(tag, "NAME=", "modParser:HTMLAnchorName");
+    return QuotedValueAfter(
+        tag, "NAME=", [](std::string_view) { return std::string("modParser:HTMLAnchorName"); });
+}
+
+std::string HTMLAnchor(TextReader& stream) {
+    return Guarded("modParser:HTMLAnchor", std::string(), [&] {
+        std::string text;
+        std::size_t from = 0;
+        if (!modGlobals::PendingAnchorText.empty()) {
+            from = PendingStart();
+            text = std::move(modGlobals::PendingAnchorText);
+            modGlobals::PendingAnchorText.clear();
+        } else {
+            from = ReadToLineWith(stream, text, "<A");
+            if (from == kNotFound) return std::string();
+            text += ' ';
+        }
+        modGlobals::AnchorState = 1;
+        const std::size_t close = JoinLinesUntil(stream, text, "</A>", from);
+        if (close == kNotFound) return std::string();
+        const std::size_t end = close + 4;
+        std::string anchor = text.substr(from, end - from);
+        const std::size_t next = FindNoCase(text, "<A", end);
+        if (next != kNotFound) {
+            KeepPending(std::move(text), next);
+        } else {
+            modGlobals::PendingAnchorText.clear();
+        }
+        modGlobals::AnchorState = 2;
+        return anchor;
+    });
+}
+
+std::string HTMLArea(TextReader& stream) {
+    return Guarded("modParser:HTMLArea", std::string(),
+                   [&] { return ReadTag(stream, "<AREA", ">", modGlobals::AreaState); });
+}
+
+std::string HTMLObject(TextReader& stream) {
+    return Guarded("modParser:HTMLObject", std::string(), [&] {
+        return ReadTag(stream, "<OBJECT", "</OBJECT>", modGlobals::ObjectState);
+    });
+}
+
+bool CTargetExists(const CTargets& targets, std::string_view target) {
+    return targets.ContainsNoCase(target);
 }
 
 }  // namespace tamrix::modParser

@@ -1,0 +1,215 @@
+#include "parser/project_reader.h"
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "parser/topic_scanner.h"
+#include "platform/byte_text.h"
+#include "platform/counter16.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "platform/profile.h"
+#include "platform/program_error.h"
+
+namespace tamrix::modParser {
+namespace {
+
+// Reads trimmed lines up to and including the one that holds "[FILES]"; false
+// when there is none.
+bool SkipToFilesSection(TextReader& reader) {
+    std::string line;
+    while (reader.ReadLine(line)) {
+        if (ContainsNoCase(Trim(line), "[FILES]")) return true;
+    }
+    return false;
+}
+
+// The non-empty lines of the [FILES] section, up to the next section or the end.
+std::vector<std::string> FilesSectionEntries(const std::string& projectFile) {
+    std::vector<std::string> entries;
+    TextReader reader(projectFile);
+    if (!SkipToFilesSection(reader)) return entries;
+    Counter16 htmLines;  // counted as the reader always has; 16-bit like every counter
+    std::string line;
+    while (reader.ReadLine(line)) {
+        line = Trim(line);
+        if (line.find('[') != std::string::npos) break;
+        if (line.empty()) continue;
+        if (ContainsNoCase(line, ".htm")) ++htmLines;
+        entries.push_back(line);
+    }
+    return entries;
+}
+
+// Topic files already read, by their (possibly renamed) topic ID. Duplicate IDs
+// compare with regard to case.
+using ContextIndex = std::unordered_map<std::string, std::vector<std::shared_ptr<CTopicFile>>>;
+
+// Renames the topic ID of `topic` once for every earlier topic file whose ID equals
+// the ID as found, counting renames in `duplicates` across the whole read.
+void RenameDuplicateID(CTopicFile& topic, const ContextIndex& byContext, Counter16& duplicates) {
+    const std::string found = topic.Context;
+    if (found.empty()) return;
+    const auto it = byContext.find(found);
+    if (it == byContext.end()) return;
+    for (const auto& other : it->second) {
+        ++duplicates;
+        topic.Context = found + "_" + std::to_string(duplicates.Value());
+        topic.NewFileName = topic.Context + ".htm";
+        modGlobals::RenamedTopicIDs +=
+            modMessages::GetMessageString(10066, found, topic.Context) + "^";
+        topic.Comment = "Duplicate Topic Id: File and Topic ID renamed from \"" +
+                        other->NewFileName + "\" to \"" + topic.NewFileName + "\"";
+    }
+}
+
+std::string OptionsFileName(const std::string& projectFile, const char* key) {
+    std::string value;
+    profile::GetString(projectFile, "OPTIONS", key, "!!!!", value);
+    if (value.empty() || value == "!!!!") return {};
+    return modUtilities::MakeFullPathforFile(modUtilities::FilePathOnly(projectFile), value);
+}
+
+}  // namespace
+
+bool OpenProjectFile(WizardState& wizard, const std::string& projectFile, int& htmCount) {
+    htmCount = 0;
+    return Guarded("modParser:OpenProjectFile", false, [&] {
+        if (!modUtilities::FileExists(projectFile)) {
+            modMessages::ShowMessage(modMessages::GetMessageString(10069, projectFile),
+                                     mb::kExclamation, "Opening HTML Project File", wizard.Box(),
+                                     10069);
+            return false;
+        }
+        TextReader reader(projectFile);
+        if (!SkipToFilesSection(reader)) {
+            modMessages::ShowMessage(modMessages::GetMessageString(5004), mb::kOKOnly,
+                                     "Opening Project File", wizard.Box(), 5004);
+            return false;
+        }
+        Counter16 count;
+        bool result = false;
+        bool sectionEnded = false;
+        std::string line;
+        while (reader.ReadLine(line)) {
+            line = Trim(line);
+            if (line.find('[') != std::string::npos) {
+                sectionEnded = true;
+                break;
+            }
+            if (ContainsNoCase(line, ".htm")) ++count;
+        }
+        htmCount = count;
+        result = sectionEnded || htmCount >= 1;
+        if (result) wizard.DisplayTopicCount = std::to_string(htmCount);
+        return result;
+    });
+}
+
+bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& missingCount,
+                      bool& stopped) {
+    return Guarded("modParser:ParseProjectFile", false, [&] {
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        modGlobals::RenamedTopicIDs.clear();
+        CTopicFiles& topicFiles = *modGlobals::TopicFiles;
+        const std::string folder = modUtilities::FilePathOnly(projectFile);
+
+        const std::vector<std::string> entries = FilesSectionEntries(projectFile);
+        if (entries.empty()) return true;
+        modUtilities::InitializeProgressBar(wizard,
+                                            Counter16::Checked(static_cast<long>(entries.size())),
+                                            "Scanning Old Project Files ...");
+
+        Counter16 missing = missingCount;
+        Counter16 duplicates;
+        ContextIndex byContext;
+        bool stoppedHere = false;
+        long position = 0;
+        for (const std::string& entry : entries) {
+            ++position;
+            const std::string fullPath = modUtilities::MakeFullPathforFile(folder, entry);
+            if (!modUtilities::FileExists(fullPath)) {
+                ++missing;
+                missingCount = missing;
+                const int answer = modMessages::AskMessage(
+                    modMessages::GetMessageString(10044, fullPath), mb::kYesNo,
+                    "Scanning Project File", wizard.Box(), 10044);
+                if (answer != mb::kYes) {
+                    stoppedHere = true;
+                    break;
+                }
+                modUtilities::UpdateProgressBar(wizard, position);
+                continue;
+            }
+            if (!EqualsNoCase(FileExtension(entry), "htm")) {
+                modUtilities::UpdateProgressBar(wizard, position);
+                continue;
+            }
+
+            std::string title;
+            std::string topicId;
+            std::string targets;
+            std::string extraIds;
+            int hotspots = 0;
+            if (!ParseTopicFile(fullPath, title, topicId, targets, hotspots, extraIds)) {
+                modUtilities::UpdateProgressBar(wizard, position);
+                continue;
+            }
+            if (!topicId.empty() && ContainsNoCase(entry, topicId)) {
+                const int answer =
+                    modMessages::AskMessage(modMessages::GetMessageString(10005, entry), mb::kYesNo,
+                                            "Parsing HTMl Project File", wizard.Box(), 10005);
+                if (answer != mb::kYes) return false;
+            }
+
+            auto topic = std::make_shared<CTopicFile>();
+            topic->AutoNamePath = entry;
+            topic->AutoFileName = modUtilities::FileNameNoPath(entry);
+            topic->Context = topicId;
+            topic->TopicTitle = title;
+            topic->NewFileName = topicId.empty() ? topic->AutoFileName : topicId + ".htm";
+            topic->ExtraIds = extraIds;
+            if (!targets.empty()) {
+                for (const std::string& target : Split(targets, '^')) {
+                    if (!topic->targets().ContainsNoCase(target)) topic->targets().Add(target);
+                }
+                topic->HotSpotCount = hotspots;
+            }
+            topic->HasTitle = !EqualsNoCase(title, "(Untitled)");
+            RenameDuplicateID(*topic, byContext, duplicates);
+
+            if (topicFiles.Find(topic->AutoFileName) != nullptr) {
+                modMessages::ShowMessage(modMessages::GetMessageString(10056, topic->AutoFileName),
+                                         mb::kInformation, "Parsing HTML Project File",
+                                         wizard.Box(), 10056);
+            } else {
+                topicFiles.Add(topic, topic->AutoFileName);
+                if (!topic->Context.empty()) byContext[topic->Context].push_back(topic);
+            }
+            modUtilities::UpdateProgressBar(wizard, position);
+        }
+
+        if (stoppedHere) {
+            wizard.SetProgressCaption(
+                "Stopped scan. " + std::to_string(missing.Value()) +
+                (missing == 1 ? " topic file not found." : " topic files not found."));
+            stopped = true;
+        }
+        return true;
+    });
+}
+
+std::string GetIndexFileName(const std::string& projectFile) {
+    return Guarded("modParser:GetIndexFileName", std::string(),
+                   [&] { return OptionsFileName(projectFile, "Index File"); });
+}
+
+std::string GetContentsFileName(const std::string& projectFile) {
+    return Guarded("modParser:GetContentsFileName", std::string(),
+                   [&] { return OptionsFileName(projectFile, "Contents File"); });
+}
+
+}  // namespace tamrix::modParser

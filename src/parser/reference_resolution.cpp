@@ -1,0 +1,144 @@
+#include "parser/reference_resolution.h"
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "platform/byte_text.h"
+#include "platform/format.h"
+#include "platform/program_error.h"
+
+namespace tamrix::modUtilities {
+namespace {
+
+constexpr int kObjectNotSet = 91;
+
+// For each context name (folded), the topic files that carry it as topic ID or
+// extra ID, with how many times each does.
+using NameIndex = std::unordered_map<std::string, std::vector<std::pair<CTopicFile*, int>>>;
+
+void NoteName(NameIndex& index, std::string_view name, CTopicFile* topic) {
+    auto& uses = index[Fold(name)];
+    if (!uses.empty() && uses.back().first == topic) {
+        ++uses.back().second;
+    } else {
+        uses.emplace_back(topic, 1);
+    }
+}
+
+NameIndex IndexTopicNames(const CTopicFiles& topicFiles) {
+    NameIndex index;
+    for (const auto& topic : topicFiles) {
+        NoteName(index, topic->Context, topic.get());
+        for (const std::string& extra : Split(topic->ExtraIds, '^'))
+            NoteName(index, extra, topic.get());
+    }
+    return index;
+}
+
+void CountDefinitions(const CContextIDs& definitions, const NameIndex& index,
+                      WizardState* progress) {
+    long position = 0;
+    for (const auto& definition : definitions) {
+        const auto it = index.find(Fold(definition->ContextString));
+        if (it != index.end()) {
+            for (const auto& [topic, uses] : it->second) topic->ExternalReferences += uses;
+        }
+        if (progress != nullptr) UpdateProgressBar(*progress, ++position);
+    }
+}
+
+}  // namespace
+
+bool UpdateInternalReferences(WizardState& wizard) {
+    return Guarded("modUtilities:UpdateInternalReferences", false, [&] {
+        if (!modGlobals::TopicFiles) return true;
+        const CTopicFiles& topicFiles = *modGlobals::TopicFiles;
+        std::shared_ptr<CTopicFile> previous;
+        for (const auto& topic : topicFiles) {
+            for (const auto& target : topic->targets()) {
+                const std::string file(Before(target->TargetString, '#'));
+                if (file.empty()) continue;
+                if (auto found = topicFiles.Find(file)) {
+                    found->InternalReferences += 1;
+                    previous = std::move(found);
+                    continue;
+                }
+                const int answer = modMessages::AskMessage(
+                    modMessages::GetMessageString(10052, file), mb::kOKCancel,
+                    "Checking internal references to topic files", wizard.Box(), 10052);
+                if (answer == mb::kCancel) return false;
+                // The unresolved link is counted for the file of the last link that resolved.
+                if (!previous) RaiseError(kObjectNotSet);
+                previous->InternalReferences += 1;
+            }
+        }
+        return true;
+    });
+}
+
+bool CheckProjectValidity(const CTopicFiles* topicFiles) {
+    return Guarded("modUtilities:CheckProjectValidity", false, [&] {
+        long withoutId = 0;
+        long total = 0;
+        if (topicFiles != nullptr) {
+            for (const auto& topic : *topicFiles) {
+                ++total;
+                if (topic->Context.empty()) ++withoutId;
+            }
+        }
+        if (withoutId * 4 <= total) return true;
+        const int answer = modMessages::AskMessage(
+            modMessages::GetMessageString(10023, SignedText(withoutId), SignedText(total)),
+            mb::kYesNo | mb::kQuestion, "HTML Project Check", {}, 10023);
+        return answer == mb::kYes;
+    });
+}
+
+bool CountExternalReferences(WizardState& wizard) {
+    return Guarded("modUtilities:CountExternalReferences", false, [&] {
+        if (!modGlobals::TopicFiles) return true;
+        const NameIndex index = IndexTopicNames(*modGlobals::TopicFiles);
+        if (modGlobals::MapContextIDs) {
+            InitializeProgressBar(wizard, modGlobals::MapContextIDs->Count(),
+                                  "Setting External References ...");
+            CountDefinitions(*modGlobals::MapContextIDs, index, &wizard);
+        }
+        if (modGlobals::ProjectContextIDs)
+            CountDefinitions(*modGlobals::ProjectContextIDs, index, nullptr);
+        return true;
+    });
+}
+
+bool UpdateExternalReferences(WizardState& wizard) {
+    return Guarded("modUtilities:UpdateExternalReferences", false, [&] {
+        if (!modGlobals::MapContextIDs || !modGlobals::TopicFiles) return true;
+        InitializeProgressBar(wizard, modGlobals::MapContextIDs->Count(),
+                              "Updating External Reference Values ...");
+        long position = 0;
+        for (const auto& definition : *modGlobals::MapContextIDs) {
+            if (definition->FileDefined) {
+                if (auto topic =
+                        modGlobals::TopicFiles->FirstWithContext(definition->ContextString))
+                    topic->ContextIDValueString = definition->ContextID;
+            }
+            UpdateProgressBar(wizard, ++position);
+        }
+        return true;
+    });
+}
+
+int UntitledTopics(const CTopicFiles* topicFiles) {
+    return Guarded("modUtilities:UntitledTopics", 0, [&] {
+        Counter16 count;
+        if (topicFiles != nullptr) {
+            for (const auto& topic : *topicFiles)
+                if (!topic->HasTitle) ++count;
+        }
+        return count.Value();
+    });
+}
+
+}  // namespace tamrix::modUtilities

@@ -1,0 +1,140 @@
+#include "parser/topic_scanner.h"
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "parser/line_joining.h"
+#include "parser/tag_readers.h"
+#include "platform/byte_text.h"
+#include "platform/counter16.h"
+#include "platform/program_error.h"
+
+namespace tamrix::modParser {
+namespace {
+
+void AppendListItem(std::string& list, std::string_view item) {
+    if (!list.empty()) list += '^';
+    list += item;
+}
+
+}  // namespace
+
+std::string HTMLHeader(TextReader& stream) {
+    return Guarded("modParser:HTMLHeader", std::string(), [&] {
+        modGlobals::HeadState = 0;
+        std::string line;
+        bool found = false;
+        while (stream.ReadLine(line)) {
+            if (ContainsNoCase(line, "<HEAD")) {
+                found = true;
+                break;
+            }
+        }
+        if (!found) return std::string();
+        modGlobals::HeadState = 1;
+        std::string text = line + ' ';
+        if (JoinLinesUntil(stream, text, "</HEAD>", 0) == kNotFound) return std::string();
+        modGlobals::HeadState = 2;
+        return text;
+    });
+}
+
+bool ExtractTopicTitle(std::string_view head, std::string& title) {
+    title.clear();
+    return Guarded("modParser:ExtractTopicTitle", false, [&] {
+        const std::size_t open = FindNoCase(head, "<TITLE>");
+        if (open == kNotFound) {
+            modMessages::ShowMessage(modMessages::GetMessageString(5003), mb::kOKOnly,
+                                     "ExtractTopicTitle", {}, 5003);
+            return false;
+        }
+        const std::size_t start = open + 7;
+        const std::size_t close = FindNoCase(head, "</TITLE>", start);
+        if (close == kNotFound) RaiseError(err::kInvalidCall, "TITLE never closes");
+        title = Trim(head.substr(start, close - start));
+        return !title.empty();
+    });
+}
+
+bool FindContextID(TextReader& stream, std::string& topicId) {
+    topicId.clear();
+    return Guarded("modParser:FindContextID", false, [&] {
+        modGlobals::BodyState = 0;
+        std::string line;
+        while (stream.ReadLine(line)) {
+            if (modGlobals::BodyState == 0) {
+                if (!ContainsNoCase(line, "<BODY")) continue;
+                modGlobals::BodyState = 1;
+            }
+            const std::size_t a = FindNoCase(line, "<A");
+            if (a == kNotFound) continue;
+            // "<ABBR", "<ADDRESS" and the like pass the whole line over.
+            if (a + 2 < line.size() && line[a + 2] != ' ') continue;
+            std::string text = line.substr(a);
+            text += ' ';
+            JoinLinesUntil(stream, text, "</A>", 0);
+            modGlobals::BodyState = 2;
+            const std::size_t name = FindNoCase(text, "NAME=");
+            if (name == kNotFound) return true;
+            // The ID runs from after the assumed opening quote to before the
+            // assumed closing quote in front of the first ">".
+            const std::size_t gt = text.find('>');
+            if (gt == std::string::npos || gt < name + 7)
+                RaiseError(err::kInvalidCall, "Malformed anchor name");
+            topicId = Trim(std::string_view(text).substr(name + 6, gt - name - 7));
+            return true;
+        }
+        return true;
+    });
+}
+
+bool FindContextID(const std::string& file, std::string& topicId) {
+    topicId.clear();
+    return Guarded("modParser:FindContextID", false, [&] {
+        TextReader stream(file);
+        return FindContextID(stream, topicId);
+    });
+}
+
+bool ParseTopicFile(const std::string& file, std::string& title, std::string& topicId,
+                    std::string& targets, int& hotspots, std::string& extraIds) {
+    title.clear();
+    topicId.clear();
+    targets.clear();
+    extraIds.clear();
+    hotspots = 0;
+    return Guarded("modParser:ParseTopicFile", false, [&] {
+        const std::string content = SharedFileSystem().ReadAll(file);
+        TextReader stream;
+        stream.OpenText(content);
+        const bool ok = ExtractTopicTitle(HTMLHeader(stream), title);
+
+        stream.OpenText(content);
+        FindContextID(stream, topicId);  // a missing or malformed ID never fails the file
+
+        stream.OpenText(content);
+        modGlobals::PendingAnchorText.clear();
+        for (std::string anchor = HTMLAnchor(stream); !anchor.empty();
+             anchor = HTMLAnchor(stream)) {
+            const std::string target = HTMLHrefTarget(anchor);
+            if (!target.empty()) {
+                AppendListItem(targets, target);
+                continue;
+            }
+            const std::string name = HTMLAnchorName(anchor);
+            if (!name.empty() && !EqualsNoCase(name, topicId)) AppendListItem(extraIds, name);
+        }
+
+        stream.OpenText(content);
+        Counter16 spots;
+        for (std::string area = HTMLArea(stream); !area.empty(); area = HTMLArea(stream)) {
+            const std::string target = HTMLHrefTarget(area);
+            if (target.empty()) continue;
+            ++spots;
+            AppendListItem(targets, target);
+        }
+        hotspots = spots;
+        return ok;
+    });
+}
+
+}  // namespace tamrix::modParser

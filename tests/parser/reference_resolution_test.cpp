@@ -1,0 +1,133 @@
+#include "parser/reference_resolution.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "model/project_state.h"
+#include "support/scripted_view.h"
+
+namespace tamrix::modUtilities {
+namespace {
+
+class ReferenceResolution : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        modGlobals::ResetAll();
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    }
+    void TearDown() override { modGlobals::ResetAll(); }
+
+    std::shared_ptr<CTopicFile> Add(const std::string& file, const std::string& context,
+                                    std::vector<std::string> targets = {},
+                                    const std::string& extras = {}) {
+        auto topic = std::make_shared<CTopicFile>();
+        topic->AutoNamePath = "html\\" + file;
+        topic->AutoFileName = file;
+        topic->Context = context;
+        topic->ExtraIds = extras;
+        for (const auto& t : targets) topic->targets().Add(t);
+        modGlobals::TopicFiles->Add(topic, file);
+        return topic;
+    }
+
+    testing::ScriptedView view;
+    ScopedActiveView active{view};
+    WizardState wizard{&view};
+};
+
+TEST_F(ReferenceResolution, LinksCountForTheFileTheyReach) {
+    auto a = Add("a.htm", "A", {"B.HTM#x", "b.htm#y", "#self", "a.htm"});
+    auto b = Add("b.htm", "B", {"a.htm#top"});
+    EXPECT_TRUE(UpdateInternalReferences(wizard));
+    EXPECT_EQ(b->InternalReferences, 2);  // two targets that differ in text
+    EXPECT_EQ(a->InternalReferences, 2);
+    EXPECT_TRUE(view.messages.empty());
+}
+
+TEST_F(ReferenceResolution, UnresolvedLinksCountForThePreviousLookup) {
+    auto a = Add("a.htm", "A", {"b.htm", "http://x.org/page.htm#p", "c.htm"});
+    auto b = Add("b.htm", "B");
+    view.answersById[10052] = mb::kOK;
+    EXPECT_TRUE(UpdateInternalReferences(wizard));
+    EXPECT_EQ(b->InternalReferences, 3);
+    ASSERT_EQ(view.MessageIds(), (std::vector<long>{10052, 10052}));
+    EXPECT_EQ(view.messages[0].style, mb::kOKCancel);
+    EXPECT_EQ(view.messages[0].title, "Checking internal references to topic files");
+    EXPECT_NE(view.messages[0].text.find("http://x.org/page.htm "), std::string::npos);
+    EXPECT_EQ(view.messages[0].text.find("#p"), std::string::npos);
+
+    view.answersById[10052] = mb::kCancel;
+    EXPECT_FALSE(UpdateInternalReferences(wizard));
+    EXPECT_TRUE(view.errors.empty());
+    EXPECT_EQ(a->InternalReferences, 0);
+}
+
+TEST_F(ReferenceResolution, AnUnresolvedFirstLinkIsAnError) {
+    Add("a.htm", "A", {"missing.htm", "a.htm"});
+    view.answersById[10052] = mb::kOK;
+    EXPECT_FALSE(UpdateInternalReferences(wizard));
+    ASSERT_EQ(view.errors.size(), 1u);
+    EXPECT_NE(view.errors[0].first.find("modUtilities:UpdateInternalReferences"),
+              std::string::npos);
+}
+
+TEST_F(ReferenceResolution, ValidityAsksWhenMoreThanAQuarterLackAnId) {
+    Add("a.htm", "");
+    for (int i = 0; i < 3; ++i) Add("t" + std::to_string(i) + ".htm", "T" + std::to_string(i));
+    EXPECT_TRUE(CheckProjectValidity(modGlobals::TopicFiles.get()));
+    EXPECT_TRUE(view.messages.empty());
+
+    modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    for (int i = 0; i < 7; ++i)
+        Add("u" + std::to_string(i) + ".htm", i < 2 ? "" : "U" + std::to_string(i));
+    EXPECT_FALSE(CheckProjectValidity(modGlobals::TopicFiles.get()));
+    ASSERT_EQ(view.MessageIds(), std::vector<long>{10023});
+    EXPECT_EQ(view.messages[0].title, "HTML Project Check");
+    EXPECT_EQ(view.messages[0].style & 7, mb::kYesNo);
+    EXPECT_NE(view.messages[0].text.find("includes  2 .htm files"), std::string::npos);
+    EXPECT_NE(view.messages[0].text.find("total of  7 .htm"), std::string::npos);
+    view.answersById[10023] = mb::kYes;
+    EXPECT_TRUE(CheckProjectValidity(modGlobals::TopicFiles.get()));
+    EXPECT_TRUE(CheckProjectValidity(nullptr));
+}
+
+TEST_F(ReferenceResolution, ExternalReferencesCountTopicIdsAndExtraIds) {
+    auto a = Add("a.htm", "idh_main", {}, "IDH_SUB^other^idh_sub");
+    auto b = Add("b.htm", "IDH_SUB");
+    auto c = Add("c.htm", "");
+    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::MapContextIDs->Add("IDH_MAIN", "1", "IDH_MAIN");
+    modGlobals::MapContextIDs->Add("idh_sub", "2", "idh_sub");
+    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::ProjectContextIDs->Add("IDH_MAIN", "1", "IDH_MAIN");
+    EXPECT_TRUE(CountExternalReferences(wizard));
+    EXPECT_EQ(a->ExternalReferences, 4);  // main twice, sub twice as an extra ID
+    EXPECT_EQ(b->ExternalReferences, 1);
+    EXPECT_EQ(c->ExternalReferences, 0);
+    EXPECT_EQ(view.Captions().front(), "Setting External References ...");
+}
+
+TEST_F(ReferenceResolution, ValuesGoToTheFirstTopicOfADefinedContext) {
+    auto a = Add("a.htm", "IDH_X");
+    auto b = Add("b.htm", "idh_x");
+    auto c = Add("c.htm", "IDH_Y");
+    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::MapContextIDs->Add("idh_X", "&H10", "idh_X")->FileDefined = true;
+    modGlobals::MapContextIDs->Add("IDH_Y", "7", "IDH_Y");
+    EXPECT_TRUE(UpdateExternalReferences(wizard));
+    EXPECT_EQ(a->ContextIDValueString, "&H10");
+    EXPECT_EQ(b->ContextIDValueString, "");
+    EXPECT_EQ(c->ContextIDValueString, "");
+}
+
+TEST_F(ReferenceResolution, UntitledTopicsCount) {
+    Add("a.htm", "A")->HasTitle = true;
+    Add("b.htm", "B");
+    Add("c.htm", "C");
+    EXPECT_EQ(UntitledTopics(modGlobals::TopicFiles.get()), 2);
+    EXPECT_EQ(UntitledTopics(nullptr), 0);
+}
+
+}  // namespace
+}  // namespace tamrix::modUtilities

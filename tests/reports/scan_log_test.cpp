@@ -1,0 +1,244 @@
+#include "reports/scan_log.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "model/project_state.h"
+#include "platform/byte_text.h"
+#include "platform/program_identity.h"
+#include "support/scripted_view.h"
+#include "support/temp_dir.h"
+
+namespace tamrix::modUtilities {
+namespace {
+
+std::string Sp(std::size_t n) {
+    return std::string(n, ' ');
+}
+
+// A full-width table line from pieces already laid out.
+std::string Wide(const std::string& text) {
+    return text + Sp(144 - text.size());
+}
+
+class ScanLog : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        setenv("SOURCE_DATE_EPOCH", "0", 1);
+        modGlobals::ResetAll();
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard.Projectname = dir / "old.hhp";
+        wizard.ScanComplete = true;
+        wizard.UntitledCountText = "  1 ";
+    }
+    void TearDown() override {
+        modGlobals::ResetAll();
+        unsetenv("SOURCE_DATE_EPOCH");
+    }
+
+    std::shared_ptr<CTopicFile> Add(const std::string& file, const std::string& context,
+                                    const std::string& title,
+                                    std::vector<std::string> targets = {}) {
+        auto topic = std::make_shared<CTopicFile>();
+        topic->AutoNamePath = "html\\" + file;
+        topic->AutoFileName = file;
+        topic->Context = context;
+        topic->NewFileName = context.empty() ? file : context + ".htm";
+        topic->TopicTitle = title;
+        topic->HasTitle = !EqualsNoCase(title, "(Untitled)");
+        for (const auto& t : targets) topic->targets().Add(t);
+        modGlobals::TopicFiles->Add(topic, file);
+        return topic;
+    }
+
+    std::vector<std::string> Lines() {
+        EXPECT_TRUE(MakeScanLogSummary(wizard, report));
+        std::string text = report.Text();
+        EXPECT_TRUE(text.size() >= 2 && text.substr(text.size() - 2) == "\r\n");
+        std::vector<std::string> lines;
+        std::size_t start = 0;
+        for (std::size_t end; (end = text.find("\r\n", start)) != std::string::npos;
+             start = end + 2)
+            lines.push_back(text.substr(start, end - start));
+        return lines;
+    }
+
+    testing::ScriptedView view;
+    ScopedActiveView active{view};
+    WizardState wizard{&view};
+    CSummary report;
+    testing::TempDir dir;
+};
+
+TEST_F(ScanLog, HtmlOnlyProjectLogLineForLine) {
+    wizard.ContentsFile = dir / "missing.hhc";
+    wizard.IndexFile = dir.Write("old.hhk", "x");
+    auto a = Add("a1.htm", "Setup_Topic", "Setup", {"b2.htm#x", "#top"});
+    a->ExtraIds = "second^third";
+    a->Comment = "note";
+    auto b = Add("b2.htm", "", "(Untitled)");
+    b->InternalReferences = 12;
+    b->ExternalReferences = 3;
+
+    const std::vector<std::string> expected = {
+        "Scan Results for HTML Project: old.hhp",
+        "Tamrix Version " + VersionString(),
+        "January 01, 1970: 12:00 AM",
+        "",
+        "HTML Project File: " + wizard.Projectname,
+        "HTML Contents File: None.",
+        "HTML Index File: " + wizard.IndexFile,
+        "",
+        "Data extracted from HTML Help Project File created by HTML Workshop:",
+        std::string(75, '-'),
+        "",
+        " Topic Files (total): 2",
+        " Untitled Topics: 1 (may be converted popups)",
+        "",
+        " Note - in the listing below, the new .htm file name will be",
+        "derived from the first Winhelp Topic_ID.",
+        "",
+        Wide(".htm File:" + Sp(9) + "WinHelp Topic_ID's:" + Sp(17) + "WinHelp Topic Title:"),
+        Wide(std::string(10, '-') + Sp(9) + std::string(17, '-') + Sp(19) + std::string(20, '-')),
+        "",
+        "a1.htm" + Sp(13) + "Setup_Topic" + Sp(25) + "Setup",
+        Wide(Sp(19) + "second"),
+        Wide(Sp(19) + "third"),
+        "( note )",
+        "    \" Contains 2 Links:",
+        Sp(10) + "b2.htm#x = b2.htm#x",
+        Sp(10) + "#top = Setup_Topic.htm#top",
+        "",
+        "     Topic Files Without Titles:",
+        std::string(64, '-'),
+        "",
+        Wide(".htm File:" + Sp(9) + "WinHelp Topic_ID's:" + Sp(11) +
+             "Number of Internal (from other .htm Files)"),
+        Wide(Sp(49) + "And External(via Map Files) References:"),
+        Wide(Sp(51) + "Internal:" + Sp(5) + "External:"),
+        Wide(std::string(10, '-') + Sp(9) + std::string(17, '-') + Sp(13) + std::string(37, '-')),
+        "",
+        "b2.htm" + Sp(49) + " 12" + Sp(9) + " 3",
+    };
+    EXPECT_EQ(Lines(), expected);
+    EXPECT_EQ(report.Name(), "Scan Summary");
+    EXPECT_EQ(view.Captions().front(), "Generating Scan Log ...");
+    EXPECT_EQ(wizard.Progress(), 2);
+    EXPECT_TRUE(view.messages.empty());
+}
+
+TEST_F(ScanLog, WarningsForAnInterruptedScanAndMissingFiles) {
+    Add("a.htm", "A", "T");
+    wizard.ScanComplete = false;
+    wizard.MissingCount = 1;
+    auto lines = Lines();
+    EXPECT_EQ(lines[12],
+              " WARNING: The scan of the project file was interrupted. Not all files may "
+              "have been scanned.");
+    EXPECT_EQ(lines[13], " WARNING: 1 topic file was not found.");
+    wizard.ScanComplete = true;
+    wizard.MissingCount = 3;
+    lines = Lines();
+    EXPECT_EQ(lines[12], " WARNING: 3 topic files were not found.");
+    EXPECT_EQ(lines[13], " Untitled Topics: 1 (may be converted popups)");
+}
+
+TEST_F(ScanLog, LongIdsPushTheTitleAndCountsOneSpaceOn) {
+    Add("a.htm", std::string(36, 'L'), "Title");
+    Add("b.htm", std::string(35, 'S'), "Title");
+    auto u = Add("c.htm", std::string(40, 'U'), "(untitled)");
+    u->InternalReferences = 9;
+    const auto lines = Lines();
+    EXPECT_EQ(lines[20], "a.htm" + Sp(14) + std::string(36, 'L') + " Title");
+    EXPECT_EQ(lines[21], "b.htm" + Sp(14) + std::string(35, 'S') + " Title");
+    EXPECT_EQ(lines.back(), "c.htm" + Sp(14) + std::string(40, 'U') + "  9" + Sp(10) + " 0");
+}
+
+TEST_F(ScanLog, AnUnknownTargetAsksAndCancelStopsOnlyTheTitledListing) {
+    Add("a.htm", "A", "First", {"gone.htm#x", "b.htm"});
+    Add("b.htm", "B", "Second", {"one.htm"});
+    Add("c.htm", "", "(Untitled)", {"gone.htm"});
+    view.answers = {mb::kCancel, mb::kOK};
+    const auto lines = Lines();
+    ASSERT_EQ(view.MessageIds(), (std::vector<long>{10052, 10052}));
+    EXPECT_EQ(view.messages[0].style, mb::kOKCancel | mb::kInformation);
+    EXPECT_EQ(view.messages[0].title, "Reporting Scan Results");
+    EXPECT_NE(view.messages[0].text.find("gone.htm "), std::string::npos);
+    // The titled listing stopped inside a.htm; b.htm never appears.
+    EXPECT_EQ(lines[21], "    \" Contains 2 Links:");
+    EXPECT_EQ(lines[22], "");
+    EXPECT_EQ(lines[23], "     Topic Files Without Titles:");
+    EXPECT_EQ(lines[lines.size() - 3], "c.htm" + Sp(50) + " 0" + Sp(10) + " 0");
+    EXPECT_EQ(lines[lines.size() - 2], "    \" Contains 1 Link:");
+    EXPECT_EQ(lines.back(), Sp(10) + "gone.htm");
+}
+
+TEST_F(ScanLog, WinHelpBlock) {
+    wizard.WinHelpProjectName = dir / "old.hpj";
+    modGlobals::MapFiles = {"/p/one.h", "/p/two.h"};
+    modGlobals::MapFileCount = 2;
+    modGlobals::AliasFiles = {"/p/al.h"};
+    modGlobals::AliasFileCount = 1;
+    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::ProjectContextIDs->Add("IDH_P", "5", "IDH_P");
+    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
+    for (int i = 0; i < 41; ++i)
+        modGlobals::MapContextIDs->Add("IDH_" + std::to_string(i), "1", "IDH_" + std::to_string(i));
+    modGlobals::ProjectAliases = std::make_shared<CAliases>();
+    modGlobals::ProjectAliases->Add("ALIAS_A");
+    modGlobals::DuplicateIncludes = "/p/one.h^/p/al.h";
+    modGlobals::DuplicateContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::DuplicateContextIDs->Add("IDH_3", "&H10", "");
+    modGlobals::InvalidContextIDs = "IDH_E = overflow value: 99999999999";
+    modGlobals::TopicFiles.reset();
+
+    const std::vector<std::string> expected = {
+        "HTML Index File: None.",
+        "",
+        "Original WinHelp 4 Project File: " + wizard.WinHelpProjectName,
+        "",
+        "Data Extracted from WinHelp 4 Project File:",
+        std::string(45, '-'),
+        " Map Files: 2",
+        "    /p/one.h",
+        "    /p/two.h",
+        " Map Definitions in WinHelp File: 1",
+        " Alias Files: 1",
+        "    /p/al.h",
+        " Alias Definitions in WinHelp File: 1",
+        "",
+        " Number of ContextID's defined =  42",
+        "",
+        " Duplicate #Included Map Files:",
+        "/p/one.h",
+        "/p/al.h",
+        "",
+        " There were redefinitions of ContextID that were ignored:",
+        Wide("Map File:" + Sp(10) + "Context ID:" + Sp(25) + "New value:"),
+        Wide(std::string(10, '-') + Sp(9) + std::string(17, '-') + Sp(19) + std::string(12, '-')),
+        "",
+        // MapFileIndex 0 names the first map file.
+        Wide("one.h" + Sp(14) + "IDH_3" + Sp(31) + "&H10"),
+        "",
+        " Context ID's with out-of-range Values:",
+        "/p/one.h",
+        "/p/al.h",
+        "No Topic Files were found in the project file. Terminating the log file",
+    };
+    const auto lines = Lines();
+    ASSERT_EQ(lines.size(), 6 + expected.size());
+    EXPECT_EQ(std::vector<std::string>(lines.begin() + 6, lines.end()), expected);
+
+    // Without map files a redefinition is placed in [MAP]; without duplicate
+    // includes the out-of-range heading stands alone.
+    modGlobals::MapFileCount = 0;
+    modGlobals::DuplicateIncludes.clear();
+    const auto again = Lines();
+    EXPECT_EQ(again[again.size() - 4], Wide("in [MAP]" + Sp(11) + "IDH_3" + Sp(31) + "&H10"));
+    EXPECT_EQ(again[again.size() - 2], " Context ID's with out-of-range Values:");
+}
+
+}  // namespace
+}  // namespace tamrix::modUtilities
