@@ -257,7 +257,7 @@ private:
             Emit(u'\t');
         } else if (w == "uc") {
             st.uc = std::clamp(param, 0, 16);
-        } else if (w == "u") {
+        } else if (w == "u" && hasParam) {
             Emit(static_cast<char16_t>(param < 0 ? param + 65536 : param));
             pendingSkip_ = st.uc;
         } else if (w == "emdash") {

@@ -1,24 +1,40 @@
-// tamrix-viewer: shows a file (or a sample log) in the log viewer on its own.
+// tamrix-viewer: shows a file in the log viewer on its own.
+//   tamrix-viewer FILE                     shows the file
+//   tamrix-viewer FILE --screenshot PNG    saves a picture of the window and quits
+//   tamrix-viewer FILE --pdf PDF           prints the file in landscape to a PDF file
 #include <QApplication>
+#include <QPrinter>
 #include <QTimer>
+#include <memory>
 #include <string>
 
+#include "gui/c_print_rtf.h"
 #include "gui/frm_summary.h"
+
+using tamrix::gui::FrmSummary;
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    tamrix::gui::FrmSummary form;
-    QObject::connect(&form, &tamrix::gui::FrmSummary::CloseForm, &app, &QApplication::quit);
     const QStringList args = app.arguments();
-    // tamrix-viewer FILE [--screenshot PNG]
+    const bool toPdf = args.size() >= 4 && args[2] == "--pdf";
+    QPrinter pdf(QPrinter::HighResolution);
+    FrmSummary::Options options;
+    if (toPdf) {
+        pdf.setOutputFormat(QPrinter::PdfFormat);
+        pdf.setOutputFileName(args[3]);
+        pdf.setPageOrientation(QPageLayout::Landscape);
+        options.printer = &pdf;
+        options.printerPresent = true;
+    }
+    FrmSummary form(options);
+    QObject::connect(&form, &FrmSummary::CloseForm, &app, &QApplication::quit);
     if (args.size() >= 2) {
-        const std::string file = args[1].toStdString();
         const bool rich = args[1].endsWith(".rtf", Qt::CaseInsensitive);
-        form.LoadFile(file, rich ? tamrix::gui::FrmSummary::kRichText
-                                 : tamrix::gui::FrmSummary::kPlainText);
+        form.LoadFile(args[1].toStdString(), rich ? FrmSummary::kRichText : FrmSummary::kPlainText);
         form.setWindowTitle(args[1]);
     }
     form.InitRTFWidth();
+    if (toPdf) return form.Printing().PrintRTF(*form.RTFItems(), false, 1, 65535) > 0 ? 0 : 1;
     form.show();
     if (args.size() >= 4 && args[2] == "--screenshot") {
         const QString png = args[3];
