@@ -1,0 +1,226 @@
+#include "gui/c_print_rtf.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractTextDocumentLayout>
+#include <QPrinter>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QRegularExpression>
+#include <QTextCursor>
+#include <QTextEdit>
+#include <cstdlib>
+#include <string>
+
+#include "gui/frm_summary.h"
+#include "gui/gui_test_helpers.h"
+#include "support/scripted_view.h"
+#include "support/temp_dir.h"
+
+namespace tamrix::gui {
+namespace {
+
+// A line of 144 columns with texts at 1-based columns, as the logs lay out tables.
+std::string TableLine(std::initializer_list<std::pair<int, std::string>> texts) {
+    std::string line(144, ' ');
+    for (const auto& [column, text] : texts)
+        line.replace(static_cast<std::size_t>(column - 1), text.size(), text);
+    return line.substr(0, 144);
+}
+
+class PrintTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        setenv("SOURCE_DATE_EPOCH", "1299334020", 1);  // 2011-03-05 14:07 UTC
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setPageSize(QPageSize(QPageSize::Letter));
+        printer.setPageOrientation(QPageLayout::Portrait);
+        FrmSummary::Options options;
+        options.printerPresent = true;
+        options.printer = &printer;
+        options.dialogs.print = [this](QWidget*, QPrinter&, int pageCount, bool hasSelection) {
+            offeredPages = pageCount;
+            offeredSelection = hasSelection;
+            return printAnswer;
+        };
+        form = std::make_unique<FrmSummary>(options);
+    }
+    void TearDown() override { unsetenv("SOURCE_DATE_EPOCH"); }
+
+    // Prints to a fresh PDF file and returns its text page by page (nullopt without pdftotext).
+    std::optional<QStringList> PrintToPdf(bool selection, int from, int to) {
+        const std::string pdf = dir / ("out" + std::to_string(++files) + ".pdf");
+        printer.setOutputFileName(QString::fromStdString(pdf));
+        printed = form->Printing().PrintRTF(*form->RTFItems(), selection, from, to);
+        return PdfPages(pdf);
+    }
+
+    static std::optional<QStringList> PdfPages(const std::string& pdf) {
+        const auto text = testing::RunProgram("pdftotext", {"-layout", QString::fromStdString(pdf), "-"});
+        if (!text) return std::nullopt;
+        QStringList pages = QString::fromStdString(*text).split(u'\f');
+        if (!pages.isEmpty() && pages.last().trimmed().isEmpty()) pages.removeLast();
+        return pages;
+    }
+
+    // A log of exactly `pages` pages in the current layout.
+    void FillPages(int pages) {
+        std::string log;
+        for (int line = 1;; ++line) {
+            std::string next = log + "Log line " + std::to_string(line) + "\r\n";
+            form->SetPlainText(next);
+            form->InitRTFWidth();
+            if (form->Printing().PageCount(*form->RTFItems()) > pages) break;
+            log = next;
+        }
+        form->SetPlainText(log);
+        ASSERT_EQ(form->Printing().PageCount(*form->RTFItems()), pages);
+    }
+
+    testing::ScriptedView view;
+    ScopedActiveView active{view};
+    testing::TempDir dir;
+    QPrinter printer{QPrinter::HighResolution};
+    std::unique_ptr<FrmSummary> form;
+    std::optional<PrintChoice> printAnswer;
+    int offeredPages = 0;
+    bool offeredSelection = false;
+    int printed = 0;
+    int files = 0;
+};
+
+TEST_F(PrintTest, FooterNamesDateAndPage) {
+    EXPECT_EQ(CPrintRTF::FooterText(2, 7), "2011/03/05  14:07     Page 2 of 7");
+    EXPECT_EQ(CPrintRTF::FooterText(12, 120), "2011/03/05  14:07     Page 12 of 120");
+}
+
+TEST_F(PrintTest, PrintableAreaIsThePageLessTheMargins) {
+    form->InitRTFWidth();
+    EXPECT_EQ(form->Printing().PrintableWidth(), 12240 - 1440 - 720);
+    EXPECT_EQ(form->Printing().PrintableHeight(), 15840 - 864 - 1152);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    form->InitRTFWidth();
+    EXPECT_EQ(form->Printing().PrintableWidth(), 15840 - 1440 - 720);
+    EXPECT_EQ(form->Printing().PrintableHeight(), 12240 - 864 - 1152);
+}
+
+TEST_F(PrintTest, EveryPageCarriesItsFooter) {
+    FillPages(3);
+    const auto pages = PrintToPdf(false, 1, 65535);
+    EXPECT_EQ(printed, 3);
+    if (!pages) GTEST_SKIP() << "pdftotext is not available";
+    ASSERT_EQ(pages->size(), 3);
+    for (int i = 0; i < 3; ++i) {
+        const QString page = pages->at(i);
+        // PDF text keeps the words of the footer, not the width of its gaps.
+        const QRegularExpression footer(QString(R"(2011/03/05\s+14:07\s+Page %1 of 3)").arg(i + 1));
+        EXPECT_TRUE(page.contains(footer)) << page.toStdString();
+        for (int other = 1; other <= 3; ++other)
+            if (other != i + 1) {
+                EXPECT_FALSE(page.contains(QString("Page %1 of").arg(other)));
+            }
+    }
+    EXPECT_TRUE(pages->at(0).contains("Log line 1\n"));
+    EXPECT_FALSE(pages->at(1).contains("Log line 1\n"));
+}
+
+TEST_F(PrintTest, PageRangesAndSelection) {
+    FillPages(3);
+    auto pages = PrintToPdf(false, 2, 2);
+    EXPECT_EQ(printed, 1);
+    if (pages) {
+        ASSERT_EQ(pages->size(), 1);
+        EXPECT_TRUE(pages->at(0).contains("Page 2 of 3"));
+    }
+    PrintToPdf(false, 2, 65535);  // a range ending at 65535 is every page
+    EXPECT_EQ(printed, 3);
+    PrintToPdf(false, 3, 9);
+    EXPECT_EQ(printed, 1);
+
+    QTextCursor c = form->RTFItems()->textCursor();
+    c.setPosition(0);
+    c.movePosition(QTextCursor::Down, QTextCursor::KeepAnchor, 2);
+    form->RTFItems()->setTextCursor(c);
+    pages = PrintToPdf(true, 3, 3);  // the range does not apply to a selection
+    EXPECT_EQ(printed, 1);
+    if (pages) {
+        ASSERT_EQ(pages->size(), 1);
+        EXPECT_TRUE(pages->at(0).contains("Page 1 of 1"));
+        EXPECT_TRUE(pages->at(0).contains("Log line 2"));
+        EXPECT_FALSE(pages->at(0).contains("Log line 3"));
+    }
+
+    form->Clear();
+    const std::string pdf = dir / "empty.pdf";
+    printer.setOutputFileName(QString::fromStdString(pdf));
+    EXPECT_EQ(form->Printing().PrintRTF(*form->RTFItems(), false, 1, 65535), 0);
+    EXPECT_FALSE(dir.Exists("empty.pdf"));
+}
+
+TEST_F(PrintTest, PrintMenuOffersThePagesAndKeepsTheSelection) {
+    FillPages(2);
+    QTextCursor c = form->RTFItems()->textCursor();
+    c.setPosition(3);
+    c.setPosition(7, QTextCursor::KeepAnchor);
+    form->RTFItems()->setTextCursor(c);
+    printer.setOutputFileName(QString::fromStdString(dir / "menu.pdf"));
+    printAnswer = PrintChoice{PrintChoice::Range::Pages, 2, 2};
+    form->Print();
+    EXPECT_EQ(offeredPages, 2);
+    EXPECT_TRUE(offeredSelection);
+    EXPECT_EQ(form->RTFItems()->textCursor().selectionStart(), 3);
+    EXPECT_EQ(form->RTFItems()->textCursor().selectionEnd(), 7);
+    EXPECT_TRUE(dir.Exists("menu.pdf"));
+
+    printAnswer.reset();  // cancelled: nothing printed
+    printer.setOutputFileName(QString::fromStdString(dir / "cancelled.pdf"));
+    form->Print();
+    EXPECT_FALSE(dir.Exists("cancelled.pdf"));
+    EXPECT_TRUE(view.errors.empty());
+}
+
+// A full table row of a log stays on one line in landscape, as the logs are
+// printed; in portrait the same row wraps.
+TEST_F(PrintTest, WideLogLinesFitInLandscape) {
+    const std::string heading =
+        TableLine({{1, ".htm File:"}, {20, "WinHelp Topic_ID's:"}, {56, "WinHelp Topic Title:"}});
+    std::string row = TableLine({{1, "hs16.htm"},
+                                 {20, "IDH_TROUBLESHOOTING_STARTUP"},
+                                 {56, "Troubleshooting: when the widget refuses to start ENDMARK"}});
+    while (!row.empty() && row.back() == ' ') row.pop_back();
+    ASSERT_EQ(heading.size(), 144u);
+    ASSERT_GT(row.size(), 110u);
+    form->SetPlainText(heading + "\r\n" + row + "\r\n");
+
+    const auto screenLines = [this](int block) {
+        QTextDocument* doc = form->RTFItems()->document();
+        doc->documentLayout()->documentSize();  // lays the whole text out
+        return doc->findBlockByNumber(block).layout()->lineCount();
+    };
+    const auto rowOnOneLine = [](const QString& page) {
+        for (const QString& line : page.split(u'\n'))
+            if (line.contains("hs16.htm")) return line.contains("ENDMARK");
+        return false;
+    };
+    printer.setPageOrientation(QPageLayout::Landscape);
+    form->InitRTFWidth();
+    EXPECT_EQ(form->Printing().PageCount(*form->RTFItems()), 1);
+    EXPECT_EQ(screenLines(0), 1);  // trailing blanks of a heading do not wrap
+    EXPECT_EQ(screenLines(1), 1);
+    const auto landscape = PrintToPdf(false, 1, 65535);
+    if (!landscape) GTEST_SKIP() << "pdftotext is not available";
+    ASSERT_EQ(landscape->size(), 1);
+    EXPECT_TRUE(rowOnOneLine(landscape->at(0))) << landscape->at(0).toStdString();
+    EXPECT_TRUE(landscape->at(0).contains("WinHelp Topic Title:"));
+
+    printer.setPageOrientation(QPageLayout::Portrait);
+    form->InitRTFWidth();
+    EXPECT_EQ(screenLines(0), 1);
+    EXPECT_GT(screenLines(1), 1);
+    const auto portrait = PrintToPdf(false, 1, 65535);
+    ASSERT_TRUE(portrait);
+    EXPECT_FALSE(rowOnOneLine(portrait->at(0))) << portrait->at(0).toStdString();
+}
+
+}  // namespace
+}  // namespace tamrix::gui

@@ -1,0 +1,262 @@
+#include "gui/frm_summary.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QPrinter>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTextCursor>
+#include <QTextEdit>
+#include <deque>
+
+#include "gui/gui_test_helpers.h"
+#include "support/scripted_view.h"
+#include "support/temp_dir.h"
+
+namespace tamrix::gui {
+namespace {
+
+using testing::FormatAt;
+
+class FrmSummaryTest : public ::testing::Test {
+protected:
+    FrmSummary::Options Options(bool printer = false) {
+        FrmSummary::Options options;
+        options.printerPresent = printer;
+        options.dialogs.saveFile = [this](QWidget*, const FileDialogRequest& request) {
+            saveRequests.push_back(request);
+            if (saveAnswers.empty()) return SaveChoice{};
+            SaveChoice answer = saveAnswers.front();
+            saveAnswers.pop_front();
+            return answer;
+        };
+        return options;
+    }
+
+    testing::ScriptedView view;
+    ScopedActiveView active{view};
+    testing::TempDir dir;
+    std::deque<SaveChoice> saveAnswers;
+    std::vector<FileDialogRequest> saveRequests;
+};
+
+const std::string kLog = "Scan Summary\r\nTamrix Version 1.0.0\r\nCaf\xE9 \x80 5\r\n";
+
+TEST_F(FrmSummaryTest, ReadOnlyFileIsNotSavedUnderItsOwnName) {
+    const std::string path = dir.Write("scan.log", kLog);
+    FrmSummary form(Options());
+    ASSERT_TRUE(form.LoadFile(path, FrmSummary::kPlainText));
+    form.SetReadOnly(true);
+    form.RTFItems()->setPlainText("changed");
+
+    std::string upper = path;
+    upper.replace(upper.size() - 8, 8, "SCAN.LOG");  // the same name in other letters
+    saveAnswers = {{path, 1}, {upper, 3}, {dir / "copy.log", 3}};
+    form.Save();
+    form.Save();
+    ASSERT_EQ(view.messages.size(), 2u);
+    for (const MessageRequest& m : view.messages) {
+        EXPECT_EQ(m.text,
+                  "This file was opened as Read-Only.\r\nPlease save it under a different file name.");
+        EXPECT_EQ(m.style, mb::kExclamation);
+    }
+    EXPECT_EQ(dir.Read("scan.log"), kLog);
+    EXPECT_FALSE(dir.Exists("SCAN.LOG"));
+
+    form.Save();
+    EXPECT_EQ(view.messages.size(), 2u);
+    EXPECT_EQ(dir.Read("copy.log"), "changed");
+}
+
+TEST_F(FrmSummaryTest, WritableFileIsSavedUnderItsOwnName) {
+    const std::string path = dir.Write("scan.log", kLog);
+    FrmSummary form(Options());
+    ASSERT_TRUE(form.LoadFile(path, FrmSummary::kPlainText));
+    saveAnswers = {{path, 1}};
+    form.Save();
+    EXPECT_TRUE(view.messages.empty());
+    EXPECT_EQ(dir.Read("scan.log"), kLog);  // the text comes back byte for byte
+}
+
+TEST_F(FrmSummaryTest, SaveOffersTheFiltersAndTheProposedName) {
+    FrmSummary form(Options());
+    form.SetSaveFileName("Scan Summary");
+    form.SetPlainText(kLog);
+    saveAnswers = {{dir / "a.rtf", 2}, {dir / "b.txt", 1}, {dir / "c.rtf", 3},
+                   {dir / "d.any", 4}, {}};
+    for (int i = 0; i < 5; ++i) form.Save();
+
+    ASSERT_EQ(saveRequests.size(), 5u);
+    EXPECT_EQ(saveRequests[0].filter,
+              "Text Files (*.txt)|*.txt|Rich Text Format (*.rtf)|*.rtf|Log Files (*.log)|*.log|"
+              "All Files (*.*)|*.*");
+    EXPECT_EQ(saveRequests[0].initialName, "Scan Summary");
+    EXPECT_FALSE(saveRequests[0].initialFolder.empty());
+    // Only the second filter saves rich text, whatever the name's extension.
+    EXPECT_EQ(dir.Read("a.rtf").rfind("{\\rtf1", 0), 0u);
+    EXPECT_EQ(dir.Read("b.txt"), kLog);
+    EXPECT_EQ(dir.Read("c.rtf"), kLog);
+    EXPECT_EQ(dir.Read("d.any"), kLog);
+    EXPECT_TRUE(view.messages.empty());
+}
+
+TEST_F(FrmSummaryTest, ShowsTheLogInCourierNew9) {
+    FrmSummary form(Options());
+    form.SetPlainText(kLog);
+    EXPECT_EQ(form.RTFItems()->toPlainText(), QString::fromUtf8("Scan Summary\nTamrix Version "
+                                                                "1.0.0\nCaf\u00e9 \u20ac 5\n"));
+    EXPECT_EQ(form.PlainText(), kLog);
+    const QFont font = FormatAt(*form.RTFItems()->document(), 0)
+                           .font()
+                           .resolve(form.RTFItems()->document()->defaultFont());
+    EXPECT_EQ(font.family(), "Courier New");
+    EXPECT_EQ(font.pointSize(), 9);
+    EXPECT_FALSE(font.bold());
+    EXPECT_EQ(form.FontNameBox()->currentText(), "Courier New");
+    EXPECT_EQ(form.FontSizeBox()->currentText(), "9");
+}
+
+TEST_F(FrmSummaryTest, WithoutPrinterPrintIsHiddenAndHelpIsShort) {
+    FrmSummary form(Options(false));
+    QAction* print = form.findChild<QAction*>("mnuFilePrint");
+    ASSERT_NE(print, nullptr);
+    EXPECT_FALSE(print->isVisible());
+    EXPECT_FALSE(print->isEnabled());
+    form.RTFItems()->resize(500, 300);
+    const auto mode = form.RTFItems()->lineWrapMode();
+    EXPECT_TRUE(form.InitRTFWidth());
+    EXPECT_EQ(form.RTFItems()->lineWrapMode(), mode);
+
+    QStringList names;
+    for (int i = 0; i < form.FontNameBox()->count(); ++i) names << form.FontNameBox()->itemText(i);
+    EXPECT_EQ(names, (QStringList{"Arial", "Courier New", "Tahoma", "Times New Roman", "Symbol",
+                                  "WingDings"}));
+    ASSERT_EQ(form.FontSizeBox()->count(), 20);
+    EXPECT_EQ(form.FontSizeBox()->itemText(0), "5");
+    EXPECT_EQ(form.FontSizeBox()->itemText(19), "24");
+
+    form.ShowHelp();
+    ASSERT_EQ(view.messages.size(), 1u);
+    EXPECT_EQ(view.messages[0].title, "RTF Display Form");
+    EXPECT_EQ(view.messages[0].text,
+              "The contents of this WYSIWYG RTF window can be edited, formatted and saved\r\n"
+              "as a RTF file. The Button and Menu functions are similar to Microsoft Word.\r\n"
+              "Text and pictures can also be pasted into it.");
+}
+
+TEST_F(FrmSummaryTest, WithPrinterTheTextWrapsAtThePageWidth) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setPageSize(QPageSize(QPageSize::Letter));
+    auto options = Options(true);
+    options.printer = &printer;
+    FrmSummary form(options);
+    EXPECT_TRUE(form.findChild<QAction*>("mnuFilePrint")->isVisible());
+    EXPECT_TRUE(form.InitRTFWidth());
+    EXPECT_EQ(form.RTFItems()->lineWrapMode(), QTextEdit::FixedPixelWidth);
+    // 8.5 inches less 1 inch and half an inch of margins
+    EXPECT_NEAR(form.RTFItems()->lineWrapColumnOrWidth(), 7.0 * form.RTFItems()->logicalDpiX(), 1);
+
+    form.ShowHelp();
+    ASSERT_EQ(view.messages.size(), 1u);
+    EXPECT_EQ(view.messages[0].text.substr(0, 73),
+              "The contents of this WYSIWYG RTF window can be edited, formatted, saved\r\n");
+    EXPECT_EQ(std::count(view.messages[0].text.begin(), view.messages[0].text.end(), '\n'), 4);
+}
+
+TEST_F(FrmSummaryTest, ToolbarFollowsTheSelection) {
+    FrmSummary form(Options());
+    form.SetPlainText("abc def\r\nsecond\r\n");
+    QTextEdit* edit = form.RTFItems();
+    QAction* bold = form.ToolbarButton("Bold");
+    QAction* underline = form.ToolbarButton("Underline");
+    QAction* strike = form.ToolbarButton("Strike Through");
+    QAction* centre = form.ToolbarButton("Centre");
+    QAction* left = form.ToolbarButton("Left");
+    ASSERT_TRUE(bold && underline && strike && centre && left && form.ToolbarButton("Italic") &&
+                form.ToolbarButton("Right") && form.ToolbarButton("Print") &&
+                form.ToolbarButton("Save"));
+
+    const auto select = [&](int from, int to) {
+        QTextCursor c = edit->textCursor();
+        c.setPosition(from);
+        c.setPosition(to, QTextCursor::KeepAnchor);
+        edit->setTextCursor(c);
+    };
+    select(0, 3);
+    EXPECT_FALSE(bold->isChecked());
+    bold->trigger();
+    strike->trigger();
+    EXPECT_EQ(FormatAt(*edit->document(), 1).fontWeight(), QFont::Bold);
+    EXPECT_TRUE(FormatAt(*edit->document(), 2).fontStrikeOut());
+    EXPECT_NE(FormatAt(*edit->document(), 4).fontWeight(), QFont::Bold);
+
+    select(5, 6);
+    EXPECT_FALSE(bold->isChecked());
+    EXPECT_FALSE(strike->isChecked());
+    select(0, 3);
+    EXPECT_TRUE(bold->isChecked());
+    EXPECT_TRUE(strike->isChecked());
+    select(1, 5);  // partly bold
+    EXPECT_FALSE(bold->isChecked());
+    bold->trigger();  // makes all of it bold
+    EXPECT_TRUE(bold->isChecked());
+    EXPECT_EQ(FormatAt(*edit->document(), 4).fontWeight(), QFont::Bold);
+    bold->trigger();
+    EXPECT_FALSE(bold->isChecked());
+    EXPECT_NE(FormatAt(*edit->document(), 2).fontWeight(), QFont::Bold);
+
+    EXPECT_TRUE(left->isChecked());
+    centre->trigger();
+    EXPECT_TRUE(centre->isChecked());
+    EXPECT_FALSE(left->isChecked());
+    EXPECT_EQ(edit->document()->firstBlock().blockFormat().alignment() & Qt::AlignHorizontal_Mask,
+              Qt::AlignHCenter);
+    select(9, 9);  // the second line keeps its alignment
+    EXPECT_TRUE(left->isChecked());
+    EXPECT_FALSE(centre->isChecked());
+
+    select(0, 3);
+    form.FontNameBox()->textActivated("Arial");
+    EXPECT_EQ(FormatAt(*edit->document(), 1).fontFamilies().toStringList(), QStringList{"Arial"});
+    form.FontSizeBox()->textActivated("14");
+    EXPECT_EQ(FormatAt(*edit->document(), 1).fontPointSize(), 14.0);
+    select(9, 9);
+    EXPECT_EQ(form.FontSizeBox()->currentText(), "9");
+    select(0, 3);
+    EXPECT_EQ(form.FontSizeBox()->currentText(), "14");
+}
+
+TEST_F(FrmSummaryTest, CloseRaisesCloseFormAndClearEmpties) {
+    FrmSummary form(Options());
+    form.SetPlainText(kLog);
+    QSignalSpy closing(&form, &FrmSummary::CloseForm);
+    form.show();
+    form.CloseButton()->click();
+    EXPECT_EQ(closing.count(), 1);
+    EXPECT_FALSE(form.close());  // the close box is refused, the owner decides
+    EXPECT_EQ(closing.count(), 2);
+    EXPECT_TRUE(form.isVisible());
+    form.findChild<QAction*>("mnuFileClose")->trigger();
+    EXPECT_EQ(closing.count(), 3);
+
+    form.ClearButton()->click();
+    EXPECT_TRUE(form.RTFItems()->document()->isEmpty());
+}
+
+TEST_F(FrmSummaryTest, LoadsRtfAndFallsBackToTextForOtherBytes) {
+    const std::string rtf = dir.Write("a.rtf", "{\\rtf1{\\b Bold} text}");
+    const std::string fake = dir.Write("b.rtf", "not rich");
+    FrmSummary form(Options());
+    ASSERT_TRUE(form.LoadFile(rtf, FrmSummary::kRichText));
+    EXPECT_EQ(form.RTFItems()->toPlainText(), "Bold text");
+    EXPECT_EQ(FormatAt(*form.RTFItems()->document(), 0).fontWeight(), QFont::Bold);
+    ASSERT_TRUE(form.LoadFile(fake, FrmSummary::kRichText));
+    EXPECT_EQ(form.RTFItems()->toPlainText(), "not rich");
+    EXPECT_FALSE(form.LoadFile(dir / "missing.rtf", FrmSummary::kRichText));
+}
+
+}  // namespace
+}  // namespace tamrix::gui

@@ -1,0 +1,29 @@
+#pragma once
+// Small helpers shared by the Qt tests.
+#include <QString>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <optional>
+#include <string>
+
+namespace tamrix::testing {
+
+// The raw text of every block joined with "\n" (line breaks stay U+2028).
+inline QString BlockText(const QTextDocument& doc) {
+    QStringList blocks;
+    for (QTextBlock b = doc.begin(); b.isValid(); b = b.next()) blocks << b.text();
+    return blocks.join(u'\n');
+}
+
+// The character format at a position (the format of the character after it).
+inline QTextCharFormat FormatAt(const QTextDocument& doc, int position) {
+    QTextCursor c(const_cast<QTextDocument*>(&doc));
+    c.setPosition(position + 1);
+    return c.charFormat();
+}
+
+// Output of a program, or nullopt when it cannot be run.
+std::optional<std::string> RunProgram(const QString& program, const QStringList& args);
+
+}  // namespace tamrix::testing
