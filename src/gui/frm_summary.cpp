@@ -312,7 +312,10 @@ bool FrmSummary::SaveFile(const std::string& path, FileKind kind) {
     return Guarded("frmSummary:SaveFile", false, [&] {
         const std::string content =
             kind == kRichText ? WriteRtf(*rtfItems_->document()) : PlainText();
-        SharedFileSystem().WriteAll(path, content);
+        // The user's own Save may go anywhere: only the conversion is kept
+        // inside the new project folder.
+        FileSystem userFiles;
+        userFiles.WriteAll(path, content);
         return true;
     });
 }
