@@ -9,6 +9,7 @@
 #include "platform/program_error.h"
 #include "platform/text_buffer.h"
 #include "rewrite/containment.h"
+#include "rewrite/ordered_replace.h"
 
 namespace tamrix::modRewrite {
 namespace {
@@ -56,37 +57,40 @@ bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
             }
         }
 
-        buffer.SetSelStart(0);
-        buffer.SetSelLength(0);
+        // Every occurrence of a generated name anywhere in the file is renamed, topic
+        // by topic; a topic whose new name would leave the folder keeps its old entry
+        // (the topic rewriter refuses and reports it).
+        auto renamed = [](const CTopicFile& topic) {
+            return !topic.Context.empty() && TopicTargetIsSafe(topic);
+        };
+        std::vector<NameReplacement> names;
+        for (const auto& topic : *topics)
+            if (renamed(*topic))
+                names.push_back({FileNameNoPath(topic->AutoNamePath), topic->Context + ".htm"});
+        const ReplaceOutcome outcome = ReplaceInOrder(buffer.Text(), names, kMaxOccurrences);
+
         long done = 0;
+        std::size_t k = 0;
         for (const auto& topic : *topics) {
             ++done;
-            // A topic whose new name would leave the folder keeps its old entry; the
-            // topic rewriter refuses and reports it.
-            if (!topic->Context.empty() && TopicTargetIsSafe(*topic)) {
-                const std::string oldName = FileNameNoPath(topic->AutoNamePath);
-                const std::string newName = topic->Context + ".htm";
-                if (ContainsNoCase(newName, oldName) || ContainsNoCase(oldName, newName)) {
+            if (renamed(*topic)) {
+                const NameReplacement& name = names[k];
+                if (ContainsNoCase(name.replacement, name.name) ||
+                    ContainsNoCase(name.name, name.replacement)) {
                     const int answer = modMessages::AskMessage(
-                        GetMessageString(10005, oldName), mb::kYesNo | mb::kQuestion,
+                        GetMessageString(10005, name.name), mb::kYesNo | mb::kQuestion,
                         kProjectCaption, wizard.Box(), 10005);
                     if (answer != mb::kYes) return false;
                 }
-                int count = 0;
-                buffer.SetSelStart(0);
-                // A match at position 0 ends the search, as it always has.
-                while (buffer.Find(oldName, buffer.SelStart()) >= 1) {
-                    buffer.ReplaceSel(newName);
-                    if (++count > kMaxOccurrences) {
-                        modMessages::ShowMessage(GetMessageString(10005, oldName), mb::kOKOnly,
-                                                 kProjectCaption, wizard.Box(), 10005);
-                        return false;
-                    }
+                if (outcome.counts[k++] > kMaxOccurrences) {
+                    modMessages::ShowMessage(GetMessageString(10005, name.name), mb::kOKOnly,
+                                             kProjectCaption, wizard.Box(), 10005);
+                    return false;
                 }
             }
             modUtilities::UpdateProgressBar(wizard, done);
         }
-        buffer.SaveFile(newProjectFile);
+        SharedFileSystem().WriteAll(newProjectFile, outcome.text);
         SetDefaultTopic(newProjectFile);
         return true;
     });

@@ -1,10 +1,11 @@
 #include "rewrite/sitemap_rewriter.h"
 
 #include "model/project_state.h"
+#include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
-#include "platform/text_buffer.h"
 #include "rewrite/containment.h"
+#include "rewrite/ordered_replace.h"
 
 namespace tamrix::modRewrite {
 namespace {
@@ -18,24 +19,24 @@ bool RewriteSitemap(WizardState& wizard, const std::string& oldProjectFile,
         RefuseOutsideFile(wizard, name);
         return true;
     }
-    TextBuffer buffer;
-    buffer.LoadFile(modUtilities::FilePathOnly(oldProjectFile) + name);
+    FileSystem& fs = SharedFileSystem();
+    const std::string text = fs.ReadAll(modUtilities::FilePathOnly(oldProjectFile) + name);
     const long count = targets != nullptr ? targets->Count() : 0;
     modUtilities::InitializeProgressBar(wizard, count, caption);
+    // Each target's generated name is replaced by its topic's new name wherever it
+    // stands; a target that names no topic file is passed over.
     const auto& topics = modGlobals::TopicFiles;
+    std::vector<NameReplacement> names;
     for (long i = 1; i <= count; ++i) {
         const std::string target = modUtilities::FileNameNoPath(targets->Item(i)->TargetString);
-        buffer.SetSelStart(0);
-        if (const auto topic = topics ? topics->Find(target) : nullptr) {
-            // A match at position 0 ends the search, as it always has.
-            while (buffer.Find(target, buffer.SelStart()) >= 1) buffer.ReplaceSel(topic->NewFileName);
-        }
+        if (const auto topic = topics ? topics->Find(target) : nullptr)
+            names.push_back({target, topic->NewFileName});
         modUtilities::UpdateProgressBar(wizard, i);
     }
-    buffer.SaveFile(modUtilities::MakeFullPathforFile(newRootPath, name));
+    fs.WriteAll(modUtilities::MakeFullPathforFile(newRootPath, name),
+                ReplaceInOrder(text, names).text);
     return true;
 }
-
 }  // namespace
 
 bool RewriteIndex(WizardState& wizard, const std::string& oldProjectFile,
