@@ -6,7 +6,6 @@
 #include <unordered_map>
 
 #include "platform/byte_text.h"
-#include "platform/text_buffer.h"
 
 namespace tamrix::modRewrite {
 namespace {
@@ -173,30 +172,37 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
     return outcome;
 }
 
-}  // namespace
-
-ReplaceOutcome ReplaceOneByOne(std::string_view text, const std::vector<NameReplacement>& list,
-                               int limit) {
-    TextBuffer buffer;
-    buffer.SetText(std::string(text));
+// One pass over the text per name. The search for a name always goes on after
+// the text just inserted, so each name's replacements are one left-to-right pass.
+ReplaceOutcome ReplaceNameByName(std::string_view text, const std::vector<NameReplacement>& list,
+                                 int limit) {
     ReplaceOutcome outcome;
+    outcome.text = std::string(text);
     outcome.counts.assign(list.size(), 0);
     for (std::size_t k = 0; k < list.size(); ++k) {
-        int& count = outcome.counts[k];
-        buffer.SetSelStart(0);
-        while (buffer.Find(list[k].name, buffer.SelStart()) >= 1) {
-            buffer.ReplaceSel(list[k].replacement);
-            if (++count > limit && limit > 0) return outcome;
+        const std::string& name = list[k].name;
+        std::size_t hit = FindNoCase(outcome.text, name, 0);
+        if (hit == kNotFound || hit == 0) continue;  // a match at position 0 ends the search
+        std::string next;
+        std::size_t done = 0;
+        for (; hit != kNotFound; hit = FindNoCase(outcome.text, name, done)) {
+            next.append(outcome.text, done, hit - done);
+            next += list[k].replacement;
+            done = hit + name.size();
+            if (++outcome.counts[k] > limit && limit > 0) return outcome;
         }
+        next.append(outcome.text, done, std::string::npos);
+        outcome.text = std::move(next);
     }
-    outcome.text = buffer.Text();
     return outcome;
 }
+
+}  // namespace
 
 ReplaceOutcome ReplaceInOrder(std::string_view text, const std::vector<NameReplacement>& list,
                               int limit) {
     if (auto outcome = ReplaceInOnePass(text, list)) return std::move(*outcome);
-    return ReplaceOneByOne(text, list, limit);
+    return ReplaceNameByName(text, list, limit);
 }
 
 }  // namespace tamrix::modRewrite

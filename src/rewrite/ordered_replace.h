@@ -28,8 +28,4 @@ struct ReplaceOutcome {
 ReplaceOutcome ReplaceInOrder(std::string_view text, const std::vector<NameReplacement>& list,
                               int limit = 0);
 
-// The loop done one name at a time in the editing buffer: the reference.
-ReplaceOutcome ReplaceOneByOne(std::string_view text, const std::vector<NameReplacement>& list,
-                               int limit = 0);
-
 }  // namespace tamrix::modRewrite

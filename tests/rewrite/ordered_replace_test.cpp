@@ -4,10 +4,30 @@
 
 #include <random>
 
+#include "platform/text_buffer.h"
+
 namespace tamrix::modRewrite {
 namespace {
 
 using List = std::vector<NameReplacement>;
+
+// The renaming loop as the writers describe it, one name at a time in the editing buffer.
+ReplaceOutcome ReplaceOneByOne(std::string_view text, const List& list) {
+    TextBuffer buffer;
+    buffer.SetText(std::string(text));
+    ReplaceOutcome outcome;
+    for (const auto& entry : list) {
+        int count = 0;
+        buffer.SetSelStart(0);
+        while (buffer.Find(entry.name, buffer.SelStart()) >= 1) {
+            buffer.ReplaceSel(entry.replacement);
+            ++count;
+        }
+        outcome.counts.push_back(count);
+    }
+    outcome.text = buffer.Text();
+    return outcome;
+}
 
 TEST(OrderedReplace, GeneratedNamesGoInOnePass) {
     const List list{{"a1.htm", "main.htm"}, {"A2.HTM", "mass.htm"}, {"a3.htm", "three.htm"}};
@@ -33,6 +53,17 @@ TEST(OrderedReplace, KeepsTheRulesOfTheOneByOneLoop) {
     outcome = ReplaceInOrder(" q.htm", {{"q.htm", "b.htm"}, {"b.htm", "c.htm"}});
     EXPECT_EQ(outcome.text, " c.htm");
     EXPECT_EQ(outcome.counts, (std::vector<int>{1, 1}));
+}
+
+TEST(OrderedReplace, StopsOnceAnEntryPassesTheLimit) {
+    std::string text = "x";
+    for (int i = 0; i < 200000; ++i) text += " a.htm";
+    // The new name holds the old one, so the names go one by one; the limit keeps
+    // that from rewriting a large text thousands of times.
+    const auto outcome = ReplaceInOrder(text, {{"a.htm", "xa.htm"}, {"b.htm", "c.htm"}}, 10);
+    EXPECT_FALSE(outcome.onePass);
+    EXPECT_EQ(outcome.counts, (std::vector<int>{11, 0}));
+    EXPECT_EQ(ReplaceInOrder(" a.htm a.htm", {{"a.htm", "b.htm"}}, 1).counts, std::vector<int>{2});
 }
 
 // Small alphabets make overlaps, adjacency and accidental new occurrences
