@@ -1,0 +1,154 @@
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "platform/format.h"
+#include "platform/path_helpers.h"
+#include "platform/program_error.h"
+#include "platform/program_identity.h"
+#include "reports/rewrite_log.h"
+#include "reports/table_line.h"
+#include "rewrite/containment.h"
+
+namespace tamrix::modUtilities {
+namespace {
+
+std::string Count(long n) { return FormatNumber(static_cast<double>(n), "0"); }
+
+long DefinedCount(const std::shared_ptr<CContextIDs>& ids) {
+    long n = 0;
+    for (const auto& id : *ids) n += id->FileDefined ? 1 : 0;
+    return n;
+}
+
+// The map file a context ID came from. The entry one below its number is read
+// here, where the scan log reads the entry at its number.
+std::string MapFileName(int mapFileIndex) {
+    const long index = static_cast<long>(mapFileIndex) - 1;
+    const auto& files = modGlobals::MapFiles;
+    if (index < 0 || index >= static_cast<long>(files.size())) return {};
+    return FileNameNoPath(files[static_cast<std::size_t>(index)]);
+}
+
+void WriteAliasCounts(CSummary& report) {
+    using namespace modGlobals;
+    if (ProjectContextIDs && ProjectContextIDs->Count() > 0) {
+        const long n = DefinedCount(ProjectContextIDs);
+        if (n > 0)
+            report.AddLine("Wrote " + Count(n) +
+                           " aliases for map file entries in the WinHelp project file.");
+    }
+    if (MapContextIDs && MapContextIDs->Count() > 0) {
+        const long n = DefinedCount(MapContextIDs);
+        if (n > 0) {
+            report.AddLine("");
+            report.AddLine("Wrote " + Count(n) +
+                           " aliases for map files referenced in the WinHelp project.");
+        }
+    }
+    if (ProjectAliases && ProjectAliases->Count() > 0) {
+        long n = 0;
+        for (const auto& alias : *ProjectAliases) n += alias->AliasFound ? 1 : 0;
+        if (n > 0) {
+            report.AddLine("");
+            report.AddLine("Rewrote " + Count(n) +
+                           " aliases for alias entries in the WinHelp project file.");
+        }
+    }
+}
+
+void WriteUnaliased(CSummary& report, int undefinedCount, int zeroCount) {
+    using namespace modGlobals;
+    if (undefinedCount + zeroCount == 0) return;
+    if (zeroCount != 0) {
+        report.AddLine("");
+        report.AddLine("There were " + Count(zeroCount) + " zero value context ID's" +
+                       (IgnoreZeroIDs ? "that were ignored." : "."));
+    }
+    report.AddLine("");
+    report.AddLine("There were " + Count(IgnoreZeroIDs ? undefinedCount : undefinedCount + zeroCount) +
+                   " context ID's for which no alias was found.");
+    report.AddLine("");
+    report.AddLine("Aliases were not found for these Context ID's:");
+    report.AddLine("");
+    report.AddLine(TableLine().Put(1, "Context ID:").Put(36, "Value:").Put(46, "Map File:").Full());
+    report.AddLine(TableLine()
+                       .Put(1, std::string(12, '-'))
+                       .Put(36, std::string(6, '-'))
+                       .Put(46, std::string(10, '-'))
+                       .Full());
+    if (ProjectContextIDs) {
+        for (const auto& id : *ProjectContextIDs)
+            if (!id->FileDefined && id->ContextIDVal != 0)
+                report.AddLine(TableLine().Put(1, id->ContextString).Put(36, id->ContextID).Full());
+    }
+    if (MapContextIDs) {
+        for (const auto& id : *MapContextIDs) {
+            if (id->FileDefined || (IgnoreZeroIDs && id->ContextIDVal == 0)) continue;
+            report.AddLine(TableLine()
+                               .Put(1, id->ContextString)
+                               .Put(36, id->ContextID)
+                               .Put(46, MapFileName(id->MapFileIndex))
+                               .Full());
+        }
+    }
+}
+
+}  // namespace
+
+bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, int zeroCount) {
+    return Guarded("modUtilities:MakeRewriteLogSummary", false, [&] {
+        const std::string projectName = FileNameNoPath(wizard.Projectname);
+        report.SetName("Write Summary Results for HTML Project: " + projectName);
+        report.OpenSummary(0);
+        report.AddLine("Project Write Results for Converted HTML Help Project: " + projectName);
+        report.AddLine("");
+        report.AddLine("Tamrix Version " + VersionString());
+        report.AddLine(LogDateText());
+        report.AddLine("");
+        report.AddLine("HTML Project File:");
+        report.AddLine(wizard.Projectname);
+        report.AddLine("");
+        if (!wizard.WinHelpProjectName.empty()) {
+            report.AddLine("Original WinHelp 4 Project File:");
+            report.AddLine(wizard.WinHelpProjectName);
+        }
+        report.AddLine("");
+        report.AddLine("New project written in: ");
+        report.AddLine(wizard.NewRootPath);
+        report.AddLine("New project name: " + wizard.NewProjectName);
+        if (!wizard.IndexFile.empty())
+            report.AddLine("Rewrote Index File: " + FileNameNoPath(wizard.IndexFile));
+        if (!wizard.ContentsFile.empty())
+            report.AddLine("Rewrote Contents File: " + FileNameNoPath(wizard.ContentsFile));
+
+        const auto& topics = modGlobals::TopicFiles;
+        report.AddLine("Rewrote " + Count(topics ? topics->Count() : 0) +
+                       " .htm files in folder html/.");
+        std::string hotspotFiles;
+        long hotspotCount = 0;
+        if (topics) {
+            for (const auto& topic : *topics) {
+                if (topic->HotSpotCount == 0) continue;
+                hotspotFiles += topic->NewFileName + "\r\n";
+                ++hotspotCount;
+            }
+        }
+        if (hotspotCount > 0) {
+            report.AddLine(modMessages::GetMessageString(10048, Count(hotspotCount)));
+            report.AddLine(hotspotFiles);
+            report.AddLine("");
+        }
+
+        WriteAliasCounts(report);
+        WriteUnaliased(report, undefinedCount, zeroCount);
+
+        const auto& refused = modRewrite::RefusedFiles();
+        if (!refused.empty()) {
+            report.AddLine("");
+            report.AddLine("Files refused because they would lie outside the new project folder:");
+            for (const std::string& name : refused) report.AddLine(name);
+        }
+        return true;
+    });
+}
+
+}  // namespace tamrix::modUtilities

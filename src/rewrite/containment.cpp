@@ -1,0 +1,60 @@
+#include "rewrite/containment.h"
+
+#include "messages/messages.h"
+#include "platform/byte_text.h"
+
+namespace tamrix::modRewrite {
+namespace {
+
+std::vector<std::string>& Refused() {
+    static std::vector<std::string> refused;
+    return refused;
+}
+
+// A component such as "..", "..." or ". ." that Windows would read as the parent folder.
+bool LeadsUp(std::string_view component) {
+    int dots = 0;
+    for (const char c : component) {
+        if (c == '.')
+            ++dots;
+        else if (c != ' ')
+            return false;
+    }
+    return dots >= 2;
+}
+
+}  // namespace
+
+bool IsSafeRelativeName(std::string_view relativeName) {
+    if (relativeName.empty()) return false;
+    if (relativeName.front() == '\\' || relativeName.front() == '/') return false;
+    if (relativeName.find(':') != std::string_view::npos) return false;
+    if (relativeName.find('\0') != std::string_view::npos) return false;
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t sep = relativeName.find_first_of("\\/", start);
+        const std::string_view component =
+            relativeName.substr(start, sep == std::string_view::npos ? std::string_view::npos
+                                                                     : sep - start);
+        if (LeadsUp(component)) return false;
+        if (sep == std::string_view::npos) return !component.empty();
+        start = sep + 1;
+    }
+}
+
+void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName) {
+    auto& refused = Refused();
+    bool known = false;
+    for (const std::string& name : refused) known = known || EqualsNoCase(name, relativeName);
+    if (!known) refused.push_back(relativeName);
+    modMessages::ShowMessage("The file \"" + relativeName +
+                                 "\" would lie outside the new project folder.\nIt was not "
+                                 "written.",
+                             mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
+}
+
+const std::vector<std::string>& RefusedFiles() { return Refused(); }
+
+void ClearRefusedFiles() { Refused().clear(); }
+
+}  // namespace tamrix::modRewrite

@@ -1,0 +1,208 @@
+#include "rewrite/ordered_replace.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <unordered_map>
+
+#include "platform/byte_text.h"
+
+namespace tamrix::modRewrite {
+namespace {
+
+// More different name lengths than this make the single pass slower than it is worth.
+constexpr std::size_t kMaxLengths = 32;
+
+struct Occurrence {
+    std::size_t start;
+    std::size_t length;
+    int group;
+};
+
+// The folded names, each once, and where each occurs in a text.
+class NameIndex {
+public:
+    explicit NameIndex(const std::vector<std::string>& foldedNames) {
+        for (std::size_t i = 0; i < foldedNames.size(); ++i) {
+            const std::string& name = foldedNames[i];
+            if (name.empty()) continue;
+            if (groups_.emplace(name, static_cast<int>(i)).second) lengths_.insert(name.size());
+        }
+    }
+    std::size_t LengthCount() const { return lengths_.size(); }
+    std::size_t MaxLength() const { return lengths_.empty() ? 0 : *lengths_.rbegin(); }
+    // The group (first entry with this folded name), or -1.
+    int GroupOf(std::string_view folded) const {
+        const auto it = groups_.find(folded);
+        return it == groups_.end() ? -1 : it->second;
+    }
+    // Every occurrence in the folded text, by start.
+    std::vector<Occurrence> FindAll(std::string_view folded) const {
+        std::vector<Occurrence> found;
+        for (std::size_t i = 0; i < folded.size(); ++i)
+            for (const std::size_t length : lengths_) {
+                if (i + length > folded.size()) break;
+                const int group = GroupOf(folded.substr(i, length));
+                if (group >= 0) found.push_back({i, length, group});
+            }
+        return found;
+    }
+    // Whether a name occurs in the folded window over [from, to), or across `from`
+    // when the range is empty.
+    bool OccursOver(std::string_view window, std::size_t from, std::size_t to) const {
+        for (const Occurrence& o : FindAll(window)) {
+            const std::size_t end = o.start + o.length;
+            if (from == to ? o.start < from && end > from : o.start < to && end > from) return true;
+        }
+        return false;
+    }
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+    };
+    std::unordered_map<std::string, int, Hash, std::equal_to<>> groups_;
+    std::set<std::size_t> lengths_;
+};
+
+// The texts a neighbouring site may show while the names are replaced one by one.
+struct Site {
+    std::size_t start;
+    std::size_t length;
+    std::optional<std::string> replacement;  // folded; none when the site is kept
+};
+
+// The last (or first) `need` characters that can stand just before (or after) site
+// i: the gap and, when the gap is short, the neighbouring site in either state.
+// Nothing when that is still too short and more text lies beyond the neighbour.
+std::optional<std::vector<std::string>> Contexts(std::string_view folded,
+                                                 const std::vector<Site>& sites, std::size_t i,
+                                                 std::size_t need, bool before) {
+    if (before) {
+        const std::size_t gapStart = i == 0 ? 0 : sites[i - 1].start + sites[i - 1].length;
+        const std::size_t gap = sites[i].start - gapStart;
+        if (gap >= need || i == 0)
+            return std::vector<std::string>{std::string(folded.substr(sites[i].start - std::min(gap, need),
+                                                                      std::min(gap, need)))};
+        const Site& n = sites[i - 1];
+        const std::string gapText(folded.substr(gapStart, gap));
+        std::vector<std::string> out{std::string(folded.substr(n.start, n.length)) + gapText};
+        if (n.replacement) out.push_back(*n.replacement + gapText);
+        for (std::string& s : out) {
+            if (s.size() < need && n.start > 0) return std::nullopt;
+            if (s.size() > need) s.erase(0, s.size() - need);
+        }
+        return out;
+    }
+    const std::size_t gapStart = sites[i].start + sites[i].length;
+    const std::size_t gapEnd = i + 1 < sites.size() ? sites[i + 1].start : folded.size();
+    const std::size_t gap = gapEnd - gapStart;
+    if (gap >= need || i + 1 == sites.size())
+        return std::vector<std::string>{std::string(folded.substr(gapStart, std::min(gap, need)))};
+    const Site& n = sites[i + 1];
+    const std::string gapText(folded.substr(gapStart, gap));
+    std::vector<std::string> out{gapText + std::string(folded.substr(n.start, n.length))};
+    if (n.replacement) out.push_back(gapText + *n.replacement);
+    for (std::string& s : out) {
+        if (s.size() < need && n.start + n.length < folded.size()) return std::nullopt;
+        if (s.size() > need) s.resize(need);
+    }
+    return out;
+}
+
+std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
+                                               const std::vector<NameReplacement>& list) {
+    const std::string folded = Fold(text);
+    std::vector<std::string> names;
+    for (const auto& entry : list) names.push_back(Fold(entry.name));
+    const NameIndex index(names);
+    if (index.LengthCount() > kMaxLengths) return std::nullopt;
+
+    const std::vector<Occurrence> found = index.FindAll(folded);
+    for (std::size_t i = 1; i < found.size(); ++i)
+        if (found[i].start < found[i - 1].start + found[i - 1].length) return std::nullopt;
+
+    // Which entry replaces each group: the first listing, unless the name stands at
+    // position 0, which ends every search for it before anything is replaced.
+    const int atStart = !found.empty() && found[0].start == 0 ? found[0].group : -1;
+    ReplaceOutcome outcome;
+    outcome.counts.assign(list.size(), 0);
+    std::unordered_map<int, std::size_t> replacer;
+    std::unordered_map<int, int> occurrences;
+    for (const Occurrence& o : found) ++occurrences[o.group];
+    for (std::size_t k = 0; k < list.size(); ++k) {
+        const int group = index.GroupOf(names[k]);
+        if (group < 0 || group == atStart || replacer.count(group) != 0) continue;
+        replacer.emplace(group, k);
+        outcome.counts[k] = occurrences[group];
+    }
+
+    std::vector<Site> sites;
+    for (const Occurrence& o : found) {
+        Site site{o.start, o.length, std::nullopt};
+        if (const auto it = replacer.find(o.group); it != replacer.end())
+            site.replacement = Fold(list[it->second].replacement);
+        sites.push_back(std::move(site));
+    }
+    // No inserted text may form an occurrence with what can stand around it.
+    const std::size_t need = index.MaxLength() > 0 ? index.MaxLength() - 1 : 0;
+    for (std::size_t i = 0; i < sites.size(); ++i) {
+        if (!sites[i].replacement) continue;
+        const auto left = Contexts(folded, sites, i, need, true);
+        const auto right = Contexts(folded, sites, i, need, false);
+        if (!left || !right) return std::nullopt;
+        for (const std::string& l : *left)
+            for (const std::string& r : *right)
+                if (index.OccursOver(l + *sites[i].replacement + r, l.size(),
+                                     l.size() + sites[i].replacement->size()))
+                    return std::nullopt;
+    }
+
+    std::size_t done = 0;
+    for (const Occurrence& o : found) {
+        const auto it = replacer.find(o.group);
+        if (it == replacer.end()) continue;
+        outcome.text.append(text.substr(done, o.start - done));
+        outcome.text += list[it->second].replacement;
+        done = o.start + o.length;
+    }
+    outcome.text.append(text.substr(done));
+    outcome.onePass = true;
+    return outcome;
+}
+
+// One pass over the text per name. The search for a name always goes on after
+// the text just inserted, so each name's replacements are one left-to-right pass.
+ReplaceOutcome ReplaceNameByName(std::string_view text, const std::vector<NameReplacement>& list,
+                                 int limit) {
+    ReplaceOutcome outcome;
+    outcome.text = std::string(text);
+    outcome.counts.assign(list.size(), 0);
+    for (std::size_t k = 0; k < list.size(); ++k) {
+        const std::string& name = list[k].name;
+        std::size_t hit = FindNoCase(outcome.text, name, 0);
+        if (hit == kNotFound || hit == 0) continue;  // a match at position 0 ends the search
+        std::string next;
+        std::size_t done = 0;
+        for (; hit != kNotFound; hit = FindNoCase(outcome.text, name, done)) {
+            next.append(outcome.text, done, hit - done);
+            next += list[k].replacement;
+            done = hit + name.size();
+            if (++outcome.counts[k] > limit && limit > 0) return outcome;
+        }
+        next.append(outcome.text, done, std::string::npos);
+        outcome.text = std::move(next);
+    }
+    return outcome;
+}
+
+}  // namespace
+
+ReplaceOutcome ReplaceInOrder(std::string_view text, const std::vector<NameReplacement>& list,
+                              int limit) {
+    if (auto outcome = ReplaceInOnePass(text, list)) return std::move(*outcome);
+    return ReplaceNameByName(text, list, limit);
+}
+
+}  // namespace tamrix::modRewrite

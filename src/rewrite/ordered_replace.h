@@ -1,0 +1,31 @@
+#pragma once
+// The writers' renaming loop over a whole file: for each name in order, every
+// occurrence (without regard to case) is replaced, searching from the start and
+// then from after each inserted text; a match at position 0 ends the search for
+// that name. Done one name at a time this costs a pass over the file per name;
+// here the common case is done in one pass with the same result.
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamrix::modRewrite {
+
+struct NameReplacement {
+    std::string name;
+    std::string replacement;
+};
+
+struct ReplaceOutcome {
+    std::string text;
+    std::vector<int> counts;  // replacements made for each entry
+    bool onePass = false;     // whether the single-pass way was taken
+};
+
+// The result of the loop. The single pass is taken when the names' occurrences
+// do not overlap and no inserted text can form a new occurrence; otherwise the
+// names are replaced one at a time. With a limit, the work may stop as soon as
+// one entry's count passes it; the text is then of no use.
+ReplaceOutcome ReplaceInOrder(std::string_view text, const std::vector<NameReplacement>& list,
+                              int limit = 0);
+
+}  // namespace tamrix::modRewrite

@@ -1,0 +1,180 @@
+#include "rewrite/project_writer.h"
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "platform/byte_text.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "platform/profile.h"
+#include "platform/program_error.h"
+#include "platform/text_buffer.h"
+#include "rewrite/containment.h"
+#include "rewrite/ordered_replace.h"
+
+namespace tamrix::modRewrite {
+namespace {
+
+constexpr const char* kProjectCaption = "Rewriting Project File";
+constexpr const char* kImagesCaption = "Copying \\images Folder";
+// More occurrences of one generated name than this means the file was converted before.
+constexpr int kMaxOccurrences = 10;
+
+using modMessages::GetMessageString;
+using modUtilities::FileNameNoPath;
+using modUtilities::FilePathOnly;
+
+}  // namespace
+
+bool TopicTargetIsSafe(const CTopicFile& topic) {
+    const std::string& name = topic.NewFileName;
+    if (name.find_first_of("\\/") != std::string::npos) return false;
+    return IsSafeRelativeName(FilePathOnly(topic.AutoNamePath) + name);
+}
+
+bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
+                        const std::string& newProjectFile) {
+    return Guarded("modRewrite:RewriteProjectFile", false, [&] {
+        const auto& topics = modGlobals::TopicFiles;
+        if (!topics) {
+            const long id = oldProjectFile.empty() ? 10010 : 10009;
+            modMessages::ShowMessage(GetMessageString(id), mb::kInformation, kProjectCaption,
+                                     wizard.Box(), id);
+            return false;
+        }
+        TextBuffer buffer;
+        buffer.LoadFile(oldProjectFile);
+        modUtilities::InitializeProgressBar(wizard, topics->Count(), "Writing New Project File ...");
+        modUtilities::ShowProgressBar(wizard, true);
+
+        if (wizard.AddCssLink) {
+            buffer.SetSelStart(0);
+            buffer.SetSelLength(0);
+            // Only a "[FILES]" at the very start counts as missing; when it is absent
+            // the entry goes to the start of the file.
+            if (buffer.Find("[FILES]", 0) != 0) {
+                buffer.SetSelStart(buffer.SelStart() + buffer.SelLength());
+                buffer.ReplaceSel("\r\n" + wizard.CssFileName);
+            }
+        }
+
+        // Every occurrence of a generated name anywhere in the file is renamed, topic
+        // by topic; a topic whose new name would leave the folder keeps its old entry
+        // (the topic rewriter refuses and reports it).
+        auto renamed = [](const CTopicFile& topic) {
+            return !topic.Context.empty() && TopicTargetIsSafe(topic);
+        };
+        std::vector<NameReplacement> names;
+        for (const auto& topic : *topics)
+            if (renamed(*topic))
+                names.push_back({FileNameNoPath(topic->AutoNamePath), topic->Context + ".htm"});
+        const ReplaceOutcome outcome = ReplaceInOrder(buffer.Text(), names, kMaxOccurrences);
+
+        long done = 0;
+        std::size_t k = 0;
+        for (const auto& topic : *topics) {
+            ++done;
+            if (renamed(*topic)) {
+                const NameReplacement& name = names[k];
+                if (ContainsNoCase(name.replacement, name.name) ||
+                    ContainsNoCase(name.name, name.replacement)) {
+                    const int answer = modMessages::AskMessage(
+                        GetMessageString(10005, name.name), mb::kYesNo | mb::kQuestion,
+                        kProjectCaption, wizard.Box(), 10005);
+                    if (answer != mb::kYes) return false;
+                }
+                if (outcome.counts[k++] > kMaxOccurrences) {
+                    modMessages::ShowMessage(GetMessageString(10005, name.name), mb::kOKOnly,
+                                             kProjectCaption, wizard.Box(), 10005);
+                    return false;
+                }
+            }
+            modUtilities::UpdateProgressBar(wizard, done);
+        }
+        SharedFileSystem().WriteAll(newProjectFile, outcome.text);
+        SetDefaultTopic(newProjectFile);
+        return true;
+    });
+}
+
+bool SetDefaultTopic(const std::string& newProjectFile) {
+    return Guarded("modRewrite:SetDefaultTopic", false, [&] {
+        if (modGlobals::ContentsTopic.empty()) return true;
+        const auto& topics = modGlobals::TopicFiles;
+        const auto topic = topics ? topics->FirstWithContext(modGlobals::ContentsTopic) : nullptr;
+        if (!topic) return false;
+        return profile::WriteString(newProjectFile, "OPTIONS", "Default Topic",
+                                    "html\\" + topic->NewFileName) == 1;
+    });
+}
+
+std::string NewTopicFileName(const std::string& autoFileName) {
+    return Guarded("modRewrite:NewTopicFileName", std::string(), [&] {
+        const auto& topics = modGlobals::TopicFiles;
+        const auto topic = topics ? topics->Find(autoFileName) : nullptr;
+        return topic ? topic->Context + ".htm" : std::string();
+    });
+}
+
+std::string MakeCSSLinkString(WizardState& wizard, const std::string& newRootPath) {
+    return Guarded("modRewrite:MakeCSSLinkString", std::string(), [&] {
+        if (!wizard.AddCssLink) return std::string();
+        if (!IsSafeRelativeName(wizard.CssFileName)) {
+            RefuseOutsideFile(wizard, wizard.CssFileName);
+        } else {
+            const std::string cssPath = newRootPath + "\\" + wizard.CssFileName;
+            if (!modUtilities::FileExists(cssPath)) CreateCSSFile(cssPath, wizard.SetTopicClass);
+        }
+        // Topic files lie one folder below the root.
+        return GetMessageString(9000, "../" + wizard.CssFileName);
+    });
+}
+
+bool CreateCSSFile(const std::string& path, bool defineTitleClass) {
+    return Guarded("modUtilities:CreateCSSFile", false, [&] {
+        std::string text = "Body{ }\r\n\r\n";
+        if (defineTitleClass) text += ".Topic_Title { }\r\n\r\n";
+        SharedFileSystem().WriteAll(path, text);
+        return true;
+    });
+}
+
+bool CopyImageFolder(WizardState& wizard, const std::string& oldProjectFile,
+                     const std::string& newRootPath, bool askBeforeOverwrite) {
+    return Guarded("modRewrite:CopyImageFolder", false, [&] {
+        FileSystem& fs = SharedFileSystem();
+        const std::string newImages = modUtilities::AddBackslash(newRootPath) + "images";
+        const std::string oldImages =
+            modUtilities::AddBackslash(FilePathOnly(oldProjectFile)) + "images";
+        const bool newExists = modUtilities::FolderExists(newImages);
+        if (!modUtilities::FolderExists(oldImages)) return true;
+
+        const std::vector<std::string> oldNames = fs.ListFiles(oldImages);
+        if (newExists) {
+            if (askBeforeOverwrite) {
+                bool clash = false;
+                for (const std::string& name : fs.ListFiles(newImages))
+                    for (const std::string& old : oldNames) clash = clash || name == old;
+                if (clash &&
+                    modMessages::AskMessage(GetMessageString(10007), mb::kYesNo | mb::kQuestion,
+                                            kImagesCaption, wizard.Box(), 10007) != mb::kYes)
+                    return true;
+            }
+        } else if (!modUtilities::CreateFolder(newImages, "")) {
+            modMessages::ShowMessage(GetMessageString(10013, newImages), mb::kExclamation,
+                                     kImagesCaption, wizard.Box(), 10013);
+            return false;
+        }
+
+        if (oldNames.empty()) {
+            modMessages::ShowMessage("There are no image files in the old /images folder.",
+                                     mb::kInformation, kImagesCaption, wizard.Box(), 0);
+            return true;
+        }
+        const std::string from = modUtilities::AddBackslash(oldImages);
+        const std::string to = modUtilities::AddBackslash(newImages);
+        for (const std::string& name : oldNames) fs.CopyFile(from + name, to + name);
+        return true;
+    });
+}
+
+}  // namespace tamrix::modRewrite

@@ -1,0 +1,35 @@
+#pragma once
+// Writing the new HTML Help project: the driver of the whole write, the new
+// project file with the renamed [FILES] entries, the default topic, the style
+// sheet and the copied images folder.
+#include <string>
+
+#include "model/c_topic_file.h"
+#include "model/wizard_state.h"
+
+namespace tamrix::modRewrite {
+
+// Writes everything into newRootPath in a fixed order: project file, topic
+// files, index, contents, map and alias files. The result is that of the last
+// step, UpdateContextIDs; earlier failures show in their own messages.
+bool RewriteHelpProject(WizardState& wizard, const std::string& oldProjectFile,
+                        const std::string& newProjectName, const std::string& newRootPath);
+
+// newProjectFile is the full path of the new .hhp.
+bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
+                        const std::string& newProjectFile);
+bool SetDefaultTopic(const std::string& newProjectFile);
+// Context + ".htm" of the topic whose AutoFileName is autoFileName, or empty.
+std::string NewTopicFileName(const std::string& autoFileName);
+// The style sheet link line for topic files (creating the style sheet when
+// absent), or empty when no link is wanted.
+std::string MakeCSSLinkString(WizardState& wizard, const std::string& newRootPath);
+bool CreateCSSFile(const std::string& path, bool defineTitleClass);
+bool CopyImageFolder(WizardState& wizard, const std::string& oldProjectFile,
+                     const std::string& newRootPath, bool askBeforeOverwrite);
+
+// Whether the topic's new file (its [FILES] folder + NewFileName) stays inside
+// the new project folder; a topic ID holding a separator does not.
+bool TopicTargetIsSafe(const CTopicFile& topic);
+
+}  // namespace tamrix::modRewrite

@@ -1,0 +1,73 @@
+// The driver of the write, kept apart from the other project writers because it
+// is the one that needs the map and alias writer.
+#include "model/project_state.h"
+#include "platform/path_helpers.h"
+#include "platform/program_error.h"
+#include "rewrite/containment.h"
+#include "rewrite/map_alias_writer.h"
+#include "rewrite/project_writer.h"
+#include "rewrite/sitemap_rewriter.h"
+#include "rewrite/topic_rewriter.h"
+
+namespace tamrix::modRewrite {
+namespace {
+
+void ClearFileDefined(const std::shared_ptr<CContextIDs>& ids) {
+    if (!ids) return;
+    for (const auto& id : *ids) id->FileDefined = false;
+}
+
+}  // namespace
+
+bool RewriteHelpProject(WizardState& wizard, const std::string& oldProjectFile,
+                        const std::string& newProjectName, const std::string& newRootPath) {
+    return Guarded("modRewrite:RewriteHelpProject", false, [&] {
+        using namespace modGlobals;
+        ClearRefusedFiles();
+        const std::string newProjectFile =
+            modUtilities::MakeFullPathforFile(newRootPath, newProjectName);
+        bool ok = RewriteProjectFile(wizard, oldProjectFile, newProjectFile);
+        if (ok) {
+            modUtilities::InitializeProgressBar(wizard, TopicFiles->Count(),
+                                                "Writing New Topic Files ...");
+            modUtilities::ShowProgressBar(wizard, true);
+            const std::string cssLink = MakeCSSLinkString(wizard, newRootPath);
+            long done = 0;
+            // A failed file does not stop the loop; only the last result counts.
+            for (const auto& topic : *TopicFiles) {
+                ok = RewriteTopicFile(wizard, *topic, oldProjectFile, newRootPath, cssLink);
+                topic->JavaModified = false;
+                modUtilities::UpdateProgressBar(wizard, ++done);
+            }
+            if (ok) {
+                ok = RewriteIndex(wizard, oldProjectFile, wizard.IndexFile, newRootPath);
+                if (ok) ok = RewriteContents(wizard, oldProjectFile, wizard.ContentsFile, newRootPath);
+            }
+        }
+
+        modUtilities::InitializeProgressBar(wizard, 3, "Copying Map and Alias Files ...");
+        NewFileList newMapFiles;
+        if (ok) ok = CopyMapFiles(MapFiles, MapFileCount, newRootPath, newMapFiles);
+        modUtilities::UpdateProgressBar(wizard, 1);
+        const bool mapSectionIds = ProjectContextIDs && ProjectContextIDs->Count() > 0;
+        if (ok && (mapSectionIds || MapFileCount >= 1)) ok = AddMapFiles(newMapFiles, newProjectFile);
+        modUtilities::UpdateProgressBar(wizard, 2);
+        ClearFileDefined(MapContextIDs);
+        ClearFileDefined(ProjectContextIDs);
+        modUtilities::UpdateProgressBar(wizard, 3);
+        if (ok) {
+            NewFileList newAliasFiles;
+            std::string aliasFileName;
+            std::string aliasIncludeName;
+            if (MapContextIDs || ProjectContextIDs)
+                ok = WriteAliasFiles(wizard, newRootPath, newAliasFiles, aliasFileName,
+                                     aliasIncludeName);
+            if (ok)
+                RewriteInternalAliases(wizard, newProjectFile, newAliasFiles, aliasFileName,
+                                       aliasIncludeName);
+        }
+        return UpdateContextIDs();
+    });
+}
+
+}  // namespace tamrix::modRewrite

@@ -1,0 +1,58 @@
+#include "rewrite/sitemap_rewriter.h"
+
+#include "model/project_state.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "platform/program_error.h"
+#include "rewrite/containment.h"
+#include "rewrite/ordered_replace.h"
+
+namespace tamrix::modRewrite {
+namespace {
+
+bool RewriteSitemap(WizardState& wizard, const std::string& oldProjectFile,
+                    const std::string& file, const std::string& newRootPath,
+                    const CTargets* targets, const std::string& caption) {
+    if (!modUtilities::FileExists(file)) return true;
+    const std::string name = modUtilities::FileNameNoPath(file);
+    if (!IsSafeRelativeName(name)) {
+        RefuseOutsideFile(wizard, name);
+        return true;
+    }
+    FileSystem& fs = SharedFileSystem();
+    const std::string text = fs.ReadAll(modUtilities::FilePathOnly(oldProjectFile) + name);
+    const long count = targets != nullptr ? targets->Count() : 0;
+    modUtilities::InitializeProgressBar(wizard, count, caption);
+    // Each target's generated name is replaced by its topic's new name wherever it
+    // stands; a target that names no topic file is passed over.
+    const auto& topics = modGlobals::TopicFiles;
+    std::vector<NameReplacement> names;
+    for (long i = 1; i <= count; ++i) {
+        const std::string target = modUtilities::FileNameNoPath(targets->Item(i)->TargetString);
+        if (const auto topic = topics ? topics->Find(target) : nullptr)
+            names.push_back({target, topic->NewFileName});
+        modUtilities::UpdateProgressBar(wizard, i);
+    }
+    fs.WriteAll(modUtilities::MakeFullPathforFile(newRootPath, name),
+                ReplaceInOrder(text, names).text);
+    return true;
+}
+}  // namespace
+
+bool RewriteIndex(WizardState& wizard, const std::string& oldProjectFile,
+                  const std::string& indexFile, const std::string& newRootPath) {
+    return Guarded("modRewrite:RewriteIndex", false, [&] {
+        return RewriteSitemap(wizard, oldProjectFile, indexFile, newRootPath,
+                              modGlobals::IndexTargets.get(), "Writing New Index File ...");
+    });
+}
+
+bool RewriteContents(WizardState& wizard, const std::string& oldProjectFile,
+                     const std::string& contentsFile, const std::string& newRootPath) {
+    return Guarded("modRewrite:RewriteContents", false, [&] {
+        return RewriteSitemap(wizard, oldProjectFile, contentsFile, newRootPath,
+                              modGlobals::ContentsTargets.get(), "Writing New Contents File ...");
+    });
+}
+
+}  // namespace tamrix::modRewrite

@@ -1,0 +1,81 @@
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "platform/program_error.h"
+#include "wizard/write_step.h"
+
+namespace tamrix {
+namespace {
+
+constexpr const char* kTitle = "Writing New Project Files";
+
+void Show(WizardState& wizard, long id, const std::string& insert = {}) {
+    modMessages::ShowMessage(modMessages::GetMessageString(id, insert), mb::kOKOnly, kTitle,
+                             wizard.Box(), id);
+}
+
+// The same folder also when written another way ("x\.\", a relative path).
+bool SameFolder(const std::string& a, const std::string& b) {
+    FileSystem& fs = SharedFileSystem();
+    return modUtilities::IsTheSamePath(a, b) ||
+           modUtilities::IsTheSamePath(fs.GetAbsolutePathName(a), fs.GetAbsolutePathName(b));
+}
+
+}  // namespace
+
+bool CheckNewProjectTarget(WizardState& wizard, const std::string& txtRootPath) {
+    return Guarded("frmWizard:cmdRewrite", false, [&] {
+        const auto& topics = modGlobals::TopicFiles;
+        if (wizard.Projectname.empty()) {
+            Show(wizard, 10010);
+            return false;
+        }
+        if (!topics || !wizard.ScanComplete) {
+            modMessages::ShowMessage(modMessages::GetMessageString(10009), mb::kOKOnly, kTitle, {},
+                                     10009);
+            return false;
+        }
+        if (topics->Count() == 0) {
+            Show(wizard, 10009);
+            return false;
+        }
+        const std::string& root = wizard.NewRootPath;
+        const std::string oldFolder = modUtilities::FilePathOnly(wizard.Projectname);
+        // An empty root means the working folder, which must not be the input folder either.
+        const std::string effectiveRoot = root.empty() ? std::string(".") : root;
+        if (modUtilities::FolderExists(effectiveRoot) && SameFolder(effectiveRoot, oldFolder)) {
+            Show(wizard, 10014);
+            return false;
+        }
+        SharedFileSystem().SetWriteRoot(effectiveRoot);
+        if (!root.empty() && !modUtilities::FolderExists(root)) {
+            const int answer = modMessages::AskMessage(
+                modMessages::GetMessageString(10011, root), mb::kYesNoCancel | mb::kQuestion,
+                kTitle, wizard.Box(), 10011);
+            if (answer == mb::kCancel) return false;
+            if (answer == mb::kNo) {
+                Show(wizard, 10014);  // the same-folder text, shown here on purpose
+                return false;
+            }
+            if (!modUtilities::CreateFolder(root, "")) {
+                modMessages::ShowMessage(modMessages::GetMessageString(10013, root),
+                                         mb::kExclamation, kTitle, wizard.Box(), 10013);
+                return false;
+            }
+        }
+        if (txtRootPath.empty()) {
+            Show(wizard, 10015);
+            return false;
+        }
+        if (modUtilities::FileExists(root + "\\" + wizard.NewProjectName)) {
+            const int answer = modMessages::AskMessage(
+                modMessages::GetMessageString(10038, wizard.NewProjectName, root),
+                mb::kYesNo | mb::kQuestion, kTitle, wizard.Box(), 10038);
+            if (answer != mb::kYes) return false;
+        }
+        return true;
+    });
+}
+
+}  // namespace tamrix

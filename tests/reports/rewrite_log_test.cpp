@@ -1,0 +1,157 @@
+#include "reports/rewrite_log.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "model/project_state.h"
+#include "platform/program_identity.h"
+#include "rewrite/containment.h"
+#include "support/scripted_view.h"
+
+namespace tamrix::testing {
+namespace {
+
+// A table line: texts at columns 1, 36 and 46 of a 144-character line.
+std::string Row(const std::string& id, const std::string& value, const std::string& file = {}) {
+    std::string line = id + std::string(35 - id.size(), ' ') + value +
+                       std::string(10 - value.size(), ' ') + file;
+    return line + std::string(144 - line.size(), ' ');
+}
+
+class RewriteLogTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ::setenv("SOURCE_DATE_EPOCH", "1299333960", 1);  // March 05, 2011 14:06 UTC
+        modGlobals::ResetAll();
+        modRewrite::ClearRefusedFiles();
+        wizard.Projectname = "C:\\Help\\proj.hhp";
+        wizard.NewRootPath = "D:\\New\\";
+        wizard.NewProjectName = "new.hhp";
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        for (const char* name : {"a.htm", "b.htm", "c.htm"}) {
+            auto topic = std::make_shared<CTopicFile>();
+            topic->NewFileName = name;
+            modGlobals::TopicFiles->Add(topic, name);
+        }
+    }
+    void TearDown() override {
+        modGlobals::ResetAll();
+        modRewrite::ClearRefusedFiles();
+    }
+
+    // Context IDs, map files and aliases as a write leaves them: some aliased,
+    // one unaliased and one zero-value ID in each collection.
+    void AddWinHelpData() {
+        using namespace modGlobals;
+        wizard.WinHelpProjectName = "C:\\Help\\proj.hpj";
+        wizard.IndexFile = "C:\\Help\\Index.hhk";
+        wizard.ContentsFile = "C:\\Help\\Toc.hhc";
+        TopicFiles->Item(1)->HotSpotCount = 2;
+        TopicFiles->Item(3)->HotSpotCount = 1;
+        ProjectContextIDs = std::make_shared<CContextIDs>();
+        AddID(*ProjectContextIDs, "IDH_A", "1", 1, true, 0);
+        AddID(*ProjectContextIDs, "IDH_B", "2", 2, false, 0);
+        AddID(*ProjectContextIDs, "IDH_Z", "0", 0, false, 0);
+        MapContextIDs = std::make_shared<CContextIDs>();
+        AddID(*MapContextIDs, "M_1", "&H10", 16, true, 1);
+        AddID(*MapContextIDs, "M_2", "5", 5, false, 2);
+        AddID(*MapContextIDs, "M_0", "0", 0, false, 1);
+        MapFiles = {"C:\\Help\\first.h", "C:\\Help\\second.h"};
+        MapFileCount = 2;
+        ProjectAliases = std::make_shared<CAliases>();
+        ProjectAliases->Add("IDH_X")->AliasFound = true;
+        ProjectAliases->Add("IDH_Y");
+    }
+    static void AddID(CContextIDs& ids, const char* name, const char* value, int number,
+                      bool defined, int mapFile) {
+        const auto id = ids.Add(name, value, name);
+        id->ContextIDVal = number;
+        id->FileDefined = defined;
+        id->MapFileIndex = mapFile;
+    }
+
+    std::string Head() const {
+        return "Project Write Results for Converted HTML Help Project: proj.hhp\r\n\r\n"
+               "Tamrix Version " + VersionString() + "\r\nMarch 05, 2011: 02:06 PM\r\n\r\n"
+               "HTML Project File:\r\nC:\\Help\\proj.hhp\r\n\r\n";
+    }
+    std::string Table() const {
+        return "\r\nAliases were not found for these Context ID's:\r\n\r\n" +
+               Row("Context ID:", "Value:", "Map File:") + "\r\n" +
+               Row("------------", "------", "----------") + "\r\n";
+    }
+
+    ScriptedView view;
+    ScopedActiveView active{view};
+    WizardState wizard{&view};
+    CSummary report;
+};
+
+TEST_F(RewriteLogTest, FullLogWithZeroValueIDsIgnored) {
+    AddWinHelpData();
+    ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 2, 2));
+    EXPECT_EQ(report.Name(), "Write Summary Results for HTML Project: proj.hhp");
+    EXPECT_EQ(report.Text(),
+              Head() +
+                  "Original WinHelp 4 Project File:\r\nC:\\Help\\proj.hpj\r\n"
+                  "\r\nNew project written in: \r\nD:\\New\\\r\nNew project name: new.hhp\r\n"
+                  "Rewrote Index File: Index.hhk\r\nRewrote Contents File: Toc.hhc\r\n"
+                  "Rewrote 3 .htm files in folder html/.\r\n"
+                  "TODO: The following 2 .htm files contain graphical hotspots \n"
+                  "and must be manually edited to restore the function:\r\n"
+                  "a.htm\r\nc.htm\r\n\r\n\r\n"
+                  "Wrote 1 aliases for map file entries in the WinHelp project file.\r\n"
+                  "\r\nWrote 1 aliases for map files referenced in the WinHelp project.\r\n"
+                  "\r\nRewrote 1 aliases for alias entries in the WinHelp project file.\r\n"
+                  "\r\nThere were 2 zero value context ID'sthat were ignored.\r\n"
+                  "\r\nThere were 2 context ID's for which no alias was found.\r\n" +
+                  Table() + Row("IDH_B", "2") + "\r\n" + Row("M_2", "5", "second.h") + "\r\n");
+}
+
+TEST_F(RewriteLogTest, ZeroValueMapFileIDsAreListedWhenNotIgnored) {
+    AddWinHelpData();
+    modGlobals::IgnoreZeroIDs = false;
+    modGlobals::MapContextIDs->Item("M_2")->MapFileIndex = 3;  // past the list: no name
+    ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 2, 2));
+    const std::string& text = report.Text();
+    const std::string tail =
+        "\r\nThere were 2 zero value context ID's.\r\n"
+        "\r\nThere were 4 context ID's for which no alias was found.\r\n" +
+        Table() + Row("IDH_B", "2") + "\r\n" + Row("M_2", "5") + "\r\n" +
+        Row("M_0", "0", "first.h") + "\r\n";
+    ASSERT_GE(text.size(), tail.size());
+    EXPECT_EQ(text.substr(text.size() - tail.size()), tail);
+}
+
+TEST_F(RewriteLogTest, MapFileColumnReadsTheEntryBelowTheIndex) {
+    AddWinHelpData();
+    modGlobals::MapContextIDs->Item("M_2")->MapFileIndex = 1;
+    ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 1, 0));
+    // Number 1 is the first entry of the 0-based list.
+    EXPECT_NE(report.Text().find(Row("M_2", "5", "first.h") + "\r\n"), std::string::npos);
+    EXPECT_EQ(report.Text().find("There were 0 zero"), std::string::npos);
+}
+
+TEST_F(RewriteLogTest, PlainProjectEndsAfterTheTopicCount) {
+    ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 0, 0));
+    EXPECT_EQ(report.Text(), Head() +
+                                 "\r\nNew project written in: \r\nD:\\New\\\r\nNew project name: "
+                                 "new.hhp\r\nRewrote 3 .htm files in folder html/.\r\n");
+}
+
+TEST_F(RewriteLogTest, ListsFilesRefusedForLyingOutsideTheNewFolder) {
+    modRewrite::RefuseOutsideFile(wizard, "..\\..\\evil.htm");
+    modRewrite::RefuseOutsideFile(wizard, "html\\../evil.htm");
+    modRewrite::RefuseOutsideFile(wizard, "..\\..\\EVIL.htm");  // already listed
+    ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 0, 0));
+    const std::string tail =
+        "Rewrote 3 .htm files in folder html/.\r\n\r\n"
+        "Files refused because they would lie outside the new project folder:\r\n"
+        "..\\..\\evil.htm\r\nhtml\\../evil.htm\r\n";
+    ASSERT_GE(report.Text().size(), tail.size());
+    EXPECT_EQ(report.Text().substr(report.Text().size() - tail.size()), tail);
+}
+
+}  // namespace
+}  // namespace tamrix::testing

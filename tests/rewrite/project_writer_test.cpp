@@ -1,0 +1,227 @@
+#include "rewrite/project_writer.h"
+
+#include "platform/profile.h"
+#include "rewrite_fixture.h"
+
+namespace tamrix::testing {
+namespace {
+
+class ProjectFileTest : public RewriteTest {
+protected:
+    std::string Write(const std::string& text) {
+        const std::string oldFile = tmp.Write("old/p.hhp", text);
+        ok = modRewrite::RewriteProjectFile(wizard, oldFile, newDir + "/n.hhp");
+        return tmp.Exists("work/new/n.hhp") ? tmp.Read("work/new/n.hhp") : "<not written>";
+    }
+    bool ok = false;
+};
+
+TEST_F(ProjectFileTest, RenamesEveryOccurrenceAndListsTheStyleSheetFirst) {
+    AddTopic("html\\afxc0001.htm", "main");
+    AddTopic("html\\AFXC0002.HTM", "Intro");
+    AddTopic("html\\afxc0003.htm", "");  // no topic ID: keeps its name
+    wizard.AddCssLink = true;
+    const std::string out = Write(
+        "[OPTIONS]\r\nTitle=afxc0001.html\r\n\r\n[FILES]\r\nhtml\\afxc0001.htm\r\n"
+        "html\\afxc0002.htm\r\nhtml\\afxc0003.htm\r\n\r\n[ALIAS]\r\nIDH_A=html\\AFXC0001.HTM\r\n");
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(out,
+              "[OPTIONS]\r\nTitle=main.html\r\n\r\n[FILES]\r\nHHStyles.css\r\nhtml\\main.htm\r\n"
+              "html\\Intro.htm\r\nhtml\\afxc0003.htm\r\n\r\n[ALIAS]\r\nIDH_A=html\\main.htm\r\n");
+    EXPECT_TRUE(view.messages.empty());
+    EXPECT_EQ(view.Captions().front(), "Writing New Project File ...");
+}
+
+TEST_F(ProjectFileTest, KeepsTheFindQuirksAtPositionZeroAndNotFound) {
+    AddTopic("html\\a1.htm", "t1");
+    wizard.AddCssLink = true;
+    // No [FILES]: "not found" counts as found, so the entry goes to the very start.
+    EXPECT_EQ(Write("[OPTIONS]\r\nx=html\\a1.htm\r\n"),
+              "\r\nHHStyles.css[OPTIONS]\r\nx=html\\t1.htm\r\n");
+    // [FILES] at position 0 counts as missing: no entry.
+    EXPECT_EQ(Write("[FILES]\r\nhtml\\a1.htm\r\n"), "[FILES]\r\nhtml\\t1.htm\r\n");
+    // A name at position 0 ends the search before anything is replaced.
+    wizard.AddCssLink = false;
+    EXPECT_EQ(Write("a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n"), "a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n");
+    EXPECT_TRUE(ok);
+}
+
+TEST_F(ProjectFileTest, AsksBeforeRenamingAFileThatAlreadyMatchesItsTopicID) {
+    AddTopic("html\\ab.htm", "ab");      // same name
+    AddTopic("html\\xcd1.htm", "cd1");   // new name inside the old one
+    const std::string text = "[FILES]\r\nhtml\\ab.htm\r\nhtml\\xcd1.htm\r\n";
+    view.answers = {mb::kYes, mb::kNo};
+    EXPECT_EQ(Write(text), "<not written>");
+    EXPECT_FALSE(ok);
+    ASSERT_EQ(view.MessageIds(), (std::vector<long>{10005, 10005}));
+    EXPECT_EQ(view.messages[1].style, mb::kYesNo | mb::kQuestion);
+    EXPECT_EQ(view.messages[1].title, "Rewriting Project File");
+    EXPECT_NE(view.messages[1].text.find("The file xcd1.htm already matches"), std::string::npos);
+
+    view.messages.clear();
+    view.answers = {mb::kYes, mb::kYes};
+    EXPECT_EQ(Write(text), "[FILES]\r\nhtml\\ab.htm\r\nhtml\\cd1.htm\r\n");
+    EXPECT_TRUE(ok);
+}
+
+TEST_F(ProjectFileTest, StopsWhenOneNameOccursMoreThanTenTimes) {
+    AddTopic("html\\a1.htm", "t1");
+    std::string ten = "[FILES]\r\n";
+    for (int i = 0; i < 10; ++i) ten += "html\\a1.htm\r\n";
+    std::string expected = "[FILES]\r\n";
+    for (int i = 0; i < 10; ++i) expected += "html\\t1.htm\r\n";
+    EXPECT_EQ(Write(ten), expected);
+    EXPECT_TRUE(view.messages.empty());
+
+    std::filesystem::remove(newDir + "/n.hhp");
+    EXPECT_EQ(Write(ten + "html\\a1.htm\r\n"), "<not written>");
+    EXPECT_FALSE(ok);
+    ASSERT_EQ(view.MessageIds(), std::vector<long>{10005});
+    EXPECT_EQ(view.messages[0].style, mb::kOKOnly);
+}
+
+TEST_F(ProjectFileTest, WithoutAScanShowsWhatToDo) {
+    modGlobals::TopicFiles.reset();
+    EXPECT_FALSE(modRewrite::RewriteProjectFile(wizard, "", newDir + "/n.hhp"));
+    EXPECT_FALSE(modRewrite::RewriteProjectFile(wizard, oldDir + "/p.hhp", newDir + "/n.hhp"));
+    EXPECT_EQ(view.MessageIds(), (std::vector<long>{10010, 10009}));
+    EXPECT_EQ(view.messages[0].style, mb::kInformation);
+    EXPECT_EQ(view.messages[1].title, "Rewriting Project File");
+    EXPECT_FALSE(tmp.Exists("work/new/n.hhp"));
+}
+
+TEST_F(ProjectFileTest, WritesTheDefaultTopicOnlyForAKnownContentsTopic) {
+    AddTopic("html\\a1.htm", "First");
+    AddTopic("pages\\a2.htm", "Main");
+    const std::string text = "[OPTIONS]\r\nTitle=x\r\n\r\n[FILES]\r\npages\\a2.htm\r\n";
+    const std::string renamed = "[OPTIONS]\r\nTitle=x\r\n\r\n[FILES]\r\npages\\Main.htm\r\n";
+    EXPECT_EQ(Write(text), renamed);
+
+    modGlobals::ContentsTopic = "NoSuchTopic";
+    EXPECT_EQ(Write(text), renamed);
+    EXPECT_TRUE(ok);
+    EXPECT_FALSE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
+
+    // The folder "html" is fixed, whatever folder the topic lies in.
+    modGlobals::ContentsTopic = "MAIN";
+    EXPECT_EQ(Write(text), "[OPTIONS]\r\nTitle=x\r\nDefault Topic=html\\Main.htm\r\n\r\n[FILES]\r\n"
+                           "pages\\Main.htm\r\n");
+    EXPECT_TRUE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
+}
+
+TEST_F(ProjectFileTest, LeavesAnEntryWhoseNewNameWouldLeaveTheFolder) {
+    AddTopic("html\\a1.htm", "../evil");
+    AddTopic("html\\a2.htm", "good");
+    EXPECT_EQ(Write("[FILES]\r\nhtml\\a1.htm\r\nhtml\\a2.htm\r\n"),
+              "[FILES]\r\nhtml\\a1.htm\r\nhtml\\good.htm\r\n");
+}
+
+TEST_F(RewriteTest, NewTopicFileNameLooksUpTheGeneratedName) {
+    AddTopic("html\\Afxc0001.htm", "main");
+    AddTopic("html\\afxc0002.htm", "");
+    EXPECT_EQ(modRewrite::NewTopicFileName("AFXC0001.HTM"), "main.htm");
+    EXPECT_EQ(modRewrite::NewTopicFileName("afxc0002.htm"), ".htm");
+    EXPECT_EQ(modRewrite::NewTopicFileName("html\\afxc0001.htm"), "");
+    EXPECT_EQ(modRewrite::NewTopicFileName("other.htm"), "");
+    modGlobals::TopicFiles.reset();
+    EXPECT_EQ(modRewrite::NewTopicFileName("afxc0001.htm"), "");
+}
+
+TEST_F(RewriteTest, StyleSheetIsCreatedOnceAndLinkedFromOneFolderDown) {
+    EXPECT_EQ(modRewrite::MakeCSSLinkString(wizard, newDir), "");
+    EXPECT_FALSE(tmp.Exists("work/new/HHStyles.css"));
+
+    wizard.AddCssLink = true;
+    wizard.SetTopicClass = true;
+    EXPECT_EQ(modRewrite::MakeCSSLinkString(wizard, newDir),
+              "<link rel=\"stylesheet\" type=\"text/css\" href=\"../HHStyles.css\">");
+    EXPECT_EQ(tmp.Read("work/new/HHStyles.css"), "Body{ }\r\n\r\n.Topic_Title { }\r\n\r\n");
+
+    tmp.Write("work/new/Mine.css", "p { color: red }");
+    wizard.CssFileName = "Mine.css";
+    EXPECT_EQ(modRewrite::MakeCSSLinkString(wizard, newDir),
+              "<link rel=\"stylesheet\" type=\"text/css\" href=\"../Mine.css\">");
+    EXPECT_EQ(tmp.Read("work/new/Mine.css"), "p { color: red }");
+
+    EXPECT_TRUE(modRewrite::CreateCSSFile(newDir + "/plain.css", false));
+    EXPECT_EQ(tmp.Read("work/new/plain.css"), "Body{ }\r\n\r\n");
+}
+
+TEST_F(RewriteTest, StyleSheetNameOutsideTheFolderIsRefused) {
+    SharedFileSystem().SetWriteRoot("");  // the check alone must keep it out
+    wizard.AddCssLink = true;
+    wizard.CssFileName = "..\\..\\evil.css";
+    modRewrite::MakeCSSLinkString(wizard, newDir);
+    EXPECT_TRUE(Tree().empty());
+    ASSERT_EQ(view.messages.size(), 1u);
+    EXPECT_EQ(view.messages[0].catalogueId, 0);
+    EXPECT_EQ(view.messages[0].style, mb::kExclamation);
+    EXPECT_EQ(view.messages[0].title, "Writing New Project Files");
+    EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.css"});
+}
+
+class ImageFolderTest : public RewriteTest {
+protected:
+    bool Copy(bool ask) {
+        return modRewrite::CopyImageFolder(wizard, oldDir + "/p.hhp", newDir, ask);
+    }
+};
+
+TEST_F(ImageFolderTest, WithoutAnOldImagesFolderNothingHappens) {
+    EXPECT_TRUE(Copy(false));
+    EXPECT_FALSE(tmp.Exists("work/new/images"));
+    EXPECT_TRUE(view.messages.empty());
+}
+
+TEST_F(ImageFolderTest, AnEmptyOldFolderIsReported) {
+    std::filesystem::create_directories(oldDir + "/images");
+    EXPECT_TRUE(Copy(false));
+    EXPECT_TRUE(tmp.Exists("work/new/images"));
+    ASSERT_EQ(view.messages.size(), 1u);
+    EXPECT_EQ(view.messages[0].text, "There are no image files in the old /images folder.");
+    EXPECT_EQ(view.messages[0].style, mb::kInformation);
+    EXPECT_EQ(view.messages[0].title, "Copying \\images Folder");
+}
+
+TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfolders) {
+    tmp.Write("old/images/a.gif", "GIF89a");
+    tmp.Write("old/images/B.bmp", "BM");
+    tmp.Write("old/images/sub/c.gif", "no");
+    tmp.Write("work/new/images/a.gif", "old copy");
+    EXPECT_TRUE(Copy(false));
+    EXPECT_EQ(Tree(newDir), (std::map<std::string, std::string>{{"images/B.bmp", "BM"},
+                                                                {"images/a.gif", "GIF89a"}}));
+    EXPECT_TRUE(view.messages.empty());
+}
+
+TEST_F(ImageFolderTest, AsksBeforeOverwritingWhenTold) {
+    tmp.Write("old/images/a.gif", "GIF89a");
+    tmp.Write("work/new/images/a.gif", "old copy");
+    EXPECT_TRUE(Copy(true));  // answered No
+    EXPECT_EQ(view.MessageIds(), std::vector<long>{10007});
+    EXPECT_EQ(tmp.Read("work/new/images/a.gif"), "old copy");
+
+    view.answers = {mb::kYes};
+    EXPECT_TRUE(Copy(true));
+    EXPECT_EQ(tmp.Read("work/new/images/a.gif"), "GIF89a");
+
+    // Names are compared exactly: another case is no clash.
+    tmp.Write("work/new/images/A.GIF", "x");
+    std::filesystem::remove(newDir + "/images/a.gif");
+    view.messages.clear();
+    EXPECT_TRUE(Copy(true));
+    EXPECT_TRUE(view.messages.empty());
+}
+
+TEST_F(ImageFolderTest, AFolderThatCannotBeCreatedIsReported) {
+    tmp.Write("old/images/a.gif", "GIF89a");
+    const std::string missing = tmp / "nowhere/deeper";
+    SharedFileSystem().SetWriteRoot(missing);
+    EXPECT_FALSE(modRewrite::CopyImageFolder(wizard, oldDir + "/p.hhp", missing, false));
+    ASSERT_EQ(view.MessageIds(), std::vector<long>{10013});
+    EXPECT_EQ(view.messages[0].style, mb::kExclamation);
+    EXPECT_NE(view.messages[0].text.find(missing + "\\images"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tamrix::testing

@@ -1,0 +1,74 @@
+#pragma once
+// A scanned project in memory and two folders: "old" holds the input project,
+// "work/new" receives the new one, so that a name leading two levels up from
+// the new folder still lands inside the temporary folder where it can be seen.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "model/project_state.h"
+#include "model/wizard_state.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "rewrite/containment.h"
+#include "support/scripted_view.h"
+#include "support/temp_dir.h"
+
+namespace tamrix::testing {
+
+class RewriteTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ::setenv("SOURCE_DATE_EPOCH", "1299333960", 1);  // March 05, 2011 14:06 UTC
+        modGlobals::ResetAll();
+        modRewrite::ClearRefusedFiles();
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        std::filesystem::create_directories(oldDir);
+        std::filesystem::create_directories(newDir);
+        SharedFileSystem().SetWriteRoot(newDir);
+        wizard.CssFileName = "HHStyles.css";
+    }
+    void TearDown() override {
+        SharedFileSystem().SetWriteRoot("");
+        modGlobals::ResetAll();
+        modRewrite::ClearRefusedFiles();
+    }
+
+    // A topic as the scan leaves it.
+    std::shared_ptr<CTopicFile> AddTopic(const std::string& autoNamePath, const std::string& context,
+                                         std::initializer_list<const char*> targets = {}) {
+        auto topic = std::make_shared<CTopicFile>();
+        topic->AutoNamePath = autoNamePath;
+        topic->AutoFileName = modUtilities::FileNameNoPath(autoNamePath);
+        topic->Context = context;
+        topic->NewFileName = context.empty() ? topic->AutoFileName : context + ".htm";
+        topic->HasTitle = true;
+        for (const char* t : targets) topic->targets().Add(t);
+        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
+        return topic;
+    }
+
+    // Every regular file under the temporary folder, by relative path, with its bytes.
+    std::map<std::string, std::string> Tree(const std::string& under = {}) const {
+        std::map<std::string, std::string> files;
+        const std::filesystem::path root = under.empty() ? tmp.Path() : under;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
+            if (entry.is_regular_file())
+                files[std::filesystem::relative(entry.path(), root).string()] =
+                    ReadFileBytes(entry.path().string());
+        return files;
+    }
+
+    TempDir tmp;
+    const std::string oldDir = tmp / "old";
+    const std::string newDir = tmp / "work/new";
+    ScriptedView view;
+    ScopedActiveView active{view};
+    WizardState wizard{&view};
+};
+
+}  // namespace tamrix::testing

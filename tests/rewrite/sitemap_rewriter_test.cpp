@@ -1,0 +1,76 @@
+#include "rewrite/sitemap_rewriter.h"
+
+#include "rewrite_fixture.h"
+
+namespace tamrix::testing {
+namespace {
+
+class SitemapTest : public RewriteTest {
+protected:
+    void SetUp() override {
+        RewriteTest::SetUp();
+        AddTopic("html\\afxc0001.htm", "main");
+        // The new name is taken as it stands, not made again from the topic ID.
+        AddTopic("html\\afxc0002.htm", "intro")->NewFileName = "Intro_2.htm";
+        modGlobals::IndexTargets = std::make_shared<CTargets>();
+        modGlobals::ContentsTargets = std::make_shared<CTargets>();
+    }
+};
+
+TEST_F(SitemapTest, IndexKeepsFoldersAndFragmentsAndGoesToTheNewRoot) {
+    for (const char* t : {"html/afxc0001.htm", "html\\afxc0002.htm#sec", "html/AFXC0001.HTM",
+                          "other.htm"})
+        modGlobals::IndexTargets->Add(t);
+    const std::string hhk =
+        "<OBJECT type=\"text/sitemap\">\r\n"
+        "<param name=\"Local\" value=\"html/afxc0001.htm\">\r\n"
+        "<param name=\"Local\" value=\"html\\afxc0002.htm#sec\">\r\n"
+        "<param name=\"Local\" value=\"other.htm\">\r\n"
+        "<param name=\"Local\" value=\"HTML/AFXC0001.HTM#x\">\r\n</OBJECT>\r\n";
+    // The old index is read from the project folder, whatever folder the wizard names.
+    tmp.Write("old/Index.hhk", hhk);
+    EXPECT_TRUE(modRewrite::RewriteIndex(wizard, oldDir + "/p.hhp", tmp.Write("elsewhere/Index.hhk", ""),
+                                         newDir));
+    EXPECT_EQ(tmp.Read("work/new/Index.hhk"),
+              "<OBJECT type=\"text/sitemap\">\r\n"
+              "<param name=\"Local\" value=\"html/main.htm\">\r\n"
+              "<param name=\"Local\" value=\"html\\afxc0002.htm#sec\">\r\n"
+              "<param name=\"Local\" value=\"other.htm\">\r\n"
+              "<param name=\"Local\" value=\"HTML/main.htm#x\">\r\n</OBJECT>\r\n");
+    EXPECT_EQ(view.Captions().back(), "Writing New Index File ...");
+    EXPECT_TRUE(view.messages.empty());
+}
+
+TEST_F(SitemapTest, ContentsReplacesAFileNamedWithoutFragmentEverywhere) {
+    modGlobals::ContentsTargets->Add("html\\afxc0002.htm#sec");
+    modGlobals::ContentsTargets->Add("html\\afxc0002.htm");
+    const std::string file = tmp.Write("old/Toc.hhc", "a html\\afxc0002.htm#sec b afxc0002.htm");
+    EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldDir + "/p.hhp", file, newDir));
+    EXPECT_EQ(tmp.Read("work/new/Toc.hhc"), "a html\\Intro_2.htm#sec b Intro_2.htm");
+    EXPECT_EQ(view.Captions().back(), "Writing New Contents File ...");
+}
+
+TEST_F(SitemapTest, ANameAtPositionZeroIsNotReplaced) {
+    modGlobals::ContentsTargets->Add("afxc0001.htm");
+    const std::string file = tmp.Write("old/Toc.hhc", "afxc0001.htm afxc0001.htm");
+    EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldDir + "/p.hhp", file, newDir));
+    EXPECT_EQ(tmp.Read("work/new/Toc.hhc"), "afxc0001.htm afxc0001.htm");
+}
+
+TEST_F(SitemapTest, AMissingFileWritesNothingAndSucceeds) {
+    EXPECT_TRUE(modRewrite::RewriteIndex(wizard, oldDir + "/p.hhp", "", newDir));
+    EXPECT_TRUE(modRewrite::RewriteIndex(wizard, oldDir + "/p.hhp", oldDir + "/none.hhk", newDir));
+    EXPECT_TRUE(Tree(newDir).empty());
+    EXPECT_TRUE(view.messages.empty());
+    EXPECT_TRUE(view.errors.empty());
+}
+
+TEST_F(SitemapTest, WithoutTargetsTheFileIsCopied) {
+    modGlobals::ContentsTargets.reset();
+    const std::string file = tmp.Write("old/Toc.hhc", "x afxc0001.htm");
+    EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldDir + "/p.hhp", file, newDir));
+    EXPECT_EQ(tmp.Read("work/new/Toc.hhc"), "x afxc0001.htm");
+}
+
+}  // namespace
+}  // namespace tamrix::testing
