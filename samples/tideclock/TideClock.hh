@@ -7,6 +7,9 @@
 #define HID_VIEW_GRAPH           0x18200
 #define HID_VIEW_TABLE           0x18201
 #define HID_APP_ABOUT            0x1E140
+#define HID_HELP_INDEX           0x1E142
+#define HID_CONTEXT_HELP         0x1E143
+#define IDH_STATION_DIALOG       2000
 #define IDH_STATION_LIST         1001
 #define IDH_UNITS_METRIC         1002
 #define IDH_ALARM_MINUTES        1003

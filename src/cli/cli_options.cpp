@@ -91,7 +91,7 @@ std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, s
             options.answers[id] = code;
         } else if (convert && (arg == "--css" || arg.rfind("--css=", 0) == 0)) {
             options.css = true;
-            if (arg.size() > 6) options.cssName = arg.substr(6);
+            if (arg.rfind("--css=", 0) == 0) options.cssName = arg.substr(6);
             if (options.cssName.empty()) {
                 error = "--css= needs a style sheet name";
                 return std::nullopt;

@@ -28,10 +28,10 @@ int AffirmativeAnswerOfStyle(int style) {
 int NegativeAnswerOfStyle(int style) {
     switch (style & 0x0F) {
         case mb::kOKCancel:
-        case mb::kYesNoCancel:
         case mb::kRetryCancel: return mb::kCancel;
         case mb::kAbortRetryIgnore: return mb::kAbort;
-        case mb::kYesNo: return mb::kNo;
+        case mb::kYesNo:
+        case mb::kYesNoCancel: return mb::kNo;
         default: return mb::kOK;
     }
 }

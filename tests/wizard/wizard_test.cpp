@@ -1,0 +1,323 @@
+// The step machine driven through the scripted view, on a copy of the sample.
+#include "wizard/wizard.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "messages/messages.h"
+#include "model/project_state.h"
+#include "platform/file_system.h"
+#include "support/scripted_wizard_view.h"
+#include "support/temp_dir.h"
+
+namespace tamrix {
+namespace {
+
+namespace fs = std::filesystem;
+
+class WizardTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+        modGlobals::ResetAll();
+        fs::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
+                 fs::copy_options::recursive);
+        wizard.Start();
+    }
+    void TearDown() override {
+        SharedFileSystem().SetWriteRoot({});
+        modGlobals::ResetAll();
+        ::unsetenv("SOURCE_DATE_EPOCH");
+    }
+    void Next() { wizard.cmdNav_Click(kNavNext); }
+    // Steps 0 to 3 with the sample and its WinHelp project.
+    void ScanSample(bool withHpj = true) {
+        Next();
+        wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
+        Next();
+        wizard.controls.txtWinhelpProjectName = withHpj ? dir / "in/TideClock.hpj" : "";
+        Next();
+    }
+    void WriteSample() {
+        ScanSample();
+        wizard.controls.txtRootPath = dir / "out/TideClock.hhp";
+        view.answersById[10011] = mb::kYes;  // create the missing folder
+        Next();
+    }
+
+    testing::TempDir dir;
+    testing::ScriptedWizardView view;
+    ScopedActiveView active{view};
+    Wizard wizard{view};
+};
+
+TEST_F(WizardTest, StartsAtStepZeroWithOnlyNextEnabled) {
+    EXPECT_EQ(wizard.CurrentStep(), 0);
+    EXPECT_EQ(wizard.Caption(), "Tamrix - Introduction");
+    EXPECT_FALSE(wizard.NavButtons()[kNavBack].enabled);
+    EXPECT_TRUE(wizard.NavButtons()[kNavNext].enabled);
+    EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled);
+    EXPECT_TRUE(modGlobals::IgnoreZeroIDs);
+    EXPECT_TRUE(wizard.menus.mnuOptionsIgnoreZeroIDs.checked);
+    EXPECT_FALSE(wizard.menus.mnuOptionstest.visible);
+    EXPECT_FALSE(wizard.menus.mnuViewScanLog.enabled);
+    EXPECT_TRUE(wizard.controls.lblPrinterVisible);  // no printer in the test view
+    EXPECT_EQ(wizard.NavCaption(kNavNext), "&Next >");
+}
+
+TEST_F(WizardTest, NextAtStepOneWithNothingEnteredShows10008AndStays) {
+    Next();
+    ASSERT_EQ(wizard.CurrentStep(), 1);
+    Next();
+    EXPECT_EQ(wizard.CurrentStep(), 1);
+    ASSERT_FALSE(view.messages.empty());
+    EXPECT_EQ(view.messages.back().catalogueId, 10008);
+    EXPECT_EQ(view.messages.back().title, "HTML Help Project File");
+    EXPECT_EQ(view.messages.back().style, mb::kInformation);
+}
+
+TEST_F(WizardTest, TheSameProjectNameIsNotOpenedAgain) {
+    Next();
+    wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
+    Next();
+    ASSERT_EQ(wizard.CurrentStep(), 2);
+    EXPECT_EQ(wizard.controls.lblContextCount, "42");
+    EXPECT_EQ(wizard.IndexFile, "TideClock.hhk");
+    EXPECT_EQ(wizard.ContentsFile, "Table of Contents.hhc");
+    EXPECT_TRUE(wizard.menus.mnuViewOldprojectFile.enabled);
+    // With the file gone, reopening would fail; the same name does not reopen it.
+    fs::rename(dir / "in/TideClock.hhp", dir / "in/moved.hhp");
+    wizard.cmdNav_Click(kNavBack);
+    Next();
+    EXPECT_EQ(wizard.CurrentStep(), 2);
+    wizard.cmdNav_Click(kNavBack);
+    wizard.controls.txtProjectName = dir / "in/missing.hhp";
+    Next();
+    EXPECT_EQ(wizard.CurrentStep(), 1);
+    EXPECT_EQ(view.messages.back().catalogueId, 10069);
+}
+
+TEST_F(WizardTest, ScanWithoutAWinHelpProjectHasNoContextIds) {
+    ScanSample(false);
+    ASSERT_EQ(wizard.CurrentStep(), 3);
+    EXPECT_TRUE(wizard.ScanComplete);
+    EXPECT_EQ(modGlobals::MapContextIDs, nullptr);
+    EXPECT_EQ(modGlobals::ProjectContextIDs, nullptr);
+    EXPECT_EQ(wizard.controls.lblContextIDs, "0");
+    EXPECT_FALSE(wizard.controls.chkMapData);
+    EXPECT_EQ(wizard.controls.lblUntitledCount, "11");
+    EXPECT_TRUE(wizard.menus.mnuViewScanLog.enabled);
+    // Entering step 3 shows the step results once.
+    const MessageRequest* results = view.FindMessage("Successfully scanned all files.");
+    ASSERT_NE(results, nullptr);
+    EXPECT_EQ(results->title, "StepResults");
+    EXPECT_EQ(results->style, mb::kInformation);
+}
+
+TEST_F(WizardTest, ScanWithTheWinHelpProjectReadsMapAndAliases) {
+    ScanSample();
+    ASSERT_EQ(wizard.CurrentStep(), 3);
+    EXPECT_TRUE(wizard.controls.chkMapData);
+    EXPECT_TRUE(wizard.controls.chkAliasData);
+    ASSERT_NE(modGlobals::MapContextIDs, nullptr);
+    EXPECT_EQ(modGlobals::MapContextIDs->Count(), 17);
+    EXPECT_EQ(modGlobals::ProjectAliases->Count(), 4);
+    EXPECT_EQ(wizard.controls.lblContextIDs, "21");
+    EXPECT_EQ(wizard.Caption(), "Tamrix - New HTML Project");
+}
+
+TEST_F(WizardTest, HelpAsksForTheContextOfTheCurrentStep) {
+    ScanSample();
+    ASSERT_EQ(wizard.CurrentStep(), 3);
+    wizard.Form_KeyDown(112);
+    ASSERT_EQ(view.helpRequests.size(), 1u);
+    EXPECT_EQ(view.helpRequests[0], std::make_pair(kHelpContext, 5040));
+    EXPECT_TRUE(wizard.HelpShown());
+    wizard.cmdNav_Click(kNavBack);
+    wizard.cmdNav_Click(kNavHelp);
+    EXPECT_EQ(view.helpRequests[1].second, 5030);
+}
+
+TEST_F(WizardTest, WritingTheSampleReachesStepFourWithLogsAndPopups) {
+    WriteSample();
+    ASSERT_EQ(wizard.CurrentStep(), 4);
+    EXPECT_TRUE(wizard.RewriteDone);
+    for (const char* file : {"TideClock.hhp", "scan.log", "rewrite.log", "popups.log", "popups.js",
+                             "cshelp.txt", "cshelp.h", "NewMap.h", "NewAliases.h", "csAlias.h"})
+        EXPECT_TRUE(dir.Exists(std::string("out/") + file)) << file;
+    EXPECT_GT(wizard.NumPopupStrings, 0);
+    EXPECT_TRUE(wizard.menus.mnuViewRewriteLog.enabled);
+    EXPECT_TRUE(wizard.menus.mnuViewPopupLog.enabled);
+    EXPECT_TRUE(wizard.menus.mnuViewNewProjectFile.enabled);
+    const MessageRequest* results = view.FindMessage(modMessages::GetMessageString(10025));
+    ASSERT_NE(results, nullptr);
+    EXPECT_EQ(results->title, "StepResults");
+    EXPECT_NE(results->text.find("Tamrix wrote the file \"cshelp.txt\""), std::string::npos);
+    EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled);
+}
+
+TEST_F(WizardTest, BackFromFourAndNextAgainWritesEverythingAgain) {
+    WriteSample();
+    ASSERT_EQ(wizard.CurrentStep(), 4);
+    fs::remove(dir / "out/rewrite.log");
+    wizard.cmdNav_Click(kNavBack);
+    view.answersById[10038] = mb::kYes;
+    Next();
+    EXPECT_EQ(wizard.CurrentStep(), 4);
+    EXPECT_NE(view.FindMessage("Overwrite the project \"TideClock.hhp\""), nullptr);
+    EXPECT_TRUE(dir.Exists("out/rewrite.log"));
+}
+
+TEST_F(WizardTest, ActivatingPopupsThenFinishedEnablesExit) {
+    WriteSample();
+    wizard.controls.optYesPopups = true;
+    wizard.controls.optNoPopups = false;
+    Next();
+    ASSERT_EQ(wizard.CurrentStep(), 5);
+    EXPECT_TRUE(wizard.PopupsActivated);
+    EXPECT_TRUE(wizard.Finished());
+    EXPECT_TRUE(wizard.NavButtons()[kNavExit].enabled);
+    EXPECT_FALSE(wizard.NavButtons()[kNavNext].enabled);
+    EXPECT_TRUE(wizard.menus.mnuOptionsReformatMap.checked);
+    EXPECT_TRUE(wizard.menus.mnuToolsFormatMapFiles.enabled);
+    EXPECT_TRUE(dir.Exists("out/html/NoPopups"));
+    EXPECT_NE(view.FindMessage("to use Javascript"), nullptr);
+    view.answers = {mb::kYes};
+    wizard.cmdNav_Click(kNavExit);
+    EXPECT_EQ(view.exits, 1);
+    EXPECT_EQ(view.messages.back().text, "Do you want to exit the program?");
+}
+
+TEST_F(WizardTest, CancelOffersARestartAndClearsTheProject) {
+    ScanSample();
+    ASSERT_EQ(wizard.CurrentStep(), 3);
+    view.answers = {mb::kNo};
+    wizard.cmdNav_Click(kNavCancel);
+    EXPECT_EQ(wizard.CurrentStep(), 3);
+    EXPECT_EQ(view.messages.back().text, "Do you want to restart the program?");
+    EXPECT_EQ(view.messages.back().title, "Cancel");
+    EXPECT_EQ(view.messages.back().style, 36);
+    view.answers = {mb::kYes};
+    wizard.cmdNav_Click(kNavCancel);
+    EXPECT_EQ(wizard.CurrentStep(), 0);
+    EXPECT_TRUE(wizard.Projectname.empty());
+    EXPECT_EQ(modGlobals::TopicFiles, nullptr);
+    EXPECT_TRUE(wizard.controls.txtProjectName.empty());
+    EXPECT_FALSE(wizard.menus.mnuViewScanLog.enabled);
+    view.answers = {mb::kYes};
+    wizard.cmdNav_Click(kNavCancel);  // at step 0 Cancel offers to exit
+    EXPECT_EQ(view.messages.back().text, "Do you want to exit the program?");
+    EXPECT_EQ(view.exits, 1);
+}
+
+TEST_F(WizardTest, ExitIsDisabledBeforeTheLastStep) {
+    for (int step = 0; step < 3; ++step) {
+        EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled) << step;
+        Next();
+        if (step == 0) wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
+    }
+    EXPECT_EQ(wizard.CurrentStep(), 3);
+    EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled);
+}
+
+TEST_F(WizardTest, StyleSheetOptionsReachTheWriterOnlyThroughTheDialog) {
+    EXPECT_TRUE(wizard.GetHTMLOptions());
+    EXPECT_FALSE(wizard.AddCssLink);
+    view.optionsTickCss = true;
+    view.optionsCssName = "";
+    wizard.mnuOptionsHTML_Click();
+    EXPECT_NE(view.FindMessage("There must be a valid name for the style sheet"), nullptr);
+    EXPECT_FALSE(wizard.Options()->Status);
+    view.optionsCssName = "Tide.css";
+    wizard.Options()->chkTopicClass = true;
+    wizard.mnuOptionsHTML_Click();
+    wizard.GetHTMLOptions();
+    EXPECT_TRUE(wizard.AddCssLink);
+    EXPECT_EQ(wizard.CssFileName, "Tide.css");
+    EXPECT_FALSE(wizard.SetTopicClass);  // offered, never passed on
+}
+
+TEST_F(WizardTest, OptionsDialogPutsTheDefaultNameBackWhenPainted) {
+    OptionsDialog dialog;
+    EXPECT_EQ(dialog.txtCssFileName, "HHStyles.css");
+    EXPECT_FALSE(dialog.CssNameVisible());
+    dialog.chkCssFile = true;
+    EXPECT_TRUE(dialog.CssNameVisible());
+    dialog.txtCssFileName.clear();
+    dialog.Paint();
+    EXPECT_EQ(dialog.txtCssFileName, "HHStyles.css");
+    dialog.Cancel();
+    EXPECT_FALSE(dialog.Status);
+}
+
+TEST_F(WizardTest, ZeroIdToggleFollowsItsCheckMark) {
+    wizard.mnuOptionsIgnoreZeroIDs_Click();
+    EXPECT_FALSE(modGlobals::IgnoreZeroIDs);
+    EXPECT_FALSE(wizard.menus.mnuOptionsIgnoreZeroIDs.checked);
+    wizard.mnuOptionsIgnoreZeroIDs_Click();
+    EXPECT_TRUE(modGlobals::IgnoreZeroIDs);
+    wizard.mnuOptionsReformatMap_Click();
+    EXPECT_TRUE(wizard.menus.mnuOptionsReformatMap.checked);
+}
+
+TEST_F(WizardTest, ViewEntriesChooseTheirFileOrMessage) {
+    wizard.mnuViewHTM_Click();
+    EXPECT_EQ(view.messages.back().text, "Not implemented");
+    wizard.mnuViewOldprojectFile_Click();
+    EXPECT_EQ(view.messages.back().catalogueId, 10022);
+    EXPECT_EQ(view.messages.back().title, "View Project File");
+    wizard.mnuViewNewProjectFile_Click();
+    EXPECT_EQ(view.messages.back().title, "View New Project File");
+    wizard.mnuViewScanLog_Click();
+    EXPECT_EQ(view.messages.back().title, "View Scan Log");
+    Next();
+    wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
+    Next();
+    wizard.mnuViewScanLog_Click();  // opened but not scanned
+    EXPECT_EQ(view.messages.back().catalogueId, 10009);
+}
+
+TEST_F(WizardTest, BrowseButtonsCheckTheExtensionWithCrossedTitles) {
+    Next();
+    view.openAnswers = {dir / "in/TideClock.hhk"};
+    view.answers = {mb::kNo};
+    wizard.cmdBrowseHHP_Click();
+    EXPECT_EQ(view.messages.back().catalogueId, 10067);
+    EXPECT_EQ(view.messages.back().title, "Open WinHelp Help Project");
+    EXPECT_EQ(view.messages.back().style, 52);
+    EXPECT_TRUE(wizard.controls.txtProjectName.empty());
+    view.openAnswers = {dir / "in/TideClock.hhp"};
+    wizard.cmdBrowseHHP_Click();
+    EXPECT_EQ(wizard.controls.txtProjectName, dir / "in/TideClock.hhp");
+    EXPECT_EQ(wizard.controls.lblTopicCount, "42");
+    EXPECT_EQ(wizard.controls.lblIndexFile, "TideClock.hhk");
+    view.openAnswers = {dir / "in/TideClock.hh"};
+    view.answers = {mb::kNo};
+    wizard.cmdbrowseHPJ_Click();
+    EXPECT_EQ(view.messages.back().title, "Opening HTML help project");
+    EXPECT_TRUE(wizard.controls.txtWinhelpProjectName.empty());
+    view.openAnswers = {dir / "in/TideClock.hpj"};
+    wizard.cmdbrowseHPJ_Click();
+    EXPECT_TRUE(wizard.controls.chkMapData);
+    EXPECT_TRUE(wizard.controls.chkAliasData);
+    view.saveAnswers = {dir / "out/New.hhp"};
+    wizard.cmdBrowseNewRoot_Click();
+    EXPECT_EQ(wizard.controls.txtRootPath, dir / "out/New.hhp");
+}
+
+TEST_F(WizardTest, AnEmptyOrNamelessNewPathIsRefused) {
+    ScanSample();
+    Next();
+    EXPECT_EQ(wizard.CurrentStep(), 3);
+    EXPECT_EQ(view.messages.back().text,
+              "Please select the new HTML project location by clicking the Browse Button");
+    wizard.controls.txtRootPath = dir / "out/";
+    Next();
+    EXPECT_EQ(wizard.CurrentStep(), 3);
+    EXPECT_EQ(view.messages.back().text, "Check syntax of New Path");
+}
+
+}  // namespace
+}  // namespace tamrix
