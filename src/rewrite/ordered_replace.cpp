@@ -139,8 +139,9 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
     for (std::size_t i = 1; i < found.size(); ++i)
         if (found[i].start < found[i - 1].start + found[i - 1].length) return std::nullopt;
 
-    // Which entry replaces each group: the first listing, unless the name stands at
-    // position 0, which ends every search for it before anything is replaced.
+    // Which entry replaces each group: the first listing that is no probe, unless
+    // the name stands at position 0, which ends every search for it. A probe finds
+    // its name while no earlier entry has replaced it.
     const int atStart = !found.empty() && found[0].start == 0 ? found[0].group : -1;
     ReplaceOutcome outcome;
     outcome.counts.assign(list.size(), 0);
@@ -150,6 +151,10 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
     for (std::size_t k = 0; k < list.size(); ++k) {
         const int group = index.GroupOf(names[k]);
         if (group < 0 || group == atStart || replacer.count(group) != 0) continue;
+        if (list[k].probeOnly) {
+            outcome.counts[k] = occurrences[group] > 0 ? 1 : 0;
+            continue;
+        }
         replacer.emplace(group, k);
         outcome.counts[k] = occurrences[group];
     }
@@ -175,15 +180,23 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
                     return std::nullopt;
     }
 
+    // The last entry's group: where its first site starts and its last one ends.
+    const int lastGroup = list.empty() ? -1 : index.GroupOf(names.back());
+    std::optional<std::size_t> firstStart;
+    std::size_t lastEnd = 0;
     std::size_t done = 0;
     for (const Occurrence& o : found) {
-        const auto it = replacer.find(o.group);
-        if (it == replacer.end()) continue;
         outcome.text.append(text.substr(done, o.start - done));
-        outcome.text += list[it->second].replacement;
+        if (o.group == lastGroup && !firstStart) firstStart = outcome.text.size();
+        const auto it = replacer.find(o.group);
+        outcome.text += it == replacer.end() ? text.substr(o.start, o.length)
+                                             : std::string_view(list[it->second].replacement);
+        if (o.group == lastGroup) lastEnd = outcome.text.size();
         done = o.start + o.length;
     }
     outcome.text.append(text.substr(done));
+    if (!list.empty() && outcome.counts.back() > 0)
+        outcome.caret = list.back().probeOnly ? *firstStart : lastEnd;
     outcome.onePass = true;
     return outcome;
 }
@@ -198,12 +211,19 @@ ReplaceOutcome ReplaceNameByName(std::string_view text, const std::vector<NameRe
     for (std::size_t k = 0; k < list.size(); ++k) {
         const std::string& name = list[k].name;
         std::size_t hit = FindNoCase(outcome.text, name, 0);
+        outcome.caret = 0;
         if (hit == kNotFound || hit == 0) continue;  // a match at position 0 ends the search
+        if (list[k].probeOnly) {
+            outcome.counts[k] = 1;
+            outcome.caret = hit;
+            continue;
+        }
         std::string next;
         std::size_t done = 0;
         for (; hit != kNotFound; hit = FindNoCase(outcome.text, name, done)) {
             next.append(outcome.text, done, hit - done);
             next += list[k].replacement;
+            outcome.caret = next.size();
             done = hit + name.size();
             if (++outcome.counts[k] > limit && limit > 0) return outcome;
         }
