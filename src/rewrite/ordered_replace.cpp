@@ -73,41 +73,57 @@ struct Site {
     std::optional<std::string> replacement;  // folded; none when the site is kept
 };
 
-// The last (or first) `need` characters that can stand just before (or after) site
-// i: the gap and, when the gap is short, the neighbouring site in either state.
-// Nothing when that is still too short and more text lies beyond the neighbour.
+// Every text of `need` characters (fewer at the ends of the text) that can stand
+// just before (or after) site i while the names are replaced: the gaps and the
+// neighbouring sites, each as found or as replaced. Nothing when that gives too
+// many texts to check.
 std::optional<std::vector<std::string>> Contexts(std::string_view folded,
                                                  const std::vector<Site>& sites, std::size_t i,
                                                  std::size_t need, bool before) {
-    if (before) {
-        const std::size_t gapStart = i == 0 ? 0 : sites[i - 1].start + sites[i - 1].length;
-        const std::size_t gap = sites[i].start - gapStart;
-        if (gap >= need || i == 0)
-            return std::vector<std::string>{std::string(folded.substr(sites[i].start - std::min(gap, need),
-                                                                      std::min(gap, need)))};
-        const Site& n = sites[i - 1];
-        const std::string gapText(folded.substr(gapStart, gap));
-        std::vector<std::string> out{std::string(folded.substr(n.start, n.length)) + gapText};
-        if (n.replacement) out.push_back(*n.replacement + gapText);
-        for (std::string& s : out) {
-            if (s.size() < need && n.start > 0) return std::nullopt;
-            if (s.size() > need) s.erase(0, s.size() - need);
+    constexpr std::size_t kMaxContexts = 16;
+    std::vector<std::string> out{std::string()};
+    // Walks away from site i, one gap and one neighbouring site at a time.
+    std::size_t edge = before ? sites[i].start : sites[i].start + sites[i].length;
+    std::size_t next = i;  // sites[next] is the next neighbour in the walk, when in range
+    while (true) {
+        const bool more = before ? next > 0 : next + 1 < sites.size();
+        const Site* neighbour = more ? &sites[before ? next - 1 : next + 1] : nullptr;
+        const std::size_t gapEnd =
+            before ? edge : (neighbour ? neighbour->start : folded.size());
+        const std::size_t gapStart =
+            before ? (neighbour ? neighbour->start + neighbour->length : 0) : edge;
+        const std::string gap(folded.substr(gapStart, gapEnd - gapStart));
+        bool shortOnes = false;
+        for (std::string& text : out) {
+            text = before ? gap + text : text + gap;
+            shortOnes = shortOnes || text.size() < need;
         }
-        return out;
+        if (!shortOnes || neighbour == nullptr) break;
+        const std::string found(folded.substr(neighbour->start, neighbour->length));
+        std::vector<std::string> grown;
+        for (const std::string& text : out) {
+            if (text.size() >= need) {
+                grown.push_back(text);
+                continue;
+            }
+            grown.push_back(before ? found + text : text + found);
+            if (neighbour->replacement)
+                grown.push_back(before ? *neighbour->replacement + text : text + *neighbour->replacement);
+        }
+        if (grown.size() > kMaxContexts) return std::nullopt;
+        out = std::move(grown);
+        edge = before ? neighbour->start : neighbour->start + neighbour->length;
+        next = before ? next - 1 : next + 1;
     }
-    const std::size_t gapStart = sites[i].start + sites[i].length;
-    const std::size_t gapEnd = i + 1 < sites.size() ? sites[i + 1].start : folded.size();
-    const std::size_t gap = gapEnd - gapStart;
-    if (gap >= need || i + 1 == sites.size())
-        return std::vector<std::string>{std::string(folded.substr(gapStart, std::min(gap, need)))};
-    const Site& n = sites[i + 1];
-    const std::string gapText(folded.substr(gapStart, gap));
-    std::vector<std::string> out{gapText + std::string(folded.substr(n.start, n.length))};
-    if (n.replacement) out.push_back(gapText + *n.replacement);
-    for (std::string& s : out) {
-        if (s.size() < need && n.start + n.length < folded.size()) return std::nullopt;
-        if (s.size() > need) s.resize(need);
+    for (std::string& text : out) {
+        if (text.size() <= need) continue;
+        if (before)
+            text.erase(0, text.size() - need);
+        else
+            text.resize(need);
     }
+    std::sort(out.begin(), out.end());
+    out.erase(std::unique(out.begin(), out.end()), out.end());
     return out;
 }
 
@@ -123,8 +139,9 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
     for (std::size_t i = 1; i < found.size(); ++i)
         if (found[i].start < found[i - 1].start + found[i - 1].length) return std::nullopt;
 
-    // Which entry replaces each group: the first listing, unless the name stands at
-    // position 0, which ends every search for it before anything is replaced.
+    // Which entry replaces each group: the first listing that is no probe, unless
+    // the name stands at position 0, which ends every search for it. A probe finds
+    // its name while no earlier entry has replaced it.
     const int atStart = !found.empty() && found[0].start == 0 ? found[0].group : -1;
     ReplaceOutcome outcome;
     outcome.counts.assign(list.size(), 0);
@@ -134,6 +151,10 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
     for (std::size_t k = 0; k < list.size(); ++k) {
         const int group = index.GroupOf(names[k]);
         if (group < 0 || group == atStart || replacer.count(group) != 0) continue;
+        if (list[k].probeOnly) {
+            outcome.counts[k] = occurrences[group] > 0 ? 1 : 0;
+            continue;
+        }
         replacer.emplace(group, k);
         outcome.counts[k] = occurrences[group];
     }
@@ -159,15 +180,23 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
                     return std::nullopt;
     }
 
+    // The last entry's group: where its first site starts and its last one ends.
+    const int lastGroup = list.empty() ? -1 : index.GroupOf(names.back());
+    std::optional<std::size_t> firstStart;
+    std::size_t lastEnd = 0;
     std::size_t done = 0;
     for (const Occurrence& o : found) {
-        const auto it = replacer.find(o.group);
-        if (it == replacer.end()) continue;
         outcome.text.append(text.substr(done, o.start - done));
-        outcome.text += list[it->second].replacement;
+        if (o.group == lastGroup && !firstStart) firstStart = outcome.text.size();
+        const auto it = replacer.find(o.group);
+        outcome.text += it == replacer.end() ? text.substr(o.start, o.length)
+                                             : std::string_view(list[it->second].replacement);
+        if (o.group == lastGroup) lastEnd = outcome.text.size();
         done = o.start + o.length;
     }
     outcome.text.append(text.substr(done));
+    if (!list.empty() && outcome.counts.back() > 0)
+        outcome.caret = list.back().probeOnly ? *firstStart : lastEnd;
     outcome.onePass = true;
     return outcome;
 }
@@ -182,12 +211,19 @@ ReplaceOutcome ReplaceNameByName(std::string_view text, const std::vector<NameRe
     for (std::size_t k = 0; k < list.size(); ++k) {
         const std::string& name = list[k].name;
         std::size_t hit = FindNoCase(outcome.text, name, 0);
+        outcome.caret = 0;
         if (hit == kNotFound || hit == 0) continue;  // a match at position 0 ends the search
+        if (list[k].probeOnly) {
+            outcome.counts[k] = 1;
+            outcome.caret = hit;
+            continue;
+        }
         std::string next;
         std::size_t done = 0;
         for (; hit != kNotFound; hit = FindNoCase(outcome.text, name, done)) {
             next.append(outcome.text, done, hit - done);
             next += list[k].replacement;
+            outcome.caret = next.size();
             done = hit + name.size();
             if (++outcome.counts[k] > limit && limit > 0) return outcome;
         }

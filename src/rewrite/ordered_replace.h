@@ -13,12 +13,17 @@ namespace tamrix::modRewrite {
 struct NameReplacement {
     std::string name;
     std::string replacement;
+    // Only looks: the count is 1 when the search finds the name (not at position 0).
+    bool probeOnly = false;
 };
 
 struct ReplaceOutcome {
     std::string text;
-    std::vector<int> counts;  // replacements made for each entry
-    bool onePass = false;     // whether the single-pass way was taken
+    std::vector<int> counts;  // replacements made (or names found) for each entry
+    // Where the caret stands after the last entry: after its last inserted text,
+    // at the name a probe found, or at 0 when the last search found nothing.
+    std::size_t caret = 0;
+    bool onePass = false;  // whether the single-pass way was taken
 };
 
 // The result of the loop. The single pass is taken when the names' occurrences

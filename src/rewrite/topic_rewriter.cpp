@@ -1,10 +1,12 @@
 #include "rewrite/topic_rewriter.h"
 
 #include "messages/messages.h"
+#include "platform/byte_text.h"
+#include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
-#include "platform/text_buffer.h"
 #include "rewrite/containment.h"
+#include "rewrite/ordered_replace.h"
 #include "rewrite/project_writer.h"
 
 namespace tamrix::modRewrite {
@@ -31,37 +33,37 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
         modUtilities::CreateFolder(newRootPath, relFolder);  // a failure shows when saving
         const std::string newPath = newRootPath + "\\" + relFolder + topic.NewFileName;
 
-        TextBuffer buffer;
-        buffer.LoadFile(oldPath);
+        FileSystem& fs = SharedFileSystem();
+        const std::string old = fs.ReadAll(oldPath);
+        // Each target's file name is replaced wherever it stands by the new name of
+        // the topic it names; a name that names no topic is only looked for.
+        std::vector<NameReplacement> names;
+        for (const auto& target : topic.targets()) {
+            const std::string base = TargetBase(target->TargetString);
+            std::string newName = NewTopicFileName(base);
+            const bool unknown = newName.empty();
+            names.push_back({base, std::move(newName), unknown});
+        }
+        const ReplaceOutcome outcome = ReplaceInOrder(old, names);
+        std::size_t k = 0;
         for (const auto& target : topic.targets()) {
             const std::string& t = target->TargetString;
-            const std::string base = TargetBase(t);
-            bool unknown = false;
-            buffer.SetSelStart(0);
-            // The search goes on after each inserted name, so a new name that holds
-            // the old one cannot loop; a match at position 0 ends it.
-            while (buffer.Find(base, buffer.SelStart()) >= 1) {
-                const std::string newName = NewTopicFileName(base);
-                if (newName.empty()) {
-                    unknown = true;
-                    break;
-                }
-                buffer.ReplaceSel(newName);
-            }
-            if (unknown && !t.empty() && t.front() != '#')
+            if (names[k].probeOnly && outcome.counts[k] > 0 && !t.empty() && t.front() != '#')
                 modMessages::ShowMessage(
                     modMessages::GetMessageString(10032, t, modUtilities::FileNameNoPath(oldPath)),
                     mb::kExclamation, "Rewriting Topic File", wizard.Box(), 10032);
+            ++k;
         }
 
+        std::string text = outcome.text;
         if (!cssLink.empty()) {
-            // Without "</HEAD>" the link goes where the last search left the caret.
-            if (buffer.Find("</HEAD>", 0) != 0) {
-                buffer.SetSelLength(0);
-                buffer.ReplaceSel(cssLink + "\r\n");
-            }
+            // A head end at position 0 counts as missing the other way: no link. Without
+            // "</HEAD>" the link goes where the last search left the caret.
+            const std::size_t headEnd = FindNoCase(text, "</HEAD>", 0);
+            if (headEnd != 0)
+                text.insert(headEnd == kNotFound ? outcome.caret : headEnd, cssLink + "\r\n");
         }
-        buffer.SaveFile(newPath);
+        fs.WriteAll(newPath, text);
         return true;
     });
 }

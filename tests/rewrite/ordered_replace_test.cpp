@@ -19,25 +19,35 @@ ReplaceOutcome ReplaceOneByOne(std::string_view text, const List& list) {
     for (const auto& entry : list) {
         int count = 0;
         buffer.SetSelStart(0);
-        while (buffer.Find(entry.name, buffer.SelStart()) >= 1) {
-            buffer.ReplaceSel(entry.replacement);
-            ++count;
+        if (entry.probeOnly) {
+            count = buffer.Find(entry.name, 0) >= 1 ? 1 : 0;
+        } else {
+            while (buffer.Find(entry.name, buffer.SelStart()) >= 1) {
+                buffer.ReplaceSel(entry.replacement);
+                ++count;
+            }
         }
         outcome.counts.push_back(count);
+        outcome.caret = static_cast<std::size_t>(buffer.SelStart());
     }
     outcome.text = buffer.Text();
     return outcome;
 }
 
 TEST(OrderedReplace, GeneratedNamesGoInOnePass) {
-    const List list{{"a1.htm", "main.htm"}, {"A2.HTM", "mass.htm"}, {"a3.htm", "three.htm"}};
+    // One long name makes the text checked around each short one reach over
+    // several neighbouring lines.
+    const List list{{"a1.htm", "main.htm"},
+                    {"A2.HTM", "mass.htm"},
+                    {"a3.htm", "three.htm"},
+                    {"a_much_longer_generated_name.htm", "long.htm"}};
     const std::string text = "[FILES]\r\nhtml\\a1.htm\r\nhtml\\a2.htm\r\nhtml\\A3.htm\r\n"
-                             "[ALIAS]\r\nX=html\\a1.htm\r\n";
+                             "html\\a_much_longer_generated_name.htm\r\n[ALIAS]\r\nX=html\\a1.htm\r\n";
     const auto outcome = ReplaceInOrder(text, list);
     EXPECT_TRUE(outcome.onePass);
     EXPECT_EQ(outcome.text, "[FILES]\r\nhtml\\main.htm\r\nhtml\\mass.htm\r\nhtml\\three.htm\r\n"
-                            "[ALIAS]\r\nX=html\\main.htm\r\n");
-    EXPECT_EQ(outcome.counts, (std::vector<int>{2, 1, 1}));
+                            "html\\long.htm\r\n[ALIAS]\r\nX=html\\main.htm\r\n");
+    EXPECT_EQ(outcome.counts, (std::vector<int>{2, 1, 1, 1}));
 }
 
 TEST(OrderedReplace, KeepsTheRulesOfTheOneByOneLoop) {
@@ -53,6 +63,14 @@ TEST(OrderedReplace, KeepsTheRulesOfTheOneByOneLoop) {
     outcome = ReplaceInOrder(" q.htm", {{"q.htm", "b.htm"}, {"b.htm", "c.htm"}});
     EXPECT_EQ(outcome.text, " c.htm");
     EXPECT_EQ(outcome.counts, (std::vector<int>{1, 1}));
+    // The caret: after the last inserted name, at a name a probe found, else at 0.
+    outcome = ReplaceInOrder("<a b.htm> b.htm x.htm", {{"B.HTM", "long.htm"}});
+    EXPECT_EQ(outcome.caret, 21u);
+    outcome = ReplaceInOrder("<a b.htm> x.htm", {{"b.htm", "c.htm"}, {"x.htm", "", true}});
+    EXPECT_EQ(outcome.text, "<a c.htm> x.htm");
+    EXPECT_EQ(outcome.counts, (std::vector<int>{1, 1}));
+    EXPECT_EQ(outcome.caret, 10u);
+    EXPECT_EQ(ReplaceInOrder("x.htm b.htm", {{"b.htm", "c.htm"}, {"x.htm", "", true}}).caret, 0u);
 }
 
 TEST(OrderedReplace, StopsOnceAnEntryPassesTheLimit) {
@@ -82,12 +100,14 @@ TEST(OrderedReplace, AgreesWithTheOneByOneLoopOnRandomTexts) {
         const std::string text = word(60, letters);
         List list;
         const int names = 1 + static_cast<int>(random() % 6);
-        for (int i = 0; i < names; ++i) list.push_back({word(4, letters), word(5, letters)});
+        for (int i = 0; i < names; ++i)
+            list.push_back({word(4, letters), word(5, letters), random() % 4 == 0});
         if (round % 7 == 0) list.push_back({"", "x"});
         const auto fast = ReplaceInOrder(text, list);
         const auto slow = ReplaceOneByOne(text, list);
         ASSERT_EQ(fast.text, slow.text) << "text " << text << " round " << round;
         ASSERT_EQ(fast.counts, slow.counts) << "text " << text << " round " << round;
+        ASSERT_EQ(fast.caret, slow.caret) << "text " << text << " round " << round;
         onePass += fast.onePass ? 1 : 0;
     }
     // Both ways must have been exercised for the comparison to mean anything.
