@@ -1,6 +1,4 @@
-// The whole write step, through RewriteHelpProject and the map and alias
-// writer. Those are built on another branch; remove this guard once they are in.
-#ifdef TAMRIX_WITH_MAP_ALIAS_WRITER
+// The whole write step, through RewriteHelpProject and the map and alias writer.
 
 #include <gtest/gtest.h>
 
@@ -150,4 +148,3 @@ TEST_F(WriteStepFlow, HostileNamesStayOutOfEveryFolderButTheNewOne) {
 }  // namespace
 }  // namespace tamrix::testing
 
-#endif  // TAMRIX_WITH_MAP_ALIAS_WRITER
