@@ -8,4 +8,4 @@ mkdir -p "$out"
 build/src/tamrix-cli convert samples/tideclock/TideClock.hhp "$out/TideClock.hhp" \
     --hpj samples/tideclock/TideClock.hpj --css --popups --yes
 echo
-echo "Open $out/TideClock.hhp in HTML Help Workshop (or run: chmcmd TideClock.hhp) to compile it."
+echo "Compile $out/TideClock.hhp with HTML Help Workshop to get TideClock.chm."
