@@ -8,6 +8,27 @@
 #include "wizard/wizard.h"
 
 namespace tamrix {
+namespace {
+
+std::string ChooseProjectFile(IView& view, const char* title, const char* filter,
+                              const char* extension) {
+    FileDialogRequest request;
+    request.title = title;
+    request.filter = filter;
+    request.defaultExtension = extension;
+    return view.OpenFileDialog(request);
+}
+
+// False when the file's extension is not `extension` and the user answers No to the warning.
+bool AcceptExtension(const std::string& path, const char* extension, long messageId,
+                     const char* title, BoxPosition box) {
+    return EqualsNoCase(FileExtension(path), extension) ||
+           modMessages::AskMessage(
+               modMessages::GetMessageString(messageId, modUtilities::FileNameNoPath(path)),
+               mb::kYesNo + mb::kExclamation, title, box, messageId) != mb::kNo;
+}
+
+}  // namespace
 
 void Wizard::FillProjectLabels(std::string& topicLabel) {
     topicLabel = DisplayTopicCount;
@@ -23,16 +44,11 @@ void Wizard::FillProjectLabels(std::string& topicLabel) {
 void Wizard::cmdBrowseHHP_Click() {
     if (busy_ || !browseEnabled_) return;
     GuardedVoid("frmWizard:cmdBrowseHPJ_Click", [&] {
-        FileDialogRequest request;
-        request.title = "Select HTML Help Project";
-        request.filter = "HTML Project Files (*.hhp)|*.hhp|All Files (*.*)|*.*";
-        request.defaultExtension = "hhp";
-        const std::string path = view_.OpenFileDialog(request);
-        if (path.empty()) return;
-        if (!EqualsNoCase(FileExtension(path), "hhp") &&
-            modMessages::AskMessage(
-                modMessages::GetMessageString(10067, modUtilities::FileNameNoPath(path)),
-                mb::kYesNo + mb::kExclamation, "Open WinHelp Help Project", Box(), 10067) == mb::kNo)
+        const std::string path =
+            ChooseProjectFile(view_, "Select HTML Help Project",
+                              "HTML Project Files (*.hhp)|*.hhp|All Files (*.*)|*.*", "hhp");
+        if (path.empty() ||
+            !AcceptExtension(path, "hhp", 10067, "Open WinHelp Help Project", Box()))
             return;
         controls.txtProjectName = path;
         int count = 0;
@@ -44,17 +60,12 @@ void Wizard::cmdBrowseHHP_Click() {
 void Wizard::cmdbrowseHPJ_Click() {
     if (busy_ || !browseEnabled_) return;
     GuardedVoid("frmWizard:cmdbrowseHPJ_Click", [&] {
-        FileDialogRequest request;
-        request.title = "Select WinHelp Project";
-        request.filter = "WinHelp Project Files (*.hpj)|*.hpj|All Files (*.*)|*.*";
-        request.defaultExtension = "hpj";
-        const std::string path = view_.OpenFileDialog(request);
+        const std::string path =
+            ChooseProjectFile(view_, "Select WinHelp Project",
+                              "WinHelp Project Files (*.hpj)|*.hpj|All Files (*.*)|*.*", "hpj");
         if (path.empty()) return;
         controls.fraHPJOpenVisible = true;
-        if (!EqualsNoCase(FileExtension(path), "hpj") &&
-            modMessages::AskMessage(
-                modMessages::GetMessageString(10068, modUtilities::FileNameNoPath(path)),
-                mb::kYesNo + mb::kExclamation, "Opening HTML help project", Box(), 10068) == mb::kNo) {
+        if (!AcceptExtension(path, "hpj", 10068, "Opening HTML help project", Box())) {
             Changed();
             return;
         }
