@@ -1,50 +1,42 @@
-// Real projects as HTML Help Workshop generated them.
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-
+// Real projects as HTML Help Workshop generated them, and their WinHelp projects.
 #include "model/project_state.h"
-#include "parser/project_reader.h"
+#include "parser/project_fixture.h"
 #include "parser/reference_resolution.h"
 #include "parser/sitemap_reader.h"
+#include "parser/winhelp_reader.h"
 #include "platform/byte_text.h"
-#include "support/scripted_view.h"
 
 namespace tamrix::modParser {
 namespace {
 
-// The corpus folder; TAMRIX_CORPUS in the environment overrides the built-in
-// place (a worktree checkout sits one level deeper than the main one).
-std::string CorpusDir() {
-    const char* over = std::getenv("TAMRIX_CORPUS");
-    return over != nullptr && *over != 0 ? over : TAMRIX_CORPUS_DIR;
-}
+using testing::CorpusPath;
 
-class CorpusProjects : public ::testing::Test {
+class CorpusProjects : public testing::ProjectFixture {
   protected:
     void SetUp() override {
-        modGlobals::ResetAll();
-        if (!std::filesystem::is_directory(CorpusDir())) GTEST_SKIP() << "no corpus";
+        ProjectFixture::SetUp();
+        if (CorpusPath("").empty()) GTEST_SKIP() << "no corpus";
         view.answersById[10044] = mb::kYes;
         view.answersById[10005] = mb::kYes;
         view.answersById[10052] = mb::kOK;
     }
-    void TearDown() override { modGlobals::ResetAll(); }
-
-    bool Parse(const std::string& project) {
-        return ParseProjectFile(wizard, CorpusDir() + "/" + project, missing, stopped);
+    // Reads a WinHelp project; the include lines of both corpus projects name
+    // absolute Windows paths, skipped with a message each.
+    void ReadWinHelp(const std::string& hpj) {
+        bool hasAlias = false, hasMap = false;
+        ASSERT_TRUE(OpenWinProjectFile(wizard, CorpusPath(hpj), hasAlias, hasMap));
+        EXPECT_TRUE(hasAlias);
+        EXPECT_TRUE(hasMap);
+        ASSERT_TRUE(ParseWinProjectFile(wizard, CorpusPath(hpj)));
+        EXPECT_EQ(modGlobals::MapFileCount, 0);
+        EXPECT_EQ(view.MessageIds(), (std::vector<long>{10036, 10036}));
+        EXPECT_EQ(modGlobals::ProjectAliases->Count(), 41);
+        EXPECT_TRUE(view.errors.empty());
     }
-
-    testing::ScriptedView view;
-    ScopedActiveView active{view};
-    WizardState wizard{&view};
-    int missing = 0;
-    bool stopped = false;
 };
 
 TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
-    ASSERT_TRUE(Parse("draftcable/Copia de DraftCable.hhp"));
+    ASSERT_TRUE(Parse(CorpusPath("draftcable/Copia de DraftCable.hhp")));
     EXPECT_EQ(missing, 0);
     EXPECT_FALSE(stopped);
     // All 82 [FILES] entries exist on disk, each with a head and a non-empty title.
@@ -55,7 +47,6 @@ TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
     ASSERT_NE(disenos, nullptr);
     EXPECT_EQ(disenos->AutoNamePath, "html\\dise\xF1os.htm");
     EXPECT_EQ(disenos->TopicTitle, "Dise\xF1os");
-
     EXPECT_EQ(topics.Item("afxc0c4l.htm")->Context, "menu_file");
     EXPECT_EQ(topics.Item("afxc0c4l.htm")->TopicTitle, "Comandos del men\xFA Archivo");
     long generatedWithId = 0;
@@ -76,7 +67,7 @@ TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
 }
 
 TEST_F(CorpusProjects, DraftCableContentsAndIndexAreRead) {
-    const std::string project = CorpusDir() + "/draftcable/Copia de DraftCable.hhp";
+    const std::string project = CorpusPath("draftcable/Copia de DraftCable.hhp");
     const std::string contents = GetContentsFileName(project);
     const std::string index = GetIndexFileName(project);
     EXPECT_TRUE(EndsWithNoCase(contents, "/draftcable/Table of Contents.hhc")) << contents;
@@ -92,12 +83,37 @@ TEST_F(CorpusProjects, DraftCableContentsAndIndexAreRead) {
 }
 
 TEST_F(CorpusProjects, WaveSoapParses) {
-    ASSERT_TRUE(Parse("wavesoap/WaveSoap.hhp"));
+    ASSERT_TRUE(Parse(CorpusPath("wavesoap/WaveSoap.hhp")));
     EXPECT_EQ(missing, 0);
     EXPECT_EQ(modGlobals::TopicFiles->Count(), 62);
     // 36 of its html\*.htm files hold <TITLE>(Untitled)</TITLE> (grep -il).
     EXPECT_EQ(modUtilities::UntitledTopics(modGlobals::TopicFiles.get()), 36);
     EXPECT_TRUE(view.errors.empty());
+}
+
+TEST_F(CorpusProjects, DraftCableWinHelpAliasesAreReadAndAbsoluteIncludesSkipped) {
+    ReadWinHelp("draftcable/DraftCable.hpj");
+    const auto& aliases = *modGlobals::ProjectAliases;
+    EXPECT_EQ(aliases.Item(1)->ContextID + "=" + aliases.Item(1)->TopicID,
+              "HIDR_MAINFRAME=main_index");
+    EXPECT_EQ(aliases.Item(41)->ContextID + "=" + aliases.Item(41)->TopicID,
+              "AFX_HIDP_FAILED_TO_AUTO_REGISTER=AFX_HIDP_default");
+    EXPECT_EQ(modGlobals::ContentsTopic, "main_index");
+}
+
+TEST_F(CorpusProjects, DraftCableMapHeaderReadsItsHexadecimalDefinitions) {
+    ASSERT_TRUE(ParseMapFile(CorpusPath("draftcable/DraftCable.h"), 1));
+    ASSERT_EQ(modGlobals::MapContextIDs->Count(), 103);
+    const auto first = modGlobals::MapContextIDs->Item(1);
+    EXPECT_EQ(first->ContextString + "=" + first->ContextID, "HID_VIEW_ARRANGE=&H1007F");
+    EXPECT_EQ(first->ContextIDVal, 0x1007F);
+    EXPECT_TRUE(modGlobals::InvalidContextIDs.empty());
+    EXPECT_FALSE(modGlobals::DuplicateContextIDs);
+}
+
+TEST_F(CorpusProjects, WaveSoapWithoutItsMapHeadersIsReadWithoutFailing) {
+    ReadWinHelp("wavesoap/WaveSoapFront.hpj");
+    EXPECT_EQ(modGlobals::ProjectContextIDs->Count(), 0);
 }
 
 }  // namespace

@@ -1,12 +1,17 @@
 #pragma once
-// Small HTML Help projects written into a temporary folder for the reader tests.
+// The shared fixture of the parser tests: a fresh model, a scripted view, a
+// temporary folder and small HTML Help projects written into it.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "model/project_state.h"
 #include "model/wizard_state.h"
+#include "parser/project_reader.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
@@ -27,6 +32,16 @@ inline std::string ProjectText(const std::vector<std::string>& files,
     return text + "\r\n[ALIAS]\r\nx=y\r\n";
 }
 
+// The shared corpus (TAMRIX_CORPUS_DIR or TAMRIX_CORPUS in the environment
+// overrides the built-in place, which a worktree checkout misses).
+inline std::string CorpusPath(const std::string& relative) {
+    std::string root = TAMRIX_CORPUS_DIR;
+    for (const char* name : {"TAMRIX_CORPUS", "TAMRIX_CORPUS_DIR"})
+        if (const char* over = std::getenv(name); over != nullptr && *over != 0) root = over;
+    const std::string path = root + "/" + relative;
+    return std::filesystem::exists(path) ? path : std::string();
+}
+
 class ProjectFixture : public ::testing::Test {
   protected:
     void SetUp() override { modGlobals::ResetAll(); }
@@ -43,12 +58,62 @@ class ProjectFixture : public ::testing::Test {
             if (c == '\\') c = '/';
         dir.Write("proj/" + relative, TopicHtml(title, id, body));
     }
+    // One topic file per ID, named prefix0.htm, prefix1.htm, ...
+    std::vector<std::string> WriteTopics(const std::string& prefix,
+                                         const std::vector<std::string>& ids) {
+        std::vector<std::string> files;
+        for (std::size_t i = 0; i < ids.size(); ++i) {
+            files.push_back(prefix + std::to_string(i) + ".htm");
+            WriteTopic(files.back(), "T", ids[i]);
+        }
+        return files;
+    }
+    bool Parse(const std::string& project) {
+        missing = 0;
+        stopped = false;
+        return modParser::ParseProjectFile(wizard, project, missing, stopped);
+    }
     const CTopicFile& Topic(long index) const { return *modGlobals::TopicFiles->Item(index); }
+    std::vector<std::string> Contexts() const {
+        std::vector<std::string> contexts;
+        for (const auto& topic : *modGlobals::TopicFiles) contexts.push_back(topic->Context);
+        return contexts;
+    }
+    // A topic as the scan leaves it, for the steps that follow the scan.
+    std::shared_ptr<CTopicFile> Add(const std::string& file, const std::string& context,
+                                    const std::vector<std::string>& targets = {},
+                                    const std::string& extras = {}) {
+        if (!modGlobals::TopicFiles) modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        auto topic = std::make_shared<CTopicFile>();
+        topic->AutoNamePath = "html\\" + file;
+        topic->AutoFileName = file;
+        topic->Context = context;
+        topic->ExtraIds = extras;
+        for (const auto& t : targets) topic->targets().Add(t);
+        modGlobals::TopicFiles->Add(topic, file);
+        return topic;
+    }
+    // The message shown at `index`: its catalogue ID, caption and, unless -1, style.
+    void ExpectMessage(std::size_t index, long id, const std::string& title, int style = -1) {
+        ASSERT_LT(index, view.messages.size());
+        const auto& m = view.messages[index];
+        EXPECT_EQ(m.catalogueId, id);
+        EXPECT_EQ(m.title, title);
+        if (style != -1) EXPECT_EQ(m.style, style);
+    }
+    // Whether an unexpected-error box named the procedure.
+    bool ErrorNamed(const std::string& procedure) const {
+        for (const auto& e : view.errors)
+            if (e.first.find(procedure) != std::string::npos) return true;
+        return false;
+    }
 
     ScriptedView view;
     ScopedActiveView active{view};
     WizardState wizard{&view};
     TempDir dir;
+    int missing = 0;
+    bool stopped = false;
 };
 
 }  // namespace tamrix::testing

@@ -38,35 +38,18 @@ std::vector<std::string> TagSoup(std::size_t count) {
 
 // The inverse of the script-string escaping; false on a stray backslash.
 bool Unescape(const std::string& escaped, std::string& out) {
+    static const std::string kEscapes = "\\nt\"'?";
+    static const char* const kMeanings[] = {"\\", "\r\n", "\t", "\"", "'", "?"};
     out.clear();
     for (std::size_t i = 0; i < escaped.size(); ++i) {
         if (escaped[i] != '\\') {
             out += escaped[i];
             continue;
         }
-        if (++i == escaped.size()) return false;
-        switch (escaped[i]) {
-            case '\\':
-                out += '\\';
-                break;
-            case 'n':
-                out += "\r\n";
-                break;
-            case 't':
-                out += '\t';
-                break;
-            case '"':
-                out += '"';
-                break;
-            case '\'':
-                out += '\'';
-                break;
-            case '?':
-                out += '?';
-                break;
-            default:
-                return false;
-        }
+        const std::size_t kind =
+            ++i < escaped.size() ? kEscapes.find(escaped[i]) : std::string::npos;
+        if (kind == std::string::npos) return false;
+        out += kMeanings[kind];
     }
     return true;
 }
@@ -94,9 +77,7 @@ TEST(HtmlToTextFuzz, EveryFunctionEndsOnTagSoup) {
 
         const std::string noLinks = RemoveHREFs(s);
         EXPECT_LE(noLinks.size(), s.size());
-        if (!ContainsNoCase(s, "HREF=")) {
-            EXPECT_EQ(noLinks, s);
-        }
+        if (!ContainsNoCase(s, "HREF=")) EXPECT_EQ(noLinks, s);
 
         const std::string trimmed = TrimNewLines(s);
         EXPECT_FALSE(StartsWithNoCase(trimmed, "\r\n"));

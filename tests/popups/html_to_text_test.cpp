@@ -35,13 +35,14 @@ TEST(HtmlToText, RemoveHTMLTagsDropsOnlyTheListedTagTexts) {
 }
 
 TEST(HtmlToText, RemoveListTagsPutsBulletsAndDropsListTags) {
-    EXPECT_EQ(RemoveListTags("<UL>\r\n<LI>one</LI>\r\n<LI>two</LI>\r\n</UL>\r\nafter", "* "),
-              "\r\n* one\r\n\r\n* two\r\n\r\nafter");
-    EXPECT_EQ(RemoveListTags("<ol><li>a<li>b</ol>end", "* "), "* a* bend");
-    EXPECT_EQ(RemoveListTags("</OL>\r\n</ul>x", "- "), "x");
     // Ordered lists get the same bullet; no numbers.
+    ExpectAll([](std::string_view s) { return RemoveListTags(s, "* "); },
+              {{"<UL>\r\n<LI>one</LI>\r\n<LI>two</LI>\r\n</UL>\r\nafter",
+                "\r\n* one\r\n\r\n* two\r\n\r\nafter"},
+               {"<ol><li>a<li>b</ol>end", "* a* bend"},
+               {"</OL>\r\n</ul>x", "x"},
+               {"no list", "no list"}});
     EXPECT_EQ(RemoveListTags("<OL><LI>x</LI></OL>", "\x95 "), "\x95 x\r\n");
-    EXPECT_EQ(RemoveListTags("no list", "* "), "no list");
 }
 
 TEST(HtmlToText, RemoveAnchorRemovesOnlyTheFirstAnchorWithItsText) {
@@ -52,12 +53,10 @@ TEST(HtmlToText, RemoveAnchorRemovesOnlyTheFirstAnchorWithItsText) {
                {"<ABBR>x</ABBR> y</a>z", "z"},
                {"<A NAME=x>no end", "<A NAME=x>no end"},
                {"plain", "plain"},
-               {"", ""}});
-}
-
-TEST(HtmlToText, RemoveAnchorWithCloseBeforeAnyOpenEnds) {
-    EXPECT_EQ(RemoveAnchor("x</A>y"), "x</A>y");
-    EXPECT_EQ(RemoveAnchor("x</A>y<A NAME=z>w</A>v"), "x</A>yv");
+               {"", ""},
+               // A close before any open is passed over.
+               {"x</A>y", "x</A>y"},
+               {"x</A>y<A NAME=z>w</A>v", "x</A>yv"}});
 }
 
 TEST(HtmlToText, RemoveHREFsKeepsLinkTexts) {

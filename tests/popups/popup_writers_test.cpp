@@ -88,61 +88,53 @@ TEST_F(PopupWriters, WithoutPopupsTheScriptFileHoldsOnlyItsHeader) {
     EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"), "");
 }
 
-TEST_F(PopupWriters, APopupCalledBothWaysGoesIntoBothFiles) {
-    auto t = Topic("idh_both", false, 1, 1,
-                   "<P><A NAME=\"idh_both\"></A><B>Close</B> the \"window\"?</P>\n"
-                   "\n<P>Second &amp; last</P>\n");
-    t->ContextIDValueString = "&H1A";
-    int count = 0;
-    ASSERT_TRUE(WriteScript(count));
-    EXPECT_EQ(count, 1);
-    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
-              ScriptHeader() + "idh_both = \"Close the \\\"window\\\"\\?\\nSecond & last\"\r\n");
-    ASSERT_TRUE(WriteApp(count));
-    EXPECT_EQ(count, 1);
-    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
-              ".topic idh_both\r\nClose the \"window\"?\r\nSecond & last\r\n\r\n");
-    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"), "#define idh_both &H1A\r\n");
-}
-
-TEST_F(PopupWriters, LeadingAnchorsAreDroppedAndTheFirstNamesAStrayPopup) {
-    // The first anchor's name differs from the topic ID, so it names the popup.
-    Topic("idh_one", false, 1, 1,
-          "<P><A NAME=\"other\"></A><A NAME=\"second\"></A><A HREF=\"x.htm\">jump</A> Text</P>\n");
-    // Same name in another case: the topic ID is used.
-    Topic("idh_two", false, 1, 0, "<P><A NAME=\"IDH_TWO\"></A>Two</P>\n");
-    int count = 0;
-    ASSERT_TRUE(WriteScript(count));
-    EXPECT_EQ(count, 2);
-    // Script strings lose every leading anchor, links included.
-    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
-              ScriptHeader() + "other = \"Text\"\r\nidh_two = \"Two\"\r\n");
-    ASSERT_TRUE(WriteApp(count));
-    // Text popups lose only leading named anchors; the link keeps its text.
-    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"), ".topic other\r\njump Text\r\n\r\n");
-}
-
-TEST_F(PopupWriters, ListsBecomeBulletedLines) {
-    Topic("idh_list", false, 1, 1,
-          "<P><A NAME=\"idh_list\"></A>Items:</P>\n<UL>\n<LI>one\n<LI>two\n</UL>\n");
-    int count = 0;
-    ASSERT_TRUE(WriteScript(count));
-    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
-              ScriptHeader() + "idh_list = \"Items:\\n\x95 one\\n\x95 two\"\r\n");
-    ASSERT_TRUE(WriteApp(count));
-    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
-              ".topic idh_list\r\nItems:\r\n\r\n* one\r\n* two\r\n\r\n");
-}
-
-TEST_F(PopupWriters, ScriptStringsKeepImagesWhenTheyHadLinks) {
-    Topic("idh_img", false, 1, 1,
-          "<P><A NAME=\"idh_img\"></A>See <A HREF=\"a.htm\">a</A> <IMG SRC=\"b.gif\"> c</P>\n");
-    int count = 0;
-    ASSERT_TRUE(WriteScript(count));
-    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
-              ScriptHeader() + "idh_img = \"See a <IMG SRC=\\\"b.gif\\\"> c\"\r\n");
-    ASSERT_TRUE(WriteApp(count));
-    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"), ".topic idh_img\r\nSee a  (*)  c\r\n\r\n");
+TEST_F(PopupWriters, BodiesAreCleanedForEachFile) {
+    struct Popup {
+        const char* context;
+        int internal, external;
+        const char* body;
+    };
+    struct Case {
+        std::vector<Popup> popups;
+        int scriptCount;
+        std::string script, text;
+    } const cases[] = {
+        // Called both ways: into both files.
+        {{{"idh_both", 1, 1,
+           "<P><A NAME=\"idh_both\"></A><B>Close</B> the \"window\"?</P>\n"
+           "\n<P>Second &amp; last</P>\n"}},
+         1, "idh_both = \"Close the \\\"window\\\"\\?\\nSecond & last\"\r\n",
+         ".topic idh_both\r\nClose the \"window\"?\r\nSecond & last\r\n\r\n"},
+        // A first anchor named otherwise names a stray popup; in another case the
+        // topic ID is used. Script strings lose every leading anchor, links
+        // included; text popups only the named ones, so the link keeps its text.
+        {{{"idh_one", 1, 1,
+           "<P><A NAME=\"other\"></A><A NAME=\"second\"></A><A HREF=\"x.htm\">jump</A> Text</P>\n"},
+          {"idh_two", 1, 0, "<P><A NAME=\"IDH_TWO\"></A>Two</P>\n"}},
+         2, "other = \"Text\"\r\nidh_two = \"Two\"\r\n", ".topic other\r\njump Text\r\n\r\n"},
+        // Lists become bulleted lines.
+        {{{"idh_list", 1, 1,
+           "<P><A NAME=\"idh_list\"></A>Items:</P>\n<UL>\n<LI>one\n<LI>two\n</UL>\n"}},
+         1, "idh_list = \"Items:\\n\x95 one\\n\x95 two\"\r\n",
+         ".topic idh_list\r\nItems:\r\n\r\n* one\r\n* two\r\n\r\n"},
+        // Script strings keep images when they had links.
+        {{{"idh_img", 1, 1,
+           "<P><A NAME=\"idh_img\"></A>See <A HREF=\"a.htm\">a</A> <IMG SRC=\"b.gif\"> c</P>\n"}},
+         1, "idh_img = \"See a <IMG SRC=\\\"b.gif\\\"> c\"\r\n",
+         ".topic idh_img\r\nSee a  (*)  c\r\n\r\n"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.script);
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        for (const Popup& p : c.popups)
+            Topic(p.context, false, p.internal, p.external, p.body)->ContextIDValueString = "&H1A";
+        int count = 0;
+        ASSERT_TRUE(WriteScript(count));
+        EXPECT_EQ(count, c.scriptCount);
+        EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"), ScriptHeader() + c.script);
+        ASSERT_TRUE(WriteApp(count));
+        EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"), c.text);
+    }
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"), "#define idh_img &H1A\r\n");
 }
 
 TEST_F(PopupWriters, EveryExtraIdCanBeCalled) {
@@ -178,31 +170,25 @@ TEST_F(PopupWriters, AMissingRenamedFileFailsTheWriter) {
     int count = 7;
     EXPECT_FALSE(WriteScript(count));
     EXPECT_EQ(count, 0);
-    ASSERT_EQ(view_.errors.size(), 1u);
-    EXPECT_NE(view_.errors[0].first.find("modPopups:WriteJavaPopupStrings"), std::string::npos);
     EXPECT_FALSE(WriteApp(count));
-    EXPECT_EQ(view_.errors.size(), 2u);
+    ASSERT_EQ(view_.errors.size(), 2u);
+    EXPECT_NE(view_.errors[0].first.find("modPopups:WriteJavaPopupStrings"), std::string::npos);
 }
 
-class PopupSection : public PopupWriters {};
-
-TEST_F(PopupSection, BothFlagsFalseEmptiesTheSection) {
-    const std::string project =
-        dir_.Write("new.hhp",
-                   "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT "
-                   "POPUPS]\r\nold.h\r\nold.txt\r\n\r\n[FILES]\r\na.htm\r\n");
+TEST_F(PopupWriters, TheSectionListsTheTextFilesBeforeTheScriptFile) {
+    const std::string project = dir_.Write(
+        "new.hhp",
+        "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT POPUPS]\r\nold.h\r\nold.txt\r\n\r\n[FILES]\r\na.htm\r\n");
+    // Both flags false empty the section.
     EXPECT_TRUE(AddPopupFiles(project, false, false));
     EXPECT_EQ(ReadFileBytes(project),
               "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT POPUPS]\r\n\r\n[FILES]\r\na.htm\r\n");
-}
-
-TEST_F(PopupSection, ListsTheTextFilesBeforeTheScriptFile) {
-    const std::string project = dir_.Write("new.hhp", "[OPTIONS]\r\nTitle=x\r\n");
-    EXPECT_TRUE(AddPopupFiles(project, true, true));
-    EXPECT_EQ(ReadFileBytes(project),
+    const std::string added = dir_.Write("add.hhp", "[OPTIONS]\r\nTitle=x\r\n");
+    EXPECT_TRUE(AddPopupFiles(added, true, true));
+    EXPECT_EQ(ReadFileBytes(added),
               "[OPTIONS]\r\nTitle=x\r\n[TEXT POPUPS]\r\ncshelp.h\r\ncshelp.txt\r\npopups.js\r\n");
-    EXPECT_TRUE(AddPopupFiles(project, true, false));
-    EXPECT_EQ(ReadFileBytes(project), "[OPTIONS]\r\nTitle=x\r\n[TEXT POPUPS]\r\npopups.js\r\n");
+    EXPECT_TRUE(AddPopupFiles(added, true, false));
+    EXPECT_EQ(ReadFileBytes(added), "[OPTIONS]\r\nTitle=x\r\n[TEXT POPUPS]\r\npopups.js\r\n");
 }
 
 }  // namespace

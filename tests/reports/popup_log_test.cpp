@@ -1,15 +1,6 @@
 #include "reports/popup_log.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <utility>
-#include <vector>
-
-#include "model/project_state.h"
-#include "platform/byte_text.h"
-#include "platform/program_identity.h"
-#include "support/scripted_view.h"
+#include "reports/log_fixture.h"
 
 namespace tamrix::modUtilities {
 namespace {
@@ -21,42 +12,20 @@ std::string At(std::initializer_list<std::pair<std::size_t, std::string>> texts)
     return line;
 }
 
-std::vector<std::string> Lines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::size_t start = 0;
-    for (std::size_t end = text.find("\r\n"); end != std::string::npos;
-         start = end + 2, end = text.find("\r\n", start))
-        lines.push_back(text.substr(start, end - start));
-    EXPECT_EQ(start, text.size()) << "the log must end with a line break";
-    return lines;
-}
-
-class PopupLog : public ::testing::Test {
+class PopupLog : public testing::LogTest {
   protected:
+    PopupLog() : LogTest("1299334020") {}
     void SetUp() override {
-        setenv("SOURCE_DATE_EPOCH", "1299334020", 1);
-        modGlobals::ResetAll();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
-        wizard_.Projectname = "C:\\help\\proj.hhp";
+        LogTest::SetUp();
+        wizard.Projectname = "C:\\help\\proj.hhp";
     }
-    void TearDown() override {
-        unsetenv("SOURCE_DATE_EPOCH");
-        modGlobals::ResetAll();
-    }
-
     std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle, int internal,
                                       int external) {
-        auto topic = std::make_shared<CTopicFile>();
-        topic->Context = context;
-        topic->AutoFileName = "afx_" + context + ".htm";
-        topic->NewFileName = context + ".htm";
-        topic->HasTitle = hasTitle;
+        auto topic = AddTopic("afx_" + context + ".htm", context, hasTitle);
         topic->InternalReferences = internal;
         topic->ExternalReferences = external;
-        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
         return topic;
     }
-
     static void Define(CContextIDs& ids, const std::string& name, const std::string& value,
                        const std::string& key, int mapFileIndex, bool fileDefined) {
         auto id = ids.Add(name, value, key);
@@ -64,33 +33,27 @@ class PopupLog : public ::testing::Test {
         id->MapFileIndex = mapFileIndex;
         id->FileDefined = fileDefined;
     }
-
     std::vector<std::string> Heading() const {
         return {"Popup Extraction Results for HTML Project: proj.hhp",
                 "Tamrix Version " + VersionString(), "March 05, 2011: 02:07 PM", "",
                 "HTML Project File: C:\\help\\proj.hhp"};
     }
-
-    testing::ScriptedView view_;
-    ScopedActiveView active_{view_};
-    WizardState wizard_{&view_};
-    CSummary report_;
 };
 
 TEST_F(PopupLog, WithoutUntitledTopicsOnlyTheTotalIsWritten) {
     Topic("idh_main", true, 2, 1);
     Topic("idh_lonely", false, 0, 0);
-    ASSERT_TRUE(MakePopupLogSummary(wizard_, report_));
+    ASSERT_TRUE(MakePopupLogSummary(wizard, report));
     std::vector<std::string> expected = Heading();
     expected.insert(expected.end(),
                     {"", "Text was extracted from a total of 0 untitled files.", ""});
-    EXPECT_EQ(Lines(report_.Text()), expected);
-    EXPECT_EQ(report_.Name(), "Popup Extraction Summary");
-    EXPECT_TRUE(view_.progress.empty());
+    EXPECT_EQ(testing::LogLines(report.Text()), expected);
+    EXPECT_EQ(report.Name(), "Popup Extraction Summary");
+    EXPECT_TRUE(view.progress.empty());
 }
 
 TEST_F(PopupLog, ListsEveryPopupWithItsReferencesLineForLine) {
-    wizard_.WinHelpProjectName = "C:\\help\\proj.hpj";
+    wizard.WinHelpProjectName = "C:\\help\\proj.hpj";
     modGlobals::MapFiles = {"C:\\maps\\first.h", "C:\\maps\\second.h"};
     modGlobals::MapFileCount = 2;
 
@@ -111,10 +74,13 @@ TEST_F(PopupLog, ListsEveryPopupWithItsReferencesLineForLine) {
     Define(*modGlobals::MapContextIDs, "IDH_APP", "20", "", 1, true);
     Define(*modGlobals::MapContextIDs, "idh_app", "99", "", 1, false);
     Define(*modGlobals::MapContextIDs, "idh_nomatch_not", "7", "", 1, true);
+    // Map file numbers outside the list leave the column empty.
+    Define(*modGlobals::MapContextIDs, "idh_app", "1", "", 0, true);
+    Define(*modGlobals::MapContextIDs, "idh_app", "2", "", 3, true);
     modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
     Define(*modGlobals::ProjectContextIDs, "idh_app", "30", "idh_app", 0, true);
 
-    ASSERT_TRUE(MakePopupLogSummary(wizard_, report_));
+    ASSERT_TRUE(MakePopupLogSummary(wizard, report));
     std::vector<std::string> expected = Heading();
     const std::string blank(144, ' ');
     expected.insert(
@@ -140,33 +106,21 @@ TEST_F(PopupLog, ListsEveryPopupWithItsReferencesLineForLine) {
              {68, std::string(10, '-')}}),
          "", At({{1, "idh_pop.htm"}, {30, "idh_pop"}, {58, "5"}, {68, "first.h"}}),
          At({{1, "idh_app.htm"}, {30, "idh_app"}, {58, "&H10"}, {68, "second.h"}}),
-         At({{30, "IDH_APP"}, {58, "20"}, {68, "first.h"}}), At({{30, "idh_app"}, {58, "30"}}), "",
+         At({{30, "IDH_APP"}, {58, "20"}, {68, "first.h"}}), At({{30, "idh_app"}, {58, "1"}}),
+         At({{30, "idh_app"}, {58, "2"}}), At({{30, "idh_app"}, {58, "30"}}), "",
          "The following 1 untitled files were referenced from both sources.",
          "Text from these files appears in both \"popups.js\" and \"cshelp.txt.\"", blank,
          At({{1, ".htm File:"}}), At({{1, std::string(10, '-')}}), "", "idh_pop.htm"});
-    const std::vector<std::string> actual = Lines(report_.Text());
+    const std::vector<std::string> actual = testing::LogLines(report.Text());
     ASSERT_EQ(actual.size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i)
         EXPECT_EQ(actual[i], expected[i]) << "line " << i + 1;
 
-    EXPECT_EQ(view_.Captions(), std::vector<std::string>{"Generating Popups Extraction Log ..."});
+    EXPECT_EQ(view.Captions(), std::vector<std::string>{"Generating Popups Extraction Log ..."});
     int maximum = 0;
-    for (const auto& p : view_.progress)
+    for (const auto& p : view.progress)
         if (p.what == "max") maximum = p.number;
     EXPECT_EQ(maximum, 1 + 3 + 1 + 1);
-}
-
-TEST_F(PopupLog, AMapFileIndexOutsideTheListLeavesTheColumnEmpty) {
-    Topic("idh_app", false, 0, 1);
-    modGlobals::MapFiles = {"C:\\maps\\only.h"};
-    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
-    Define(*modGlobals::MapContextIDs, "idh_app", "1", "", 0, true);
-    Define(*modGlobals::MapContextIDs, "idh_app", "2", "", 2, true);
-    ASSERT_TRUE(MakePopupLogSummary(wizard_, report_));
-    const std::vector<std::string> lines = Lines(report_.Text());
-    ASSERT_GE(lines.size(), 2u);
-    EXPECT_EQ(lines[lines.size() - 2], At({{1, "idh_app.htm"}, {30, "idh_app"}, {58, "1"}}));
-    EXPECT_EQ(lines.back(), At({{30, "idh_app"}, {58, "2"}}));
 }
 
 }  // namespace

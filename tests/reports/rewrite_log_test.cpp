@@ -1,13 +1,7 @@
 #include "reports/rewrite_log.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-
-#include "model/project_state.h"
-#include "platform/program_identity.h"
+#include "reports/log_fixture.h"
 #include "rewrite/containment.h"
-#include "support/scripted_view.h"
 
 namespace tamrix::testing {
 namespace {
@@ -19,25 +13,26 @@ std::string Row(const std::string& id, const std::string& value, const std::stri
     return line + std::string(144 - line.size(), ' ');
 }
 
-class RewriteLogTest : public ::testing::Test {
+class RewriteLogTest : public LogTest {
 protected:
+    RewriteLogTest() : LogTest("1299333960") {}  // March 05, 2011 14:06 UTC
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333960", 1);  // March 05, 2011 14:06 UTC
-        modGlobals::ResetAll();
+        LogTest::SetUp();
         modRewrite::ClearRefusedFiles();
         wizard.Projectname = "C:\\Help\\proj.hhp";
         wizard.NewRootPath = "D:\\New\\";
         wizard.NewProjectName = "new.hhp";
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
-        for (const char* name : {"a.htm", "b.htm", "c.htm"}) {
-            auto topic = std::make_shared<CTopicFile>();
-            topic->NewFileName = name;
-            modGlobals::TopicFiles->Add(topic, name);
-        }
+        for (const char* name : {"a.htm", "b.htm", "c.htm"}) AddTopic(name, "", true);
     }
     void TearDown() override {
-        modGlobals::ResetAll();
+        LogTest::TearDown();
         modRewrite::ClearRefusedFiles();
+    }
+    // The log ends with `tail`.
+    void ExpectTail(const std::string& tail) {
+        const std::string& text = report.Text();
+        ASSERT_GE(text.size(), tail.size());
+        EXPECT_EQ(text.substr(text.size() - tail.size()), tail);
     }
 
     // Context IDs, map files and aliases as a write leaves them: some aliased,
@@ -81,11 +76,6 @@ protected:
                Row("Context ID:", "Value:", "Map File:") + "\r\n" +
                Row("------------", "------", "----------") + "\r\n";
     }
-
-    ScriptedView view;
-    ScopedActiveView active{view};
-    WizardState wizard{&view};
-    CSummary report;
 };
 
 TEST_F(RewriteLogTest, FullLogWithZeroValueIDsIgnored) {
@@ -114,14 +104,10 @@ TEST_F(RewriteLogTest, ZeroValueMapFileIDsAreListedWhenNotIgnored) {
     modGlobals::IgnoreZeroIDs = false;
     modGlobals::MapContextIDs->Item("M_2")->MapFileIndex = 3;  // past the list: no name
     ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 2, 2));
-    const std::string& text = report.Text();
-    const std::string tail =
-        "\r\nThere were 2 zero value context ID's.\r\n"
-        "\r\nThere were 4 context ID's for which no alias was found.\r\n" +
-        Table() + Row("IDH_B", "2") + "\r\n" + Row("M_2", "5") + "\r\n" +
-        Row("M_0", "0", "first.h") + "\r\n";
-    ASSERT_GE(text.size(), tail.size());
-    EXPECT_EQ(text.substr(text.size() - tail.size()), tail);
+    ExpectTail("\r\nThere were 2 zero value context ID's.\r\n"
+               "\r\nThere were 4 context ID's for which no alias was found.\r\n" +
+               Table() + Row("IDH_B", "2") + "\r\n" + Row("M_2", "5") + "\r\n" +
+               Row("M_0", "0", "first.h") + "\r\n");
 }
 
 TEST_F(RewriteLogTest, MapFileColumnReadsTheEntryBelowTheIndex) {
@@ -145,12 +131,9 @@ TEST_F(RewriteLogTest, ListsFilesRefusedForLyingOutsideTheNewFolder) {
     modRewrite::RefuseOutsideFile(wizard, "html\\../evil.htm");
     modRewrite::RefuseOutsideFile(wizard, "..\\..\\EVIL.htm");  // already listed
     ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 0, 0));
-    const std::string tail =
-        "Rewrote 3 .htm files in folder html/.\r\n\r\n"
-        "Files refused because they would lie outside the new project folder:\r\n"
-        "..\\..\\evil.htm\r\nhtml\\../evil.htm\r\n";
-    ASSERT_GE(report.Text().size(), tail.size());
-    EXPECT_EQ(report.Text().substr(report.Text().size() - tail.size()), tail);
+    ExpectTail("Rewrote 3 .htm files in folder html/.\r\n\r\n"
+               "Files refused because they would lie outside the new project folder:\r\n"
+               "..\\..\\evil.htm\r\nhtml\\../evil.htm\r\n");
 }
 
 }  // namespace

@@ -1,74 +1,40 @@
 #include "reports/scan_log.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <memory>
-
-#include "model/project_state.h"
 #include "platform/byte_text.h"
-#include "platform/program_identity.h"
-#include "support/scripted_view.h"
+#include "reports/log_fixture.h"
 #include "support/temp_dir.h"
 
 namespace tamrix::modUtilities {
 namespace {
 
-std::string Sp(std::size_t n) {
-    return std::string(n, ' ');
-}
+using testing::Sp;
 
 // A full-width table line from pieces already laid out.
 std::string Wide(const std::string& text) {
     return text + Sp(144 - text.size());
 }
 
-class ScanLog : public ::testing::Test {
+class ScanLog : public testing::LogTest {
   protected:
+    ScanLog() : LogTest("0") {}
     void SetUp() override {
-        setenv("SOURCE_DATE_EPOCH", "0", 1);
-        modGlobals::ResetAll();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        LogTest::SetUp();
         wizard.Projectname = dir / "old.hhp";
         wizard.ScanComplete = true;
         wizard.UntitledCountText = "  1 ";
     }
-    void TearDown() override {
-        modGlobals::ResetAll();
-        unsetenv("SOURCE_DATE_EPOCH");
-    }
-
     std::shared_ptr<CTopicFile> Add(const std::string& file, const std::string& context,
                                     const std::string& title,
                                     std::vector<std::string> targets = {}) {
-        auto topic = std::make_shared<CTopicFile>();
-        topic->AutoNamePath = "html\\" + file;
-        topic->AutoFileName = file;
-        topic->Context = context;
-        topic->NewFileName = context.empty() ? file : context + ".htm";
+        auto topic = AddTopic(file, context, !EqualsNoCase(title, "(Untitled)"));
         topic->TopicTitle = title;
-        topic->HasTitle = !EqualsNoCase(title, "(Untitled)");
         for (const auto& t : targets) topic->targets().Add(t);
-        modGlobals::TopicFiles->Add(topic, file);
         return topic;
     }
-
     std::vector<std::string> Lines() {
         EXPECT_TRUE(MakeScanLogSummary(wizard, report));
-        std::string text = report.Text();
-        EXPECT_TRUE(text.size() >= 2 && text.substr(text.size() - 2) == "\r\n");
-        std::vector<std::string> lines;
-        std::size_t start = 0;
-        for (std::size_t end; (end = text.find("\r\n", start)) != std::string::npos;
-             start = end + 2)
-            lines.push_back(text.substr(start, end - start));
-        return lines;
+        return testing::LogLines(report.Text());
     }
-
-    testing::ScriptedView view;
-    ScopedActiveView active{view};
-    WizardState wizard{&view};
-    CSummary report;
     testing::TempDir dir;
 };
 
@@ -134,15 +100,16 @@ TEST_F(ScanLog, WarningsForAnInterruptedScanAndMissingFiles) {
     wizard.ScanComplete = false;
     wizard.MissingCount = 1;
     auto lines = Lines();
-    EXPECT_EQ(lines[12],
-              " WARNING: The scan of the project file was interrupted. Not all files may "
-              "have been scanned.");
-    EXPECT_EQ(lines[13], " WARNING: 1 topic file was not found.");
+    EXPECT_EQ(std::vector<std::string>(lines.begin() + 12, lines.begin() + 14),
+              (std::vector<std::string>{" WARNING: The scan of the project file was interrupted. "
+                                        "Not all files may have been scanned.",
+                                        " WARNING: 1 topic file was not found."}));
     wizard.ScanComplete = true;
     wizard.MissingCount = 3;
     lines = Lines();
-    EXPECT_EQ(lines[12], " WARNING: 3 topic files were not found.");
-    EXPECT_EQ(lines[13], " Untitled Topics: 1 (may be converted popups)");
+    EXPECT_EQ(std::vector<std::string>(lines.begin() + 12, lines.begin() + 14),
+              (std::vector<std::string>{" WARNING: 3 topic files were not found.",
+                                        " Untitled Topics: 1 (may be converted popups)"}));
 }
 
 TEST_F(ScanLog, LongIdsPushTheTitleAndCountsOneSpaceOn) {
@@ -167,12 +134,12 @@ TEST_F(ScanLog, AnUnknownTargetAsksAndCancelStopsOnlyTheTitledListing) {
     EXPECT_EQ(view.messages[0].title, "Reporting Scan Results");
     EXPECT_NE(view.messages[0].text.find("gone.htm "), std::string::npos);
     // The titled listing stopped inside a.htm; b.htm never appears.
-    EXPECT_EQ(lines[21], "    \" Contains 2 Links:");
-    EXPECT_EQ(lines[22], "");
-    EXPECT_EQ(lines[23], "     Topic Files Without Titles:");
-    EXPECT_EQ(lines[lines.size() - 3], "c.htm" + Sp(50) + " 0" + Sp(10) + " 0");
-    EXPECT_EQ(lines[lines.size() - 2], "    \" Contains 1 Link:");
-    EXPECT_EQ(lines.back(), Sp(10) + "gone.htm");
+    EXPECT_EQ(std::vector<std::string>(lines.begin() + 21, lines.begin() + 24),
+              (std::vector<std::string>{"    \" Contains 2 Links:", "",
+                                        "     Topic Files Without Titles:"}));
+    EXPECT_EQ(std::vector<std::string>(lines.end() - 3, lines.end()),
+              (std::vector<std::string>{"c.htm" + Sp(50) + " 0" + Sp(10) + " 0",
+                                        "    \" Contains 1 Link:", Sp(10) + "gone.htm"}));
 }
 
 TEST_F(ScanLog, WinHelpBlock) {

@@ -1,257 +1,195 @@
 #include "rewrite/map_alias_writer.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
 #include <set>
 
-#include "model/project_state.h"
 #include "parser/winhelp_definitions.h"
-#include "platform/file_system.h"
 #include "platform/profile.h"
 #include "platform/program_identity.h"
-#include "support/scripted_view.h"
-#include "support/temp_dir.h"
+#include "rewrite_fixture.h"
 
-namespace tamrix::modRewrite {
+namespace tamrix::testing {
 namespace {
 
-using testing::ReadFileBytes;
-using testing::ScriptedView;
-using testing::TempDir;
+using namespace modRewrite;
 
-constexpr const char* kDateLine = "; March 05, 2011, 01:57 PM\r\n";
+constexpr const char* kDateLine = "; March 05, 2011, 02:06 PM\r\n";
+constexpr const char* kProject =
+    "[OPTIONS]\r\nTitle=Help\r\n\r\n[FILES]\r\nhtml\\a.htm\r\n\r\n[MAP]\r\n#include old.h\r\n\r\n"
+    "[ALIAS]\r\nX=html\\a.htm\r\n\r\n[TEXT POPUPS]\r\ncshelp.txt\r\n";
 
-std::string MapBanner() {
-    return BannerLine("; Map File written automatically by ") + "\r\n";
+std::string MapHead() {
+    return BannerLine("; Map File written automatically by ") + "\r\n" + kDateLine;
 }
-std::string AliasBanner() {
-    return BannerLine("; Alias File written automatically by ") + "\r\n";
-}
-
-// Section lines as the profile reader returns them.
-std::string Lines(std::initializer_list<std::string> lines) {
-    std::string text;
-    for (const auto& line : lines) text += line + '\0';
-    return text;
+std::string AliasHead() {
+    return BannerLine("; Alias File written automatically by ") + "\r\n" + kDateLine;
 }
 
-// Every file below a folder, as paths relative to it.
-std::set<std::string> FilesBelow(const std::string& folder) {
-    std::set<std::string> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
-        if (entry.is_regular_file())
-            files.insert(std::filesystem::relative(entry.path(), folder).string());
-    return files;
-}
-
-class MapAliasWriter : public ::testing::Test {
-  protected:
+class MapAliasWriter : public RewriteTest {
+protected:
     void SetUp() override {
-        modGlobals::ResetAll();
-        setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
-        root = dir / "new";
-        std::filesystem::create_directories(root);
-        project = dir.Write("new/help.hhp",
-                            "[OPTIONS]\r\nTitle=Help\r\n\r\n[FILES]\r\nhtml\\a.htm\r\n\r\n"
-                            "[MAP]\r\n#include old.h\r\n\r\n[ALIAS]\r\nX=html\\a.htm\r\n\r\n"
-                            "[TEXT POPUPS]\r\ncshelp.txt\r\n");
+        RewriteTest::SetUp();
+        project = tmp.Write("work/new/help.hhp", kProject);
     }
-    void TearDown() override {
-        unsetenv("SOURCE_DATE_EPOCH");
-        modGlobals::ResetAll();
-    }
-
-    std::shared_ptr<CTopicFile> AddTopic(const std::string& context, bool hasTitle,
-                                         const std::string& extraIds = {}, int externalRefs = 0) {
-        auto topic = std::make_shared<CTopicFile>();
-        topic->AutoFileName = "auto" + std::to_string(modGlobals::TopicFiles->Count()) + ".htm";
-        topic->AutoNamePath = "html\\" + topic->AutoFileName;
-        topic->Context = context;
-        topic->NewFileName = context + ".htm";
+    std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle,
+                                      const std::string& extraIds = {}, int externalRefs = 0) {
+        auto topic = AddTopic("html\\auto" + std::to_string(modGlobals::TopicFiles->Count()) + ".htm",
+                              context);
         topic->HasTitle = hasTitle;
         topic->ExtraIds = extraIds;
         topic->ExternalReferences = externalRefs;
-        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
         return topic;
     }
-    static void Define(std::shared_ptr<CContextIDs>& collection, const std::string& line,
-                       int index) {
-        if (!collection) collection = std::make_shared<CContextIDs>();
-        modParser::AddContextIDFromString(line, *collection, "", index);
+    // `lines` of the project's [MAP] (index 0) or of map file `index`.
+    static void Define(std::initializer_list<const char*> lines, int index) {
+        auto& ids = index == 0 ? modGlobals::ProjectContextIDs : modGlobals::MapContextIDs;
+        if (!ids) ids = std::make_shared<CContextIDs>();
+        for (const char* line : lines) modParser::AddContextIDFromString(line, *ids, "", index);
     }
+    // Section lines as the profile reader returns them.
     std::string Section(const std::string& name) const {
         std::string text;
         profile::GetSection(project, name, text);
         return text;
     }
+    static std::string Lines(std::initializer_list<std::string> lines) {
+        std::string text;
+        for (const auto& line : lines) text += line + '\0';
+        return text;
+    }
+    std::string New(const std::string& name) const { return tmp.Read("work/new/" + name); }
+    bool WriteAliases(NewFileList& copies) {
+        aliasName = "x";
+        csName = "y";
+        return WriteAliasFiles(wizard, newDir, copies, aliasName, csName);
+    }
 
-    TempDir dir;
-    std::string root;
-    std::string project;
-    ScriptedView view;
-    ScopedActiveView active{view};
-    WizardState wizard{&view};
+    std::string project, aliasName, csName;
 };
 
 TEST_F(MapAliasWriter, MapFilesAreCopiedAsHeadersAndIncludedOnce) {
-    const std::string ids = dir.Write("old/ids.hh", "#define IDH_A 1\r\n");
-    const std::string x1 = dir.Write("old/a/x.h", "first\n");
-    const std::string x2 = dir.Write("old/b/X.H", "second\n");
-    const std::string bx = dir.Write("old/bx.h", "bx\n");
+    const std::string ids = tmp.Write("old/ids.hh", "#define IDH_A 1\r\n");
+    const std::string x1 = tmp.Write("old/a/x.h", "first\n");
+    const std::string x2 = tmp.Write("old/b/X.H", "second\n");
+    const std::string bx = tmp.Write("old/bx.h", "bx\n");
     NewFileList copies;
-    ASSERT_TRUE(CopyMapFiles({ids, bx, x1, x2, "unused"}, 4, root, copies));
+    ASSERT_TRUE(CopyMapFiles({ids, bx, x1, x2, "unused"}, 4, newDir, copies));
     EXPECT_EQ(copies.count, 3);
     EXPECT_EQ(copies.names[0], "ids.h");
-    EXPECT_EQ(ReadFileBytes(root + "/ids.h"), "#define IDH_A 1\r\n");
+    EXPECT_EQ(New("ids.h"), "#define IDH_A 1\r\n");
     // A second file of that name replaces the first, and is listed once.
-    EXPECT_EQ(ReadFileBytes(root + "/x.h"), "second\n");
+    EXPECT_EQ(New("x.h"), "second\n");
     EXPECT_EQ(modGlobals::DuplicateIncludes, "X.H");
-    EXPECT_FALSE(std::filesystem::exists(root + "/unused"));
+    EXPECT_FALSE(tmp.Exists("work/new/unused"));
 
     // No [MAP] IDs of the project itself: no NewMap.h. The listed names are
     // compared as substrings, so x.h is taken for included once bx.h is.
     ASSERT_TRUE(AddMapFiles(copies, project));
-    EXPECT_EQ(Section("MAP"), Lines({"#include ids.h", "#include bx.h"}));
-    EXPECT_EQ(ReadFileBytes(project),
-              "[OPTIONS]\r\nTitle=Help\r\n\r\n[FILES]\r\nhtml\\a.htm\r\n\r\n"
-              "[MAP]\r\n#include ids.h\r\n#include bx.h\r\n\r\n[ALIAS]\r\nX=html\\a.htm\r\n\r\n"
-              "[TEXT POPUPS]\r\ncshelp.txt\r\n");
-    EXPECT_FALSE(std::filesystem::exists(root + "/NewMap.h"));
-
+    EXPECT_EQ(tmp.Read("work/new/help.hhp"),
+              ReplaceAll(kProject, "#include old.h\r\n", "#include ids.h\r\n#include bx.h\r\n"));
+    EXPECT_FALSE(tmp.Exists("work/new/NewMap.h"));
     NewFileList sameName;
-    ASSERT_TRUE(CopyMapFiles({x1, x2}, 2, root, sameName));
+    ASSERT_TRUE(CopyMapFiles({x1, x2}, 2, newDir, sameName));
     ASSERT_TRUE(AddMapFiles(sameName, project));
     EXPECT_EQ(Section("MAP"), Lines({"#include x.h"}));
     EXPECT_TRUE(view.messages.empty());
 }
 
-TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitions) {
-    Define(modGlobals::ProjectContextIDs, "IDH_ONE 1", 0);
-    Define(modGlobals::ProjectContextIDs, "#define IDH_TWO 0x20 // two", 0);
-    Define(modGlobals::ProjectContextIDs, "IDH_THREE=3", 0);
+TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitionsWhenAllowed) {
+    std::string name = "NewMap.h";
+    ASSERT_TRUE(WriteNewMapFile(name, newDir));  // no definitions: nothing written
+    EXPECT_FALSE(tmp.Exists("work/new/NewMap.h"));
+    ASSERT_EQ(view.messages.size(), 1u);
+    EXPECT_EQ(view.messages[0].text, "No Map definitions read from the WinHelp project file.");
+    EXPECT_EQ(view.messages[0].title, "Writing Alias File");
+
+    Define({"IDH_ONE 1", "#define IDH_TWO 0x20 // two", "IDH_THREE=3"}, 0);
     ASSERT_TRUE(AddMapFiles(NewFileList{}, project));
-    EXPECT_EQ(ReadFileBytes(root + "/NewMap.h"), MapBanner() + kDateLine +
-                                                     ";\r\n"
-                                                     "#define IDH_ONE 1\r\n"
-                                                     "#define IDH_TWO &H20 // two\r\n"
-                                                     "#define IDH_THREE 3\r\n");
+    EXPECT_EQ(New("NewMap.h"), MapHead() +
+                                   ";\r\n#define IDH_ONE 1\r\n#define IDH_TWO &H20 // two\r\n"
+                                   "#define IDH_THREE 3\r\n");
     EXPECT_EQ(Section("MAP"), Lines({"#include NewMap.h"}));
-    EXPECT_EQ(MapBanner().rfind("; Map File written automatically by Tamrix Version ", 0), 0u);
-}
+    EXPECT_EQ(MapHead().rfind("; Map File written automatically by Tamrix Version ", 0), 0u);
 
-TEST_F(MapAliasWriter, AnExistingNewMapFileIsOnlyReplacedWhenTheUserAgrees) {
-    Define(modGlobals::ProjectContextIDs, "IDH_ONE 1", 0);
-    dir.Write("new/NewMap.h", "keep me");
-
-    // No, then the input box is cancelled: nothing written, nothing included.
+    // An existing file: No, then the input box is cancelled: nothing written or included.
+    tmp.Write("work/new/NewMap.h", "keep me");
     view.answersById[10018] = mb::kNo;
     ASSERT_TRUE(AddMapFiles(NewFileList{}, project));
-    EXPECT_EQ(ReadFileBytes(root + "/NewMap.h"), "keep me");
+    EXPECT_EQ(New("NewMap.h"), "keep me");
     EXPECT_EQ(Section("MAP"), "");
-    ASSERT_EQ(view.MessageIds(), std::vector<long>{10018});
-    EXPECT_EQ(view.messages[0].title, "Writing Map File");
-    EXPECT_EQ(view.messages[0].style, 36);
-    EXPECT_NE(view.messages[0].text.find(root + "/NewMap.h"), std::string::npos);
-
+    ExpectMessage(1, 10018, "Writing Map File", 36);
+    EXPECT_NE(view.messages[1].text.find(newDir + "/NewMap.h"), std::string::npos);
     // No, then another name.
     view.inputAnswers.push_back(std::string("Other.h"));
     ASSERT_TRUE(AddMapFiles(NewFileList{}, project));
     EXPECT_EQ(Section("MAP"), Lines({"#include Other.h"}));
-    EXPECT_TRUE(std::filesystem::exists(root + "/Other.h"));
-    EXPECT_EQ(ReadFileBytes(root + "/NewMap.h"), "keep me");
-
+    EXPECT_TRUE(tmp.Exists("work/new/Other.h"));
+    EXPECT_EQ(New("NewMap.h"), "keep me");
     // Yes overwrites.
     view.answersById[10018] = mb::kYes;
-    std::string name = "NewMap.h";
-    ASSERT_TRUE(WriteNewMapFile(name, root));
+    ASSERT_TRUE(WriteNewMapFile(name, newDir));
     EXPECT_EQ(name, "NewMap.h");
-    EXPECT_EQ(ReadFileBytes(root + "/NewMap.h"),
-              MapBanner() + kDateLine + ";\r\n#define IDH_ONE 1\r\n");
-}
-
-TEST_F(MapAliasWriter, WithoutProjectDefinitionsNoNewMapFileIsWritten) {
-    std::string name = "NewMap.h";
-    ASSERT_TRUE(WriteNewMapFile(name, root));
-    EXPECT_FALSE(std::filesystem::exists(root + "/NewMap.h"));
-    ASSERT_EQ(view.messages.size(), 1u);
-    EXPECT_EQ(view.messages[0].text, "No Map definitions read from the WinHelp project file.");
-    EXPECT_EQ(view.messages[0].title, "Writing Alias File");
+    EXPECT_EQ(New("NewMap.h"), MapHead() + ";\r\n#define IDH_ONE 1\r\n#define IDH_TWO &H20 // two\r\n"
+                                           "#define IDH_THREE 3\r\n");
 }
 
 TEST_F(MapAliasWriter, NamesFromProjectFilesNeverLeaveTheNewFolder) {
-    const std::set<std::string> before = FilesBelow(dir.Path());
-    const std::string source = dir.Write("escaped.h", "x\n");
+    SharedFileSystem().SetWriteRoot("");  // the checks alone must keep them in
+    const auto before = Tree();
+    const std::string source = tmp.Write("work/escaped.h", "x\n");
     NewFileList copies;
-    ASSERT_TRUE(CopyMapFiles({root + "/..\\escaped.h", source + "\\.."}, 2, root, copies));
+    ASSERT_TRUE(CopyMapFiles({newDir + "/..\\escaped.h", source + "\\.."}, 2, newDir, copies));
     EXPECT_EQ(copies.count, 1);
-    Define(modGlobals::ProjectContextIDs, "IDH_ONE 1", 0);
-    dir.Write("new/NewMap.h", "keep me");
+    Define({"IDH_ONE 1"}, 0);
+    tmp.Write("work/new/NewMap.h", "keep me");
     view.answersById[10018] = mb::kNo;
-    view.inputAnswers.push_back(std::string("..\\..\\evil.h"));
-    std::string name = "NewMap.h";
-    ASSERT_TRUE(WriteNewMapFile(name, root));
-    EXPECT_EQ(name, "evil.h");
-    view.inputAnswers.push_back(std::string(".."));
-    name = "NewMap.h";
-    ASSERT_TRUE(WriteNewMapFile(name, root));
-    EXPECT_EQ(name, "");
-    view.inputAnswers.push_back(std::string("C:..\\d.h"));
-    name = "NewMap.h";
-    ASSERT_TRUE(WriteNewMapFile(name, root));
-    EXPECT_EQ(name, "d.h");
-    std::string aliasName;
-    EXPECT_FALSE(RewriteOneAliasFile(source + "/..", root, aliasName));
+    // Each answer to the name box, and the name kept of it.
+    for (const auto& [answer, kept] : std::vector<std::pair<std::string, std::string>>{
+             {"..\\..\\evil.h", "evil.h"}, {"..", ""}, {"C:..\\d.h", "d.h"}}) {
+        view.inputAnswers.push_back(answer);
+        std::string name = "NewMap.h";
+        ASSERT_TRUE(WriteNewMapFile(name, newDir));
+        EXPECT_EQ(name, kept);
+    }
+    std::string alias;
+    EXPECT_FALSE(RewriteOneAliasFile(source + "/..", newDir, alias));
     std::string normal = "../outside.h", untitled = "/tmp/../cs.h";
-    EXPECT_TRUE(WriteNewAliasFile(wizard, normal, untitled, root));
-    EXPECT_EQ(normal, "outside.h");
-    EXPECT_EQ(untitled, "cs.h");
-
-    EXPECT_EQ(ReadFileBytes(source), "x\n");
-    std::set<std::string> after = FilesBelow(dir.Path());
+    EXPECT_TRUE(WriteNewAliasFile(wizard, normal, untitled, newDir));
+    EXPECT_EQ(normal + "|" + untitled, "outside.h|cs.h");
+    EXPECT_EQ(tmp.Read("work/escaped.h"), "x\n");
     std::set<std::string> added;
-    for (const auto& file : after)
-        if (before.count(file) == 0 && file != "escaped.h") added.insert(file);
-    EXPECT_EQ(added, (std::set<std::string>{"new/NewMap.h", "new/escaped.h", "new/d.h",
-                                            "new/evil.h", "new/outside.h", "new/cs.h"}));
+    for (const auto& [file, bytes] : Tree())
+        if (before.count(file) == 0 && file != "work/escaped.h") added.insert(file);
+    EXPECT_EQ(added, (std::set<std::string>{"work/new/NewMap.h", "work/new/escaped.h",
+                                            "work/new/d.h", "work/new/evil.h",
+                                            "work/new/outside.h", "work/new/cs.h"}));
     EXPECT_TRUE(view.errors.empty());
 }
 
 TEST_F(MapAliasWriter, NewAliasFilesSortTopicsByTitleAndReferences) {
-    AddTopic("titled", true);
-    AddTopic("popup_called", false, "", 1);
-    AddTopic("popup_silent", false);
-    AddTopic("main", true, "second^IDH_EXTRA");
-    Define(modGlobals::MapContextIDs, "#define titled 1", 1);
-    Define(modGlobals::MapContextIDs, "#define POPUP_CALLED 2", 1);
-    Define(modGlobals::MapContextIDs, "#define popup_silent 3", 1);
-    Define(modGlobals::MapContextIDs, "#define IDH_EXTRA 4", 1);
-    Define(modGlobals::MapContextIDs, "#define main 0", 1);      // zero: ignored
-    Define(modGlobals::MapContextIDs, "#define IDH_NONE 5", 1);  // no topic
-    Define(modGlobals::ProjectContextIDs, "main 0", 0);          // zero, but own [MAP]
-    Define(modGlobals::ProjectContextIDs, "IDH_LOST 6", 0);
-
+    Topic("titled", true);
+    Topic("popup_called", false, "", 1);
+    Topic("popup_silent", false);
+    Topic("main", true, "second^IDH_EXTRA");
+    Define({"#define titled 1", "#define POPUP_CALLED 2", "#define popup_silent 3",
+            "#define IDH_EXTRA 4",
+            "#define main 0",        // zero: ignored
+            "#define IDH_NONE 5"},   // no topic
+           1);
+    Define({"main 0", "IDH_LOST 6"}, 0);  // zero, but the project's own [MAP]
     NewFileList aliasCopies;
-    std::string aliasName = "x", csName = "y";
-    ASSERT_TRUE(WriteAliasFiles(wizard, root, aliasCopies, aliasName, csName));
-    EXPECT_EQ(aliasName, "NewAliases.h");
-    EXPECT_EQ(csName, "csAlias.h");
-    EXPECT_EQ(ReadFileBytes(root + "/NewAliases.h"),
-              AliasBanner() + kDateLine +
+    ASSERT_TRUE(WriteAliases(aliasCopies));
+    EXPECT_EQ(aliasName + "|" + csName, "NewAliases.h|csAlias.h");
+    EXPECT_EQ(New("NewAliases.h"),
+              AliasHead() +
                   "; Automatic aliases for normal topics ;;;;;;;;;;;;;;;;;;;;;;;;;;\r\n"
-                  "titled = html\\titled.htm\r\n"
-                  "IDH_EXTRA = html\\main.htm\r\n"
-                  "main = html\\main.htm\r\n"
-                  ";\r\n"
+                  "titled = html\\titled.htm\r\nIDH_EXTRA = html\\main.htm\r\n"
+                  "main = html\\main.htm\r\n;\r\n"
                   ";    Could not find aliases for 3 context ID's: ;;;;;;;\r\n"
                   ";    For more information view the rewrite log.\r\n");
-    EXPECT_EQ(ReadFileBytes(root + "/csAlias.h"),
-              AliasBanner() + kDateLine +
+    EXPECT_EQ(New("csAlias.h"),
+              AliasHead() +
                   "; Automatic aliases for untitled topic files whose text may be extracted to "
-                  "cshelp.txt ;;;;;;;;;;\r\n"
-                  "POPUP_CALLED = html\\popup_called.htm\r\n");
+                  "cshelp.txt ;;;;;;;;;;\r\nPOPUP_CALLED = html\\popup_called.htm\r\n");
     EXPECT_TRUE(modGlobals::MapContextIDs->Find("popup_silent")->FileDefined);
     EXPECT_FALSE(modGlobals::MapContextIDs->Find("main")->FileDefined);
     EXPECT_EQ(UnAliasedContexts(), 3);  // map main (zero), IDH_NONE, IDH_LOST
@@ -259,15 +197,13 @@ TEST_F(MapAliasWriter, NewAliasFilesSortTopicsByTitleAndReferences) {
 }
 
 TEST_F(MapAliasWriter, InternalAliasesListIncludesAndFoundTopicsOnly) {
-    AddTopic("topic_one", true);
-    AddTopic("topic_two", false);
+    Topic("topic_one", true);
+    Topic("topic_two", false);
     modGlobals::ProjectAliases = std::make_shared<CAliases>();
-    modParser::AddAliasFromString("HID_ONE = TOPIC_ONE ; first");
-    modParser::AddAliasFromString("HID_TWO = topic_two");
-    modParser::AddAliasFromString("HID_GONE = no_such_topic");
-    Define(modGlobals::MapContextIDs, "#define hid_one 1", 1);
-    Define(modGlobals::MapContextIDs, "#define HID_GONE 2", 1);
-
+    for (const char* line : {"HID_ONE = TOPIC_ONE ; first", "HID_TWO = topic_two",
+                             "HID_GONE = no_such_topic"})
+        modParser::AddAliasFromString(line);
+    Define({"#define hid_one 1", "#define HID_GONE 2"}, 1);
     NewFileList aliasCopies;
     aliasCopies.names = {"sub\\al.h", "b.h"};
     aliasCopies.count = 2;
@@ -277,98 +213,75 @@ TEST_F(MapAliasWriter, InternalAliasesListIncludesAndFoundTopicsOnly) {
     EXPECT_TRUE(modGlobals::MapContextIDs->Find("HID_ONE")->FileDefined);
     EXPECT_FALSE(modGlobals::MapContextIDs->Find("HID_GONE")->FileDefined);
     // The section moves to the end of the file; the rest stays as it was.
-    EXPECT_EQ(ReadFileBytes(project),
-              "[OPTIONS]\r\nTitle=Help\r\n\r\n[FILES]\r\nhtml\\a.htm\r\n\r\n"
-              "[MAP]\r\n#include old.h\r\n\r\n"
-              "[TEXT POPUPS]\r\ncshelp.txt\r\n"
-              "[ALIAS]\r\n#include al.h\r\n#include b.h\r\n#include NewAliases.h\r\n"
-              "#Include csAlias.h\r\n"
-              "HID_ONE = html\\topic_one.htm ; first\r\n"
-              "HID_TWO = html\\topic_two.htm\r\n");
-}
+    EXPECT_EQ(New("help.hhp"),
+              ReplaceAll(kProject, "[ALIAS]\r\nX=html\\a.htm\r\n\r\n", "") +
+                  "[ALIAS]\r\n#include al.h\r\n#include b.h\r\n#include NewAliases.h\r\n"
+                  "#Include csAlias.h\r\nHID_ONE = html\\topic_one.htm ; first\r\n"
+                  "HID_TWO = html\\topic_two.htm\r\n");
 
-TEST_F(MapAliasWriter, WithoutContextIDsTheAliasSectionKeepsAnEmptyInclude) {
-    NewFileList aliasCopies;
-    std::string aliasName = "x", csName = "y";
-    ASSERT_TRUE(WriteAliasFiles(wizard, root, aliasCopies, aliasName, csName));
-    EXPECT_EQ(aliasName, "");
-    EXPECT_EQ(csName, "");
-    EXPECT_FALSE(std::filesystem::exists(root + "/NewAliases.h"));
-    ASSERT_TRUE(RewriteInternalAliases(wizard, project, aliasCopies, aliasName, csName));
-    EXPECT_NE(ReadFileBytes(project).find("[ALIAS]\r\n#Include \r\n"), std::string::npos);
+    // Without context IDs the section keeps an empty include.
+    modGlobals::ResetAll();
+    modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    NewFileList none;
+    ASSERT_TRUE(WriteAliases(none));
+    EXPECT_EQ(aliasName + "|" + csName, "|");
+    EXPECT_FALSE(tmp.Exists("work/new/NewAliases.h"));
+    ASSERT_TRUE(RewriteInternalAliases(wizard, project, none, aliasName, csName));
+    EXPECT_NE(New("help.hhp").find("[ALIAS]\r\n#Include \r\n"), std::string::npos);
     EXPECT_TRUE(view.errors.empty());
 }
 
 TEST_F(MapAliasWriter, IncludedAliasFilesAreRewrittenWithNewTopicNames) {
-    AddTopic("topic_one", true);
-    AddTopic("main", true, "extra_id");
-    Define(modGlobals::MapContextIDs, "#define HID_ONE 1", 1);
-    Define(modGlobals::MapContextIDs, "#define HID_X 2", 1);
-    modGlobals::MapFiles = {dir / "old/maps/app.hm"};
+    Topic("topic_one", true);
+    Topic("main", true, "extra_id");
+    Define({"#define HID_ONE 1", "#define HID_X 2"}, 1);
+    modGlobals::MapFiles = {tmp / "old/maps/app.hm"};
     modGlobals::MapFileCount = 1;
-    const std::string old = dir.Write("old/aliases.txt",
-                                      "; my aliases\r\n"
-                                      "HID_ONE\t=\ttopic_one ; note\r\n"
-                                      "   ; indented comment\r\n"
-                                      "HID_X = EXTRA_ID\n"
-                                      "HID_GONE = nowhere\r\n"
-                                      " = main\r\n"
-                                      "#include \"..\\more.als\"\r\n"
-                                      "\r\n");
-    modGlobals::AliasFiles = {old};
+    modGlobals::AliasFiles = {tmp.Write("old/aliases.txt",
+                                        "; my aliases\r\nHID_ONE\t=\ttopic_one ; note\r\n"
+                                        "   ; indented comment\r\nHID_X = EXTRA_ID\n"
+                                        "HID_GONE = nowhere\r\n = main\r\n"
+                                        "#include \"..\\more.als\"\r\n\r\n")};
     modGlobals::AliasFileCount = 1;
-
     NewFileList aliasCopies;
-    std::string aliasName, csName;
-    ASSERT_TRUE(WriteAliasFiles(wizard, root, aliasCopies, aliasName, csName));
+    ASSERT_TRUE(WriteAliases(aliasCopies));
     ASSERT_EQ(aliasCopies.count, 1);
     EXPECT_EQ(aliasCopies.names[0], "aliases.h");
-    EXPECT_EQ(ReadFileBytes(root + "/aliases.h"),
-              AliasBanner() + kDateLine +
+    EXPECT_EQ(New("aliases.h"),
+              AliasHead() +
                   "; This Alias file is derived from the original Alias file: aliases.txt\r\n"
-                  "; and the original Map files:\r\n"
-                  "; and Map File app.hm\r\n"
+                  "; and the original Map files:\r\n; and Map File app.hm\r\n"
                   "; Reading Old Alias File ;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;\r\n"
-                  "; my aliases\r\n"
-                  "HID_ONE = html\\topic_one.htm\r\n"
-                  "   ; indented comment\r\n"
-                  "HID_X = html\\main.htm\r\n"
-                  "; Could not find alias for: \"HID_GONE\"\r\n"
-                  " = main\r\n"
-                  "#include more.h\r\n"
-                  "\r\n");
+                  "; my aliases\r\nHID_ONE = html\\topic_one.htm\r\n   ; indented comment\r\n"
+                  "HID_X = html\\main.htm\r\n; Could not find alias for: \"HID_GONE\"\r\n"
+                  " = main\r\n#include more.h\r\n\r\n");
     // IDs aliased there are not aliased again in NewAliases.h.
     EXPECT_TRUE(modGlobals::MapContextIDs->Find("HID_X")->FileDefined);
-    EXPECT_EQ(ReadFileBytes(root + "/NewAliases.h"),
-              AliasBanner() + kDateLine +
-                  "; Automatic aliases for normal topics ;;;;;;;;;;;;;;;;;;;;;;;;;;\r\n");
+    EXPECT_EQ(New("NewAliases.h"),
+              AliasHead() + "; Automatic aliases for normal topics ;;;;;;;;;;;;;;;;;;;;;;;;;;\r\n");
 
     // An existing copy is kept when the user says No, and still listed.
-    dir.Write("new/aliases.h", "mine");
+    tmp.Write("work/new/aliases.h", "mine");
     view.answersById[10018] = mb::kNo;
     NewFileList again;
-    ASSERT_TRUE(WriteAliasFiles(wizard, root, again, aliasName, csName));
+    ASSERT_TRUE(WriteAliases(again));
     EXPECT_EQ(again.count, 1);
-    EXPECT_EQ(ReadFileBytes(root + "/aliases.h"), "mine");
+    EXPECT_EQ(New("aliases.h"), "mine");
     EXPECT_EQ(view.messages.back().title, "Writing Alias Files");
-}
 
-TEST_F(MapAliasWriter, AFailedAliasFileStopsTheNewAliasFiles) {
-    Define(modGlobals::MapContextIDs, "#define HID_ONE 1", 1);
-    modGlobals::AliasFiles = {dir / "old/missing.als"};
-    modGlobals::AliasFileCount = 1;
-    NewFileList aliasCopies;
-    std::string aliasName, csName;
-    EXPECT_FALSE(WriteAliasFiles(wizard, root, aliasCopies, aliasName, csName));
-    EXPECT_FALSE(std::filesystem::exists(root + "/NewAliases.h"));
+    // A failed alias file stops the new alias files.
+    std::filesystem::remove(newDir + "/NewAliases.h");
+    modGlobals::AliasFiles = {tmp / "old/missing.als"};
+    NewFileList failed;
+    EXPECT_FALSE(WriteAliases(failed));
+    EXPECT_FALSE(tmp.Exists("work/new/NewAliases.h"));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_NE(view.errors[0].first.find("modRewrite:RewriteOneAliasFile"), std::string::npos);
+    EXPECT_TRUE(ErrorNamed("modRewrite:RewriteOneAliasFile"));
 }
 
 TEST_F(MapAliasWriter, UpdateContextIDsMarksIDsOfFoundAliases) {
-    Define(modGlobals::MapContextIDs, "#define A 1", 1);
-    Define(modGlobals::ProjectContextIDs, "a 1", 0);
-    Define(modGlobals::ProjectContextIDs, "B 2", 0);
+    Define({"#define A 1"}, 1);
+    Define({"a 1", "B 2"}, 0);
     modGlobals::ProjectAliases = std::make_shared<CAliases>();
     modGlobals::ProjectAliases->Add("A")->AliasFound = true;
     modGlobals::ProjectAliases->Add("B")->AliasFound = false;
@@ -381,4 +294,4 @@ TEST_F(MapAliasWriter, UpdateContextIDsMarksIDsOfFoundAliases) {
 }
 
 }  // namespace
-}  // namespace tamrix::modRewrite
+}  // namespace tamrix::testing

@@ -90,10 +90,6 @@ TEST_F(PopupActivation, ConvertsPopupLinksOnceWithOneBackupAndOnePairOfDeclarati
     // A second run finds every link converted and adds nothing.
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
     EXPECT_EQ(Main(), expected);
-}
-
-TEST_F(PopupActivation, AFileWrittenAnewGetsItsDeclarationsAgain) {
-    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
     // The write step ran again and replaced the file; the model still marks it.
     dir_.Write("html/idh_main.htm", std::string(kMainHead) + kMainBody);
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
@@ -118,8 +114,8 @@ TEST_F(PopupActivation, AFileWithoutBodyStopsTheActivation) {
     dir_.Write("html/idh_main.htm", bad);
     EXPECT_FALSE(ModifyPopupFiles(wizard_, dir_.Path()));
     ASSERT_EQ(view_.messages.size(), 1u);
-    EXPECT_EQ(view_.messages[0].text, "Bad format in Topic File idh_main.htm");
-    EXPECT_EQ(view_.messages[0].title, "Writing Java Links");
+    EXPECT_EQ(view_.messages[0].text + "|" + view_.messages[0].title,
+              "Bad format in Topic File idh_main.htm|Writing Java Links");
     EXPECT_EQ(view_.messages[0].style, mb::kExclamation);
     ASSERT_EQ(view_.errors.size(), 1u);
     EXPECT_EQ(view_.errors[0].first.rfind("modRewrite:ModifyPopupFiles", 0), 0u);
@@ -134,48 +130,46 @@ TEST_F(PopupActivation, DeclarationsGoBeforeTheBodyWhenTheHeadIsMissing) {
                           ">t</A>\r\n</BODY>");
 }
 
-TEST(AddJavaLinks, ConvertsOnlyLinksAfterTheBody) {
-    CTopicFile popup;
-    popup.Context = "idh_pop";
-    popup.NewFileName = "idh_pop.htm";
-    TextBuffer buffer;
-    buffer.SetText("<A HREF=\"idh_pop.htm\">head</A><BODY><A HREF=\"IDH_POP.HTM\" TARGET=x>a</A>");
-    EXPECT_TRUE(AddJavaLinks(buffer, popup));
-    EXPECT_EQ(buffer.Text(),
-              "<A HREF=\"idh_pop.htm\">head</A><BODY>" + ScriptLink("idh_pop") + ">a</A>");
-}
-
-TEST(AddJavaLinks, EndsWhenTheReplacementMatchesAgainOrATagIsOpen) {
-    CTopicFile popup;
-    popup.Context = "x";
-    popup.NewFileName = "Javascript:POPUPS.TextPopup(x";
-    TextBuffer buffer;
-    buffer.SetText("<BODY><A HREF=\"Javascript:POPUPS.TextPopup(x.htm\">a</A>");
-    EXPECT_TRUE(AddJavaLinks(buffer, popup));
-    EXPECT_EQ(buffer.Text(), "<BODY>" + ScriptLink("x") + ">a</A>");
-
-    popup.NewFileName = "p.htm";
-    buffer.SetText("<BODY><A HREF=\"p.htm\">a</A> <A HREF=\"p.htm");
-    EXPECT_TRUE(AddJavaLinks(buffer, popup));
-    EXPECT_EQ(buffer.Text(), "<BODY>" + ScriptLink("x") + ">a</A> <A HREF=\"p.htm");
-
-    buffer.SetText("<A HREF=\"p.htm\">no body</A>");
-    EXPECT_TRUE(AddJavaLinks(buffer, popup));
-    EXPECT_EQ(buffer.Text(), "<A HREF=\"p.htm\">no body</A>");
+TEST(AddJavaLinks, ConvertsLinksAfterTheBodyUntilTheReplacementMatchesAgainOrATagIsOpen) {
+    struct Case {
+        const char* newName;
+        std::string text, expected;
+    } const cases[] = {
+        {"idh_pop.htm", "<A HREF=\"idh_pop.htm\">head</A><BODY><A HREF=\"IDH_POP.HTM\" TARGET=x>a</A>",
+         "<A HREF=\"idh_pop.htm\">head</A><BODY>" + ScriptLink("idh_pop") + ">a</A>"},
+        {"Javascript:POPUPS.TextPopup(idh_pop", "<BODY><A HREF=\"Javascript:POPUPS.TextPopup(idh_pop.htm\">a</A>",
+         "<BODY>" + ScriptLink("idh_pop") + ">a</A>"},
+        {"p.htm", "<BODY><A HREF=\"p.htm\">a</A> <A HREF=\"p.htm",
+         "<BODY>" + ScriptLink("idh_pop") + ">a</A> <A HREF=\"p.htm"},
+        {"p.htm", "<A HREF=\"p.htm\">no body</A>", "<A HREF=\"p.htm\">no body</A>"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        CTopicFile popup;
+        popup.Context = "idh_pop";
+        popup.NewFileName = c.newName;
+        TextBuffer buffer;
+        buffer.SetText(c.text);
+        EXPECT_TRUE(AddJavaLinks(buffer, popup));
+        EXPECT_EQ(buffer.Text(), c.expected);
+    }
 }
 
 class ActivatePopupsStep : public PopupActivation {};
 
-TEST_F(ActivatePopupsStep, RunsOnlyWhenPopupStringsWereExtracted) {
+TEST_F(ActivatePopupsStep, RunsOnlyWhenPopupStringsWereExtractedAndKeepsTheMessageOnFailure) {
     wizard_.NumPopupStrings = 0;
     wizard_.StepMessage = "before";
     ActivatePopups(wizard_);
     EXPECT_FALSE(wizard_.PopupsActivated);
-    EXPECT_EQ(wizard_.StepMessage, "before");
     EXPECT_EQ(Main(), std::string(kMainHead) + kMainBody);
     EXPECT_FALSE(dir_.Exists("html/NoPopups"));
+    dir_.Write("html/idh_main.htm", "<HTML><A HREF=\"idh_pop1.htm\">x</A></HTML>");
+    wizard_.NumPopupStrings = 1;
+    ActivatePopups(wizard_);
+    EXPECT_FALSE(wizard_.PopupsActivated);
+    EXPECT_EQ(wizard_.StepMessage, "before");
 
-    wizard_.NumPopupStrings = 2;
+    dir_.Write("html/idh_main.htm", std::string(kMainHead) + kMainBody);
     ActivatePopups(wizard_);
     EXPECT_TRUE(wizard_.PopupsActivated);
     EXPECT_EQ(wizard_.StepMessage,
@@ -183,15 +177,6 @@ TEST_F(ActivatePopupsStep, RunsOnlyWhenPopupStringsWereExtracted) {
     EXPECT_EQ(wizard_.ProgressCaption(), "Extracted and wrote text string files for popups.");
     EXPECT_FALSE(wizard_.ProgressVisible());
     EXPECT_NE(Main().find(ScriptLink("idh_pop1")), std::string::npos);
-}
-
-TEST_F(ActivatePopupsStep, AFailureLeavesTheStepMessage) {
-    dir_.Write("html/idh_main.htm", "<HTML><A HREF=\"idh_pop1.htm\">x</A></HTML>");
-    wizard_.NumPopupStrings = 1;
-    wizard_.StepMessage = "before";
-    ActivatePopups(wizard_);
-    EXPECT_FALSE(wizard_.PopupsActivated);
-    EXPECT_EQ(wizard_.StepMessage, "before");
 }
 
 }  // namespace

@@ -54,8 +54,7 @@ TEST_F(ProjectFileTest, AsksBeforeRenamingAFileThatAlreadyMatchesItsTopicID) {
     EXPECT_EQ(Write(text), "<not written>");
     EXPECT_FALSE(ok);
     ASSERT_EQ(view.MessageIds(), (std::vector<long>{10005, 10005}));
-    EXPECT_EQ(view.messages[1].style, mb::kYesNo | mb::kQuestion);
-    EXPECT_EQ(view.messages[1].title, "Rewriting Project File");
+    ExpectMessage(1, 10005, "Rewriting Project File", mb::kYesNo | mb::kQuestion);
     EXPECT_NE(view.messages[1].text.find("The file xcd1.htm already matches"), std::string::npos);
 
     view.messages.clear();
@@ -119,10 +118,10 @@ TEST_F(ProjectFileTest, LeavesAnEntryWhoseNewNameWouldLeaveTheFolder) {
 TEST_F(RewriteTest, NewTopicFileNameLooksUpTheGeneratedName) {
     AddTopic("html\\Afxc0001.htm", "main");
     AddTopic("html\\afxc0002.htm", "");
-    EXPECT_EQ(modRewrite::NewTopicFileName("AFXC0001.HTM"), "main.htm");
-    EXPECT_EQ(modRewrite::NewTopicFileName("afxc0002.htm"), ".htm");
-    EXPECT_EQ(modRewrite::NewTopicFileName("html\\afxc0001.htm"), "");
-    EXPECT_EQ(modRewrite::NewTopicFileName("other.htm"), "");
+    std::string names;
+    for (const char* old : {"AFXC0001.HTM", "afxc0002.htm", "html\\afxc0001.htm", "other.htm"})
+        names += modRewrite::NewTopicFileName(old) + "|";
+    EXPECT_EQ(names, "main.htm|.htm|||");
     modGlobals::TopicFiles.reset();
     EXPECT_EQ(modRewrite::NewTopicFileName("afxc0001.htm"), "");
 }
@@ -154,9 +153,7 @@ TEST_F(RewriteTest, StyleSheetNameOutsideTheFolderIsRefused) {
     modRewrite::MakeCSSLinkString(wizard, newDir);
     EXPECT_TRUE(Tree().empty());
     ASSERT_EQ(view.messages.size(), 1u);
-    EXPECT_EQ(view.messages[0].catalogueId, 0);
-    EXPECT_EQ(view.messages[0].style, mb::kExclamation);
-    EXPECT_EQ(view.messages[0].title, "Writing New Project Files");
+    ExpectMessage(0, 0, "Writing New Project Files", mb::kExclamation);
     EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.css"});
 }
 
@@ -167,50 +164,36 @@ protected:
     }
 };
 
-TEST_F(ImageFolderTest, WithoutAnOldImagesFolderNothingHappens) {
-    EXPECT_TRUE(Copy(false));
-    EXPECT_FALSE(tmp.Exists("work/new/images"));
+TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
+    EXPECT_TRUE(Copy(false));  // no old images folder: nothing happens
+    EXPECT_TRUE(Tree(newDir).empty());
     EXPECT_TRUE(view.messages.empty());
-}
-
-TEST_F(ImageFolderTest, AnEmptyOldFolderIsReported) {
     std::filesystem::create_directories(oldDir + "/images");
     EXPECT_TRUE(Copy(false));
     EXPECT_TRUE(tmp.Exists("work/new/images"));
-    ASSERT_EQ(view.messages.size(), 1u);
+    ExpectMessage(0, 0, "Copying \\images Folder", mb::kInformation);
     EXPECT_EQ(view.messages[0].text, "There are no image files in the old /images folder.");
-    EXPECT_EQ(view.messages[0].style, mb::kInformation);
-    EXPECT_EQ(view.messages[0].title, "Copying \\images Folder");
-}
 
-TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfolders) {
     tmp.Write("old/images/a.gif", "GIF89a");
     tmp.Write("old/images/B.bmp", "BM");
     tmp.Write("old/images/sub/c.gif", "no");
     tmp.Write("work/new/images/a.gif", "old copy");
-    EXPECT_TRUE(Copy(false));
-    EXPECT_EQ(Tree(newDir), (std::map<std::string, std::string>{{"images/B.bmp", "BM"},
-                                                                {"images/a.gif", "GIF89a"}}));
-    EXPECT_TRUE(view.messages.empty());
-}
-
-TEST_F(ImageFolderTest, AsksBeforeOverwritingWhenTold) {
-    tmp.Write("old/images/a.gif", "GIF89a");
-    tmp.Write("work/new/images/a.gif", "old copy");
     EXPECT_TRUE(Copy(true));  // answered No
-    EXPECT_EQ(view.MessageIds(), std::vector<long>{10007});
+    EXPECT_EQ(view.MessageIds(), (std::vector<long>{0, 10007}));
     EXPECT_EQ(tmp.Read("work/new/images/a.gif"), "old copy");
-
     view.answers = {mb::kYes};
     EXPECT_TRUE(Copy(true));
-    EXPECT_EQ(tmp.Read("work/new/images/a.gif"), "GIF89a");
-
+    EXPECT_EQ(Tree(newDir), (std::map<std::string, std::string>{{"images/B.bmp", "BM"},
+                                                                {"images/a.gif", "GIF89a"}}));
     // Names are compared exactly: another case is no clash.
-    tmp.Write("work/new/images/A.GIF", "x");
-    std::filesystem::remove(newDir + "/images/a.gif");
-    view.messages.clear();
+    std::filesystem::rename(newDir + "/images/a.gif", newDir + "/images/A.GIF");
     EXPECT_TRUE(Copy(true));
-    EXPECT_TRUE(view.messages.empty());
+    EXPECT_EQ(view.messages.size(), 3u);
+    // Without asking, an existing copy is replaced.
+    tmp.Write("work/new/images/B.bmp", "old copy");
+    EXPECT_TRUE(Copy(false));
+    EXPECT_EQ(tmp.Read("work/new/images/B.bmp"), "BM");
+    EXPECT_EQ(view.messages.size(), 3u);
 }
 
 TEST_F(ImageFolderTest, AFolderThatCannotBeCreatedIsReported) {

@@ -63,6 +63,19 @@ protected:
         return files;
     }
 
+    // The message shown at `index`: its catalogue ID, caption and style.
+    void ExpectMessage(std::size_t index, long id, const std::string& title, int style) {
+        ASSERT_LT(index, view.messages.size());
+        EXPECT_EQ(view.messages[index].catalogueId, id);
+        EXPECT_EQ(view.messages[index].title, title);
+        EXPECT_EQ(view.messages[index].style, style);
+    }
+    bool ErrorNamed(const std::string& procedure) const {
+        for (const auto& e : view.errors)
+            if (e.first.find(procedure) != std::string::npos) return true;
+        return false;
+    }
+
     TempDir tmp;
     const std::string oldDir = tmp / "old";
     const std::string newDir = tmp / "work/new";

@@ -42,19 +42,27 @@ TEST_F(SitemapTest, IndexKeepsFoldersAndFragmentsAndGoesToTheNewRoot) {
 }
 
 TEST_F(SitemapTest, ContentsReplacesAFileNamedWithoutFragmentEverywhere) {
-    modGlobals::ContentsTargets->Add("html\\afxc0002.htm#sec");
-    modGlobals::ContentsTargets->Add("html\\afxc0002.htm");
-    const std::string file = tmp.Write("old/Toc.hhc", "a html\\afxc0002.htm#sec b afxc0002.htm");
-    EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldDir + "/p.hhp", file, newDir));
-    EXPECT_EQ(tmp.Read("work/new/Toc.hhc"), "a html\\Intro_2.htm#sec b Intro_2.htm");
-    EXPECT_EQ(view.Captions().back(), "Writing New Contents File ...");
-}
-
-TEST_F(SitemapTest, ANameAtPositionZeroIsNotReplaced) {
-    modGlobals::ContentsTargets->Add("afxc0001.htm");
-    const std::string file = tmp.Write("old/Toc.hhc", "afxc0001.htm afxc0001.htm");
-    EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldDir + "/p.hhp", file, newDir));
-    EXPECT_EQ(tmp.Read("work/new/Toc.hhc"), "afxc0001.htm afxc0001.htm");
+    struct Case {
+        std::vector<const char*> targets;  // none: no target collection at all
+        const char *text, *expected;
+    } const cases[] = {
+        {{"html\\afxc0002.htm#sec", "html\\afxc0002.htm"},
+         "a html\\afxc0002.htm#sec b afxc0002.htm",
+         "a html\\Intro_2.htm#sec b Intro_2.htm"},
+        // A name at position 0 is not replaced.
+        {{"afxc0001.htm"}, "afxc0001.htm afxc0001.htm", "afxc0001.htm afxc0001.htm"},
+        // Without targets the file is copied.
+        {{}, "x afxc0001.htm", "x afxc0001.htm"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        modGlobals::ContentsTargets.reset();
+        if (!c.targets.empty()) modGlobals::ContentsTargets = std::make_shared<CTargets>();
+        for (const char* t : c.targets) modGlobals::ContentsTargets->Add(t);
+        const std::string file = tmp.Write("old/Toc.hhc", c.text);
+        EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldDir + "/p.hhp", file, newDir));
+        EXPECT_EQ(tmp.Read("work/new/Toc.hhc"), c.expected);
+    }
+    EXPECT_EQ(view.Captions().front(), "Writing New Contents File ...");
 }
 
 TEST_F(SitemapTest, AMissingFileWritesNothingAndSucceeds) {
@@ -63,13 +71,6 @@ TEST_F(SitemapTest, AMissingFileWritesNothingAndSucceeds) {
     EXPECT_TRUE(Tree(newDir).empty());
     EXPECT_TRUE(view.messages.empty());
     EXPECT_TRUE(view.errors.empty());
-}
-
-TEST_F(SitemapTest, WithoutTargetsTheFileIsCopied) {
-    modGlobals::ContentsTargets.reset();
-    const std::string file = tmp.Write("old/Toc.hhc", "x afxc0001.htm");
-    EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldDir + "/p.hhp", file, newDir));
-    EXPECT_EQ(tmp.Read("work/new/Toc.hhc"), "x afxc0001.htm");
 }
 
 }  // namespace

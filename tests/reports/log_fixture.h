@@ -1,0 +1,64 @@
+#pragma once
+// The shared fixture of the log tests: a fresh model at a fixed date, a
+// scripted view, the report being written and the topics it lists.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/project_state.h"
+#include "model/wizard_state.h"
+#include "platform/program_identity.h"
+#include "reports/c_summary.h"
+#include "support/scripted_view.h"
+
+namespace tamrix::testing {
+
+// The lines of a log, which must end with a line break.
+inline std::vector<std::string> LogLines(const std::string& text) {
+    std::vector<std::string> lines;
+    std::size_t start = 0;
+    for (std::size_t end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
+        lines.push_back(text.substr(start, end - start));
+    EXPECT_EQ(start, text.size()) << "the log must end with a line break";
+    return lines;
+}
+
+inline std::string Sp(std::size_t n) { return std::string(n, ' '); }
+
+class LogTest : public ::testing::Test {
+  protected:
+    explicit LogTest(const char* epoch) : epoch_(epoch) {}
+    void SetUp() override {
+        setenv("SOURCE_DATE_EPOCH", epoch_, 1);
+        modGlobals::ResetAll();
+        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    }
+    void TearDown() override {
+        unsetenv("SOURCE_DATE_EPOCH");
+        modGlobals::ResetAll();
+    }
+    std::shared_ptr<CTopicFile> AddTopic(const std::string& file, const std::string& context,
+                                         bool hasTitle) {
+        auto topic = std::make_shared<CTopicFile>();
+        topic->AutoNamePath = "html\\" + file;
+        topic->AutoFileName = file;
+        topic->Context = context;
+        topic->NewFileName = context.empty() ? file : context + ".htm";
+        topic->HasTitle = hasTitle;
+        modGlobals::TopicFiles->Add(topic, file);
+        return topic;
+    }
+
+    ScriptedView view;
+    ScopedActiveView active{view};
+    WizardState wizard{&view};
+    CSummary report;
+
+  private:
+    const char* epoch_;
+};
+
+}  // namespace tamrix::testing
