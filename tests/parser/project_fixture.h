@@ -99,7 +99,7 @@ class ProjectFixture : public ::testing::Test {
         const auto& m = view.messages[index];
         EXPECT_EQ(m.catalogueId, id);
         EXPECT_EQ(m.title, title);
-        if (style != -1) EXPECT_EQ(m.style, style);
+        EXPECT_EQ(style == -1 ? -1 : m.style, style);
     }
     // Whether an unexpected-error box named the procedure.
     bool ErrorNamed(const std::string& procedure) const {

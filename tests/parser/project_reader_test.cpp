@@ -33,7 +33,7 @@ TEST_F(ProjectReader, OpenCountsTheHtmLinesOfTheFilesSection) {
         wizard.DisplayTopicCount.clear();
         count = -1;
         EXPECT_EQ(OpenProjectFile(wizard, dir.Write("p.hhp", c.text), count), c.ok);
-        if (c.ok) EXPECT_EQ(count, c.count);
+        EXPECT_EQ(c.ok ? count : -1, c.count);
         EXPECT_EQ(wizard.DisplayTopicCount, c.display);
     }
 }
@@ -76,7 +76,7 @@ TEST_F(ProjectReader, DuplicateTopicIdsAreRenamedInOrderOfDiscovery) {
          2, "Duplicate Topic Id: File and Topic ID renamed from \"IDH_A.htm\" to \"IDH_A_1.htm\""},
         // "X_1" as written and "X" renamed to "X_1": a later "X_1" is renamed for each match.
         {{"X_1", "X", "X", "X_1"},
-         {"X_1", "X_1", "X_1", "X_1_3"},
+         {"X_1", "X", "X_1", "X_1_3"},
          "\"X\" was renamed \"X_1\"^\"X_1\" was renamed \"X_1_2\"^\"X_1\" was renamed \"X_1_3\"^",
          4, "Duplicate Topic Id: File and Topic ID renamed from \"X_1.htm\" to \"X_1_3.htm\""}};
     for (const Case& c : cases) {

@@ -39,7 +39,7 @@ TEST_F(TopicScanner, TopicIdIsTheFirstAnchorAfterTheBody) {
         FindContextID(reader, id);
         EXPECT_EQ(id, c.id);
         EXPECT_EQ(view.errors.size(), c.reported ? 1u : 0u);
-        if (c.reported) EXPECT_TRUE(ErrorNamed("modParser:FindContextID"));
+        EXPECT_EQ(ErrorNamed("modParser:FindContextID"), c.reported);
     }
 }
 

@@ -66,7 +66,7 @@ TEST_F(WinHelpReader, ConflictingRedefinitionsAreNotedOncePerName) {
         "#define IDH_K &H10\n");
     EXPECT_EQ(MapID("IDH_A")->ContextID, "10");
     EXPECT_EQ(Described(modGlobals::DuplicateContextIDs),
-              (std::vector<std::string>{"IDH_A=11(11) #0", "IDH_H=0x10(16) #0"}));
+              (std::vector<std::string>{"IDH_A=11(0) #0", "IDH_H=0x10(0) #0"}));
 }
 
 TEST_F(WinHelpReader, ProjectMapSectionTakesAllThreeFormsAndIncludes) {

@@ -187,6 +187,7 @@ TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
                                                                 {"images/a.gif", "GIF89a"}}));
     // Names are compared exactly: another case is no clash.
     std::filesystem::rename(newDir + "/images/a.gif", newDir + "/images/A.GIF");
+    std::filesystem::remove(newDir + "/images/B.bmp");
     EXPECT_TRUE(Copy(true));
     EXPECT_EQ(view.messages.size(), 3u);
     // Without asking, an existing copy is replaced.
