@@ -128,6 +128,10 @@ FrmWizard::FrmWizard(Options options, QWidget* parent)
     body->setContentsMargins(0, 0, 0, 0);
     body->setSpacing(0);
     body->addWidget(BuildSidePanel());
+    auto* edge = new QFrame(this);
+    edge->setFrameShape(QFrame::VLine);
+    edge->setFrameShadow(QFrame::Sunken);
+    body->addWidget(edge);
     body->addLayout(right, 1);
 
     auto* line = new QFrame(this);
@@ -146,7 +150,7 @@ FrmWizard::FrmWizard(Options options, QWidget* parent)
     help_ = new HelpWindow(this);
     if (options_.help) help_->SetProject(options_.help);
     LocaliseForm(*this);
-    resize(760, 540);
+    resize(800, 540);
     setMinimumSize(680, 500);
 }
 
@@ -161,8 +165,8 @@ QWidget* FrmWizard::BuildSidePanel() {
     panel->setObjectName("picSteps");
     panel->setAutoFillBackground(true);
     panel->setBackgroundRole(QPalette::Base);
-    panel->setFrameShape(QFrame::StyledPanel);
-    panel->setFixedWidth(200);
+    panel->setFrameShape(QFrame::NoFrame);
+    panel->setFixedWidth(230);
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(16, 20, 12, 16);
     layout->setSpacing(10);
