@@ -7,7 +7,10 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$root/build}
 program="$build/src/gui/tamrix-screenshots"
 [ -x "$program" ] || { echo "build $program first (ninja -C $build tamrix-screenshots)" >&2; exit 1; }
-work=$(mktemp -d)
+# A fixed folder, so the paths in the pictures stay the same from run to run.
+work=${TMPDIR:-/tmp}/tamrix-screenshots
+rm -rf "$work"
+mkdir -p "$work"
 trap 'rm -rf "$work"' EXIT
 cp -r "$root/samples/tideclock" "$work/in"
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-1299333420} \

@@ -1,7 +1,8 @@
 // tamrix-screenshots: converts a copy of a sample project in the real wizard
 // window and saves a picture of every step (not installed).
 //   tamrix-screenshots IN_FOLDER OUT_FOLDER PICTURE_FOLDER
-// IN_FOLDER holds TideClock.hhp and TideClock.hpj; pictures are wizard-step-N.png.
+// IN_FOLDER holds TideClock.hhp and TideClock.hpj; pictures are wizard-step-N.png,
+// message-form.png and html-options.png.
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -10,7 +11,11 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "gui/frm_options.h"
 #include "gui/frm_wizard.h"
+#include "gui/message_form.h"
+#include "messages/messages.h"
+#include "wizard/options_dialog.h"
 #include "platform/file_system.h"
 
 using tamrix::gui::FrmWizard;
@@ -82,5 +87,21 @@ int main(int argc, char** argv) {
     window.NavButton(tamrix::kNavNext)->click();
     ok = Save(window, pictures, 5) && ok;
     tamrix::SharedFileSystem().SetWriteRoot({});
+
+    // The message window with the results shown on entering step 4, and the options dialog.
+    tamrix::gui::MessageForm message;
+    message.Prepare(tamrix::modMessages::GetMessageString(10064, "cshelp.txt", "popups.js") +
+                        "\r\n" + tamrix::modMessages::GetMessageString(10025),
+                    tamrix::mb::kInformation, "StepResults");
+    message.show();
+    Settle();
+    ok = message.grab().save(QDir(pictures).filePath("message-form.png")) && ok;
+    tamrix::OptionsDialog optionsData;
+    optionsData.chkCssFile = true;
+    tamrix::gui::FrmOptions optionsForm;
+    optionsForm.Load(optionsData);
+    optionsForm.show();
+    Settle();
+    ok = optionsForm.grab().save(QDir(pictures).filePath("html-options.png")) && ok;
     return ok ? 0 : 1;
 }

@@ -137,6 +137,8 @@ TEST_F(FrmWizardTest, AWholeConversionOfTheSampleByClicks) {
     EXPECT_TRUE(window->MenuAction("mnuOptionsIgnoreZeroIDs")->isChecked());
     EXPECT_FALSE(window->MenuAction("mnuOptionstest")->isVisible());
     EXPECT_FALSE(window->MenuAction("mnuOptionsSep1")->isVisible());
+    EXPECT_FALSE(MenuEnabled("mnuToolsFormatMapFiles"));
+    EXPECT_FALSE(window->MenuAction("mnuOptionsReformatMap")->isChecked());
     EXPECT_FALSE(window->ProgressFrame()->isVisible());
 
     // Step 1: the project chosen with Browse fills the labels.
