@@ -17,6 +17,7 @@
 #include <cstdlib>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <map>
 
 #include "model/project_state.h"
@@ -40,6 +41,7 @@ protected:
         options.help = HelpProject::Load(TAMRIX_SOURCE_DIR "/help/Tamrix.hhp");
         options.dialogs.message = [this](QWidget*, const MessageRequest& request) {
             messages.push_back(request);
+            if (onMessage) onMessage(request);
             if (!answers.empty()) {
                 const int answer = answers.front();
                 answers.pop_front();
@@ -115,6 +117,7 @@ protected:
     std::deque<std::string> saveAnswers;
     std::vector<std::string> openTitles;
     std::vector<std::string> saveFilters;
+    std::function<void(const MessageRequest&)> onMessage;
 };
 
 TEST_F(FrmWizardTest, AWholeConversionOfTheSampleByClicks) {
@@ -190,7 +193,22 @@ TEST_F(FrmWizardTest, AWholeConversionOfTheSampleByClicks) {
     EXPECT_EQ(saveFilters.back(), "HTML Help Project (*.hhp)|*.hhp|");
     EXPECT_EQ(Find<QLineEdit>("txtRootPath")->text().toStdString(), dir / "out/TideClock.hhp");
     answersById[10011] = mb::kYes;  // create the folder
+    // While the project is written the controls are off and the window stays open.
+    bool busyChecked = false;
+    onMessage = [&](const MessageRequest& request) {
+        if (request.catalogueId != 10011) return;
+        busyChecked = true;
+        EXPECT_FALSE(NavEnabled(kNavNext));
+        EXPECT_FALSE(NavEnabled(kNavCancel));
+        EXPECT_FALSE(Find<QPushButton>("cmdBrowseNewRoot")->isEnabled());
+        EXPECT_FALSE(MenuEnabled("mnuFile"));
+        EXPECT_FALSE(MenuEnabled("mnuView"));
+        EXPECT_FALSE(window->close());
+    };
     Click(kNavNext);
+    onMessage = nullptr;
+    EXPECT_TRUE(busyChecked);
+    EXPECT_TRUE(window->isVisible());
     ASSERT_EQ(Step(), 4);
     EXPECT_EQ(window->windowTitle(), "Tamrix - Activating Popups");
     for (const char* file : {"TideClock.hhp", "scan.log", "rewrite.log", "popups.log", "popups.js",
