@@ -9,6 +9,8 @@ namespace tamrix {
 
 Wizard::Wizard(IWizardView& view) : WizardState(&view), view_(view) {
     menus.mnuViewOldprojectFile.enabled = false;
+    // Enabled once the popups step has been left.
+    menus.mnuToolsFormatMapFiles.enabled = false;
     ResetViewMenus();
 }
 

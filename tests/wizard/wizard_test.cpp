@@ -63,6 +63,7 @@ TEST_F(WizardTest, StartsAtStepZeroWithOnlyNextEnabled) {
     EXPECT_TRUE(wizard.menus.mnuOptionsIgnoreZeroIDs.checked);
     EXPECT_FALSE(wizard.menus.mnuOptionstest.visible);
     EXPECT_FALSE(wizard.menus.mnuViewScanLog.enabled);
+    EXPECT_FALSE(wizard.menus.mnuToolsFormatMapFiles.enabled);
     EXPECT_TRUE(wizard.controls.lblPrinterVisible);  // no printer in the test view
     EXPECT_EQ(wizard.NavCaption(kNavNext), "&Next >");
 }

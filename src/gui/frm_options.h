@@ -1,0 +1,51 @@
+#pragma once
+// The "HTML Options" dialog: shows the toolkit-free OptionsDialog and passes
+// its OK and Cancel on to it.
+#include <QDialog>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace tamrix {
+class OptionsDialog;
+}
+
+namespace tamrix::gui {
+
+class FrmOptions : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit FrmOptions(QWidget* parent = nullptr);
+
+    // Fills the controls from the dialog's values and shows it modally.
+    void ShowModal(OptionsDialog& dialog);
+    // Fills the controls without showing the window.
+    void Load(OptionsDialog& dialog);
+
+    QCheckBox* CssFile() const { return chkCssFile_; }
+    QCheckBox* TopicClass() const { return chkTopicClass_; }
+    QLineEdit* CssFileName() const { return txtCssFileName_; }
+    QLabel* CssFileLabel() const { return lblCssFile_; }
+    QPushButton* OKButton() const { return cmdOK_; }
+    QPushButton* CancelButton() const { return cmdCancel_; }
+
+    void reject() override;
+
+private:
+    void Store();
+    void UpdateCssVisibility();
+    void OK();
+
+    OptionsDialog* dialog_ = nullptr;
+    QCheckBox* chkCssFile_ = nullptr;
+    QLabel* lblCssFile_ = nullptr;
+    QLineEdit* txtCssFileName_ = nullptr;
+    QCheckBox* chkTopicClass_ = nullptr;
+    QPushButton* cmdOK_ = nullptr;
+    QPushButton* cmdCancel_ = nullptr;
+};
+
+}  // namespace tamrix::gui

@@ -1,0 +1,72 @@
+// The HTML Options dialog over the toolkit-free OptionsDialog.
+#include "gui/frm_options.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+#include "support/scripted_view.h"
+#include "wizard/options_dialog.h"
+
+namespace tamrix::gui {
+namespace {
+
+TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
+    OptionsDialog dialog;
+    FrmOptions form;
+    form.Load(dialog);
+    EXPECT_EQ(form.windowTitle(), "HTML Options");
+    EXPECT_EQ(form.CssFile()->text(), "Insert link to Style Sheet");
+    EXPECT_EQ(form.TopicClass()->text(), "Define Topic_Title class");
+    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
+    EXPECT_TRUE(form.CssFileName()->isHidden());
+    EXPECT_TRUE(form.CssFileLabel()->isHidden());
+    form.CssFile()->click();
+    EXPECT_FALSE(form.CssFileName()->isHidden());
+    EXPECT_FALSE(form.CssFileLabel()->isHidden());
+}
+
+TEST(FrmOptionsTest, OKWithAnEmptyNameIsRefusedAndTheDialogStays) {
+    testing::ScriptedView view;
+    ScopedActiveView active(view);
+    OptionsDialog dialog;
+    FrmOptions form;
+    form.Load(dialog);
+    form.show();
+    form.CssFile()->click();
+    form.CssFileName()->clear();
+    form.OKButton()->click();
+    ASSERT_EQ(view.messages.size(), 1u);
+    EXPECT_EQ(view.messages[0].text, "There must be a valid name for the style sheet");
+    EXPECT_FALSE(dialog.Status);
+    EXPECT_TRUE(form.isVisible());
+
+    form.CssFileName()->setText("site.css");
+    form.OKButton()->click();
+    EXPECT_TRUE(dialog.Status);
+    EXPECT_TRUE(dialog.chkCssFile);
+    EXPECT_EQ(dialog.txtCssFileName, "site.css");
+    EXPECT_FALSE(form.isVisible());
+
+    // Shown again, the last choices are still there; Cancel clears the status.
+    form.Load(dialog);
+    form.show();
+    EXPECT_TRUE(form.CssFile()->isChecked());
+    EXPECT_EQ(form.CssFileName()->text(), "site.css");
+    form.CancelButton()->click();
+    EXPECT_FALSE(dialog.Status);
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST(FrmOptionsTest, AnEmptyNameIsPutBackWhenShownAgain) {
+    OptionsDialog dialog;
+    dialog.txtCssFileName.clear();
+    FrmOptions form;
+    form.Load(dialog);
+    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
+}
+
+}  // namespace
+}  // namespace tamrix::gui

@@ -1,0 +1,354 @@
+// The wizard window driven by clicks, with its dialogs answered by hooks.
+#include "gui/frm_wizard.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QStackedWidget>
+#include <QTest>
+#include <QTextBrowser>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <map>
+
+#include "model/project_state.h"
+#include "platform/file_system.h"
+#include "support/temp_dir.h"
+
+namespace tamrix::gui {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FrmWizardTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+        modGlobals::ResetAll();
+        fs::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
+                 fs::copy_options::recursive);
+        FrmWizard::Options options;
+        options.printers = false;
+        options.help = HelpProject::Load(TAMRIX_SOURCE_DIR "/help/Tamrix.hhp");
+        options.dialogs.message = [this](QWidget*, const MessageRequest& request) {
+            messages.push_back(request);
+            if (onMessage) onMessage(request);
+            if (!answers.empty()) {
+                const int answer = answers.front();
+                answers.pop_front();
+                return answer;
+            }
+            if (auto it = answersById.find(request.catalogueId); it != answersById.end())
+                return it->second;
+            return NegativeAnswerOfStyle(request.style);
+        };
+        options.dialogs.error = [this](QWidget*, const std::string& text, const std::string&) {
+            errors.push_back(text);
+        };
+        options.dialogs.input = [](QWidget*, const std::string&, const std::string&,
+                                   const std::string&) { return std::optional<std::string>(); };
+        options.dialogs.openFile = [this](QWidget*, const FileDialogRequest& request) {
+            openTitles.push_back(request.title);
+            return Pop(openAnswers);
+        };
+        options.dialogs.saveFile = [this](QWidget*, const FileDialogRequest& request) {
+            saveFilters.push_back(request.filter);
+            return Pop(saveAnswers);
+        };
+        window = std::make_unique<FrmWizard>(options);
+        active = std::make_unique<ScopedActiveView>(*window);
+        window->show();
+        window->Start();
+    }
+    void TearDown() override {
+        active.reset();
+        window.reset();
+        SharedFileSystem().SetWriteRoot({});
+        modGlobals::ResetAll();
+        ::unsetenv("SOURCE_DATE_EPOCH");
+    }
+
+    static std::string Pop(std::deque<std::string>& queue) {
+        if (queue.empty()) return {};
+        std::string answer = queue.front();
+        queue.pop_front();
+        return answer;
+    }
+    template <class T>
+    T* Find(const char* name) const {
+        T* widget = window->findChild<T*>(name);
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+    QString Text(const char* label) const { return Find<QLabel>(label)->text(); }
+    void Click(int nav) { window->NavButton(nav)->click(); }
+    void ClickButton(const char* name) { Find<QPushButton>(name)->click(); }
+    int Step() const { return window->Steps()->currentIndex(); }
+    bool NavEnabled(int nav) const { return window->NavButton(nav)->isEnabled(); }
+    bool MenuEnabled(const char* name) const { return window->MenuAction(name)->isEnabled(); }
+    // Steps 0 to 3: the project by its Browse button, the WinHelp project typed in.
+    void ScanSample(bool withHpj = true) {
+        Click(kNavNext);
+        openAnswers.push_back(dir / "in/TideClock.hhp");
+        ClickButton("cmdBrowseHHP");
+        Click(kNavNext);
+        if (withHpj) QTest::keyClicks(Find<QLineEdit>("txtWinhelpProjectName"),
+                                      QString::fromStdString(dir / "in/TideClock.hpj"));
+        Click(kNavNext);
+    }
+
+    testing::TempDir dir;
+    std::unique_ptr<FrmWizard> window;
+    std::unique_ptr<ScopedActiveView> active;
+    std::vector<MessageRequest> messages;
+    std::vector<std::string> errors;
+    std::deque<int> answers;
+    std::map<long, int> answersById;
+    std::deque<std::string> openAnswers;
+    std::deque<std::string> saveAnswers;
+    std::vector<std::string> openTitles;
+    std::vector<std::string> saveFilters;
+    std::function<void(const MessageRequest&)> onMessage;
+};
+
+TEST_F(FrmWizardTest, AWholeConversionOfTheSampleByClicks) {
+    // Step 0.
+    EXPECT_EQ(window->windowTitle(), "Tamrix - Introduction");
+    EXPECT_EQ(Step(), 0);
+    EXPECT_EQ(Text("lblTitle_0"), "Introduction");
+    EXPECT_TRUE(Text("lblStep_0").startsWith("This is the first step of the Tamrix Wizard."));
+    EXPECT_EQ(window->NavButton(kNavHelp)->text(), "&Help");
+    EXPECT_EQ(window->NavButton(kNavCancel)->text(), "&Cancel");
+    EXPECT_EQ(window->NavButton(kNavBack)->text(), "< &Back");
+    EXPECT_EQ(window->NavButton(kNavNext)->text(), "&Next >");
+    EXPECT_EQ(window->NavButton(kNavExit)->text(), "&Exit");
+    EXPECT_FALSE(NavEnabled(kNavBack));
+    EXPECT_TRUE(NavEnabled(kNavNext));
+    EXPECT_FALSE(NavEnabled(kNavExit));
+    EXPECT_TRUE(Find<QLabel>("lblPrinter2")->isVisible());  // no printer in the test
+    EXPECT_FALSE(MenuEnabled("mnuViewOldprojectFile"));
+    EXPECT_FALSE(MenuEnabled("mnuViewScanLog"));
+    EXPECT_TRUE(window->MenuAction("mnuOptionsIgnoreZeroIDs")->isChecked());
+    EXPECT_FALSE(window->MenuAction("mnuOptionstest")->isVisible());
+    EXPECT_FALSE(window->MenuAction("mnuOptionsSep1")->isVisible());
+    EXPECT_FALSE(MenuEnabled("mnuToolsFormatMapFiles"));
+    EXPECT_FALSE(window->MenuAction("mnuOptionsReformatMap")->isChecked());
+    EXPECT_FALSE(window->ProgressFrame()->isVisible());
+
+    // Step 1: the project chosen with Browse fills the labels.
+    Click(kNavNext);
+    ASSERT_EQ(Step(), 1);
+    EXPECT_EQ(window->windowTitle(), "Tamrix - HTML Project File (*.hhp)");
+    EXPECT_TRUE(NavEnabled(kNavBack));
+    EXPECT_EQ(Text("lblTitle_1"), "HTML Project File (*.hhp)");
+    openAnswers.push_back(dir / "in/TideClock.hhp");
+    ClickButton("cmdBrowseHHP");
+    EXPECT_EQ(openTitles.back(), "Select HTML Help Project");
+    EXPECT_EQ(Find<QLineEdit>("txtProjectName")->text().toStdString(), dir / "in/TideClock.hhp");
+    EXPECT_EQ(Text("lblTopicCount"), "42");
+    EXPECT_EQ(Text("lblIndexFile"), "TideClock.hhk");
+    EXPECT_EQ(Text("lblContents"), "Table of Contents.hhc");
+
+    // Step 2: the WinHelp project typed into its box.
+    Click(kNavNext);
+    ASSERT_EQ(Step(), 2);
+    EXPECT_TRUE(MenuEnabled("mnuViewOldprojectFile"));
+    EXPECT_TRUE(Find<QGroupBox>("fraHPJOpen")->isVisible());
+    QTest::keyClicks(Find<QLineEdit>("txtWinhelpProjectName"),
+                     QString::fromStdString(dir / "in/TideClock.hpj"));
+    EXPECT_EQ(window->GetWizard().controls.txtWinhelpProjectName, dir / "in/TideClock.hpj");
+
+    // Next scans; step 3 shows the results once.
+    Click(kNavNext);
+    ASSERT_EQ(Step(), 3);
+    EXPECT_TRUE(Find<QCheckBox>("chkMapData")->isChecked());
+    EXPECT_TRUE(Find<QCheckBox>("chkAliasData")->isChecked());
+    EXPECT_EQ(Text("lblContextCount"), "42");
+    EXPECT_EQ(Text("lblUntitledCount"), "11");
+    EXPECT_EQ(Text("lblContextIDs"), "21");
+    EXPECT_TRUE(MenuEnabled("mnuViewScanLog"));
+    EXPECT_FALSE(MenuEnabled("mnuViewRewriteLog"));
+    EXPECT_TRUE(MenuEnabled("mnuFile"));  // the busy state is over
+    EXPECT_TRUE(NavEnabled(kNavBack) && NavEnabled(kNavNext) && NavEnabled(kNavCancel));
+    EXPECT_FALSE(window->ProgressFrame()->isVisible());
+    ASSERT_FALSE(messages.empty());
+    EXPECT_EQ(messages.back().title, "StepResults");
+    EXPECT_NE(messages.back().text.find("Successfully scanned all files."), std::string::npos);
+    // Message boxes are centred on the wizard.
+    ASSERT_TRUE(messages.back().position.left.has_value());
+    EXPECT_EQ(*messages.back().position.left, window->frameGeometry().center().x());
+
+    // Step 3: Browse for the new project, then Next writes it.
+    saveAnswers.push_back(dir / "out/TideClock.hhp");
+    ClickButton("cmdBrowseNewRoot");
+    EXPECT_EQ(saveFilters.back(), "HTML Help Project (*.hhp)|*.hhp|");
+    EXPECT_EQ(Find<QLineEdit>("txtRootPath")->text().toStdString(), dir / "out/TideClock.hhp");
+    answersById[10011] = mb::kYes;  // create the folder
+    // While the project is written the controls are off and the window stays open.
+    bool busyChecked = false;
+    onMessage = [&](const MessageRequest& request) {
+        if (request.catalogueId != 10011) return;
+        busyChecked = true;
+        EXPECT_FALSE(NavEnabled(kNavNext));
+        EXPECT_FALSE(NavEnabled(kNavCancel));
+        EXPECT_FALSE(Find<QPushButton>("cmdBrowseNewRoot")->isEnabled());
+        EXPECT_FALSE(MenuEnabled("mnuFile"));
+        EXPECT_FALSE(MenuEnabled("mnuView"));
+        EXPECT_FALSE(window->close());
+    };
+    Click(kNavNext);
+    onMessage = nullptr;
+    EXPECT_TRUE(busyChecked);
+    EXPECT_TRUE(window->isVisible());
+    ASSERT_EQ(Step(), 4);
+    EXPECT_EQ(window->windowTitle(), "Tamrix - Activating Popups");
+    for (const char* file : {"TideClock.hhp", "scan.log", "rewrite.log", "popups.log", "popups.js",
+                             "cshelp.txt", "NewMap.h", "NewAliases.h", "csAlias.h"})
+        EXPECT_TRUE(dir.Exists(std::string("out/") + file)) << file;
+    EXPECT_TRUE(MenuEnabled("mnuViewRewriteLog"));
+    EXPECT_TRUE(MenuEnabled("mnuViewPopupLog"));
+    EXPECT_TRUE(MenuEnabled("mnuViewNewProjectFile"));
+    EXPECT_FALSE(NavEnabled(kNavExit));
+    // The progress label follows the captions of the write step.
+    EXPECT_EQ(window->ProgressLabel()->text().toStdString(), window->GetWizard().ProgressCaption());
+    EXPECT_NE(window->GetWizard().ProgressCaption().find("Popup"), std::string::npos);
+    EXPECT_NE(messages.back().text.find("Successfully created the new project."), std::string::npos);
+    EXPECT_TRUE(errors.empty());
+
+    // Step 4: Yes edits the calling topic files.
+    Find<QRadioButton>("optYesPopups")->click();
+    EXPECT_TRUE(window->GetWizard().controls.optYesPopups);
+    EXPECT_FALSE(window->GetWizard().controls.optNoPopups);
+    Click(kNavNext);
+    ASSERT_EQ(Step(), 5);
+    EXPECT_TRUE(NavEnabled(kNavExit));
+    EXPECT_FALSE(NavEnabled(kNavNext));
+    EXPECT_TRUE(NavEnabled(kNavBack));
+    EXPECT_TRUE(window->MenuAction("mnuOptionsReformatMap")->isChecked());
+    EXPECT_TRUE(MenuEnabled("mnuToolsFormatMapFiles"));
+    EXPECT_TRUE(dir.Exists("out/html/NoPopups"));
+    EXPECT_TRUE(Text("lblNewProject").contains("TideClock.hhp"));
+    const std::string project = dir.Read("out/TideClock.hhp");
+    EXPECT_NE(project.find("[MAP]"), std::string::npos);
+    EXPECT_NE(project.find("[TEXT POPUPS]"), std::string::npos);
+
+    // Exit asks, and Yes ends the program.
+    QSignalSpy exited(window.get(), &FrmWizard::ExitRequested);
+    answers = {mb::kYes};
+    Click(kNavExit);
+    EXPECT_EQ(messages.back().text, "Do you want to exit the program?");
+    EXPECT_EQ(messages.back().style, mb::kYesNo + mb::kQuestion);
+    EXPECT_EQ(exited.count(), 1);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(FrmWizardTest, NextWithoutAProjectStaysAtStepOne) {
+    Click(kNavNext);
+    Click(kNavNext);
+    EXPECT_EQ(Step(), 1);
+    ASSERT_FALSE(messages.empty());
+    EXPECT_EQ(messages.back().catalogueId, 10008);
+    EXPECT_EQ(messages.back().title, "HTML Help Project File");
+}
+
+TEST_F(FrmWizardTest, BackKeepsTheWorkAndCancelRestarts) {
+    ScanSample(false);
+    ASSERT_EQ(Step(), 3);
+    Click(kNavBack);
+    EXPECT_EQ(Step(), 2);
+    Click(kNavBack);
+    EXPECT_EQ(Step(), 1);
+    EXPECT_EQ(Text("lblTopicCount"), "42");  // Back undoes nothing
+    EXPECT_TRUE(MenuEnabled("mnuViewScanLog"));
+
+    answers = {mb::kNo};
+    Click(kNavCancel);
+    EXPECT_EQ(messages.back().text, "Do you want to restart the program?");
+    EXPECT_EQ(messages.back().title, "Cancel");
+    EXPECT_EQ(Step(), 1);
+    answers = {mb::kYes};
+    Click(kNavCancel);
+    EXPECT_EQ(Step(), 0);
+    EXPECT_TRUE(Find<QLineEdit>("txtProjectName")->text().isEmpty());
+    EXPECT_TRUE(Text("lblTopicCount").isEmpty());
+    EXPECT_FALSE(MenuEnabled("mnuViewScanLog"));
+    EXPECT_FALSE(MenuEnabled("mnuViewOldprojectFile"));
+    EXPECT_FALSE(NavEnabled(kNavBack));
+}
+
+TEST_F(FrmWizardTest, CancelAtStepZeroOffersToExit) {
+    QSignalSpy exited(window.get(), &FrmWizard::ExitRequested);
+    answers = {mb::kNo};
+    Click(kNavCancel);
+    EXPECT_EQ(messages.back().text, "Do you want to exit the program?");
+    EXPECT_EQ(exited.count(), 0);
+    EXPECT_TRUE(window->isVisible());
+    // Exit is off until the last step.
+    Click(kNavExit);
+    EXPECT_EQ(messages.size(), 1u);
+    answers = {mb::kYes};
+    Click(kNavCancel);
+    EXPECT_EQ(exited.count(), 1);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(FrmWizardTest, TheCloseBoxExitsLikeFileExit) {
+    QSignalSpy exited(window.get(), &FrmWizard::ExitRequested);
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(exited.count(), 1);
+    EXPECT_TRUE(messages.empty());  // File/Exit does not ask
+    EXPECT_TRUE(window->GetWizard().Exited());
+}
+
+TEST_F(FrmWizardTest, F1AtStepThreeShowsThePageForContext5040) {
+    ScanSample(false);
+    ASSERT_EQ(Step(), 3);
+    QTest::keyClick(Find<QLineEdit>("txtRootPath"), Qt::Key_F1);
+    ASSERT_TRUE(window->Help()->isVisible());
+    EXPECT_TRUE(window->Help()->CurrentPage().endsWith("/step3_new_project.htm"));
+    EXPECT_TRUE(window->Help()->Browser()->toPlainText().contains("New HTML Project"));
+    EXPECT_TRUE(window->GetWizard().HelpShown());
+    // Help on the Program shows the index page; exit closes the help.
+    window->MenuAction("mnuHelpProgram")->trigger();
+    EXPECT_TRUE(window->Help()->CurrentPage().endsWith("/index.htm"));
+    window->MenuAction("mnuFileExit")->trigger();
+    EXPECT_FALSE(window->Help()->isVisible());
+}
+
+TEST_F(FrmWizardTest, MenusFollowTheBusyStateAndToggles) {
+    QAction* ignoreZero = window->MenuAction("mnuOptionsIgnoreZeroIDs");
+    ignoreZero->trigger();
+    EXPECT_FALSE(ignoreZero->isChecked());
+    EXPECT_FALSE(modGlobals::IgnoreZeroIDs);
+    ignoreZero->trigger();
+    EXPECT_TRUE(ignoreZero->isChecked());
+    EXPECT_TRUE(modGlobals::IgnoreZeroIDs);
+    window->MenuAction("mnuViewHTM")->trigger();
+    EXPECT_EQ(messages.back().text, "Not implemented");
+    // The View menu's old project entry without a project: message 10022.
+    window->MenuAction("mnuViewOldprojectFile")->setEnabled(true);
+    window->MenuAction("mnuViewOldprojectFile")->trigger();
+    EXPECT_NE(messages.back().text.find("No Project available."), std::string::npos);
+    EXPECT_EQ(messages.back().title, "View Project File");
+}
+
+TEST_F(FrmWizardTest, AProjectNamedAtStartFillsStepOne) {
+    window->Start(dir / "in/TideClock.hhp");
+    EXPECT_EQ(Find<QLineEdit>("txtProjectName")->text().toStdString(), dir / "in/TideClock.hhp");
+    Click(kNavNext);
+    Click(kNavNext);
+    EXPECT_EQ(Step(), 2);
+    EXPECT_EQ(window->GetWizard().Projectname, dir / "in/TideClock.hhp");
+}
+
+}  // namespace
+}  // namespace tamrix::gui

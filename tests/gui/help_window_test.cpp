@@ -1,0 +1,104 @@
+// The program's help project, its window, the About box and the captions.
+#include "gui/help_window.h"
+
+#include <QAbstractButton>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSysInfo>
+#include <QTextBrowser>
+#include <gtest/gtest.h>
+
+#include "gui/about_box.h"
+#include "gui/localise_form.h"
+#include "platform/program_identity.h"
+#include "support/temp_dir.h"
+#include "wizard/wizard_view.h"
+
+namespace tamrix::gui {
+namespace {
+
+const QString kHelpProject = TAMRIX_SOURCE_DIR "/help/Tamrix.hhp";
+
+TEST(HelpProjectTest, EveryStepContextHasAnExistingPage) {
+    const auto project = HelpProject::Load(kHelpProject);
+    ASSERT_TRUE(project.has_value());
+    EXPECT_EQ(project->Contexts(), (QList<int>{5010, 5020, 5030, 5040, 5050, 5060}));
+    for (int context : project->Contexts())
+        EXPECT_TRUE(QFileInfo::exists(project->PageForContext(context))) << context;
+    EXPECT_TRUE(project->PageForContext(5040).endsWith("/step3_new_project.htm"));
+    EXPECT_TRUE(project->DefaultTopic().endsWith("/index.htm"));
+    EXPECT_TRUE(QFileInfo::exists(project->DefaultTopic()));
+    EXPECT_TRUE(project->PageForContext(5000).isEmpty());
+}
+
+TEST(HelpProjectTest, NamesAreMatchedWithoutRegardToCaseAndUnaliasedNumbersIgnored) {
+    testing::TempDir dir;
+    const std::string hhp = dir.Write(
+        "h.hhp",
+        "[OPTIONS]\r\nDefault topic=start.htm\r\n[ALIAS]\r\nidh_one = pages\\one.htm\r\n"
+        "[MAP]\r\n#define IDH_ONE 7\r\n#define IDH_TWO 8\r\n");
+    const auto project = HelpProject::Load(QString::fromStdString(hhp));
+    ASSERT_TRUE(project.has_value());
+    EXPECT_EQ(project->Contexts(), QList<int>{7});
+    EXPECT_TRUE(project->PageForContext(7).endsWith("/pages/one.htm"));
+    EXPECT_FALSE(HelpProject::Load(QString::fromStdString(dir / "missing.hhp")).has_value());
+}
+
+TEST(HelpWindowTest, ContextTopicAndCloseAll) {
+    HelpWindow help;
+    help.SetProject(HelpProject::Load(kHelpProject));
+    EXPECT_TRUE(help.HtmlHelp(kHelpContext, 5010));
+    EXPECT_TRUE(help.isVisible());
+    EXPECT_TRUE(help.CurrentPage().endsWith("/step0_introduction.htm"));
+    EXPECT_FALSE(help.HtmlHelp(kHelpContext, 5099));
+    EXPECT_TRUE(help.HtmlHelp(kHelpDisplayTopic, 0));
+    EXPECT_TRUE(help.CurrentPage().endsWith("/index.htm"));
+    EXPECT_TRUE(help.Browser()->toPlainText().contains("The six steps"));
+    EXPECT_TRUE(help.HtmlHelp(kHelpCloseAll, 0));
+    EXPECT_FALSE(help.isVisible());
+}
+
+TEST(HelpWindowTest, WithoutAHelpProjectNothingOpens) {
+    HelpWindow help;
+    help.SetProject(std::nullopt);
+    EXPECT_FALSE(help.HtmlHelp(kHelpContext, 5010));
+    EXPECT_FALSE(help.isVisible());
+}
+
+TEST(AboutBoxTest, NameVersionAndSystemInformation) {
+    AboutBox about;
+    EXPECT_EQ(about.findChild<QLabel*>("lblTitle")->text(), "Tamrix");
+    EXPECT_EQ(about.findChild<QLabel*>("lblVersion")->text(),
+              "Version " + QString::fromStdString(VersionString()));
+    EXPECT_NE(about.findChild<QPushButton*>("cmdSysInfo"), nullptr);
+    const QString info = SystemInformationText();
+    EXPECT_TRUE(info.contains("Operating system: " + QSysInfo::prettyProductName()));
+    EXPECT_TRUE(info.contains("Kernel: " + QSysInfo::kernelType()));
+    EXPECT_TRUE(info.contains(QString("Qt version: ") + qVersion()));
+    SystemInformationDialog dialog;
+    EXPECT_TRUE(dialog.TextBox()->isReadOnly());
+    EXPECT_EQ(dialog.TextBox()->toPlainText(), info);
+}
+
+TEST(LocaliseFormTest, NumericTagsAndToolTipsComeFromTheCatalogue) {
+    QWidget form;
+    form.setProperty(kTagProperty, "1003");
+    auto* numeric = new QPushButton("old", &form);
+    numeric->setProperty(kTagProperty, "103");
+    numeric->setProperty(kToolTipProperty, "1000");
+    auto* named = new QLabel("kept", &form);
+    named->setProperty(kTagProperty, "caption");
+    named->setProperty(kToolTipProperty, "tip");
+    named->setToolTip("kept tip");
+    LocaliseForm(form);
+    EXPECT_EQ(form.windowTitle(), "New HTML Project");
+    EXPECT_EQ(numeric->text(), "&Next >");
+    EXPECT_EQ(numeric->toolTip(), "Introduction");
+    EXPECT_EQ(named->text(), "kept");
+    EXPECT_EQ(named->toolTip(), "kept tip");
+}
+
+}  // namespace
+}  // namespace tamrix::gui
