@@ -41,8 +41,8 @@ inline std::pair<std::string, std::string> SplitInput(const std::uint8_t* data, 
 inline const std::string& ScratchFolder() {
     static const std::string folder = [] {
         const char* tmp = ::getenv("TMPDIR");
-        std::string pattern = std::string(tmp != nullptr && *tmp != '\0' ? tmp : "/tmp") +
-                              "/tamrix-fuzz-XXXXXX";
+        std::string pattern =
+            std::string(tmp != nullptr && *tmp != '\0' ? tmp : "/tmp") + "/tamrix-fuzz-XXXXXX";
         if (::mkdtemp(pattern.data()) == nullptr) ::abort();
         static std::string removal = "rm -rf '" + pattern + "'";
         ::atexit([] { (void)!::system(removal.c_str()); });

@@ -31,7 +31,8 @@ TEST_P(FuzzRegression, EverySavedInputEndsQuickly) {
         if (!entry.is_regular_file() || entry.path().filename() == "README") continue;
         const std::string bytes = testing::ReadFileBytes(entry.path().string());
         const auto started = std::chrono::steady_clock::now();
-        EXPECT_EQ(GetParam().run(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()), 0);
+        EXPECT_EQ(GetParam().run(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()),
+                  0);
         const double seconds =
             std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
         // The fuzzer gave each input 10 s; a sanitizer build is slower, a hang endless.

@@ -50,7 +50,8 @@ inline Snapshot TakeSnapshot(const std::string& root, const std::string& skip = 
         // A folder that holds the skipped one changes its stamp when that is created.
         const bool holdsSkipped = e.folder && !skip.empty() && skip.rfind(rel + "/", 0) == 0;
         if (!holdsSkipped)
-            e.mtime = static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
+            e.mtime =
+                static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
         if (S_ISREG(st.st_mode)) e.bytes = ReadFileBytes(it->path().string());
         shot[rel] = e;
     }
@@ -74,13 +75,15 @@ inline std::vector<std::string> Differences(const Snapshot& before, const Snapsh
 
 inline std::string Topic(const std::string& title, const std::string& id,
                          const std::string& body = {}) {
-    return "<HTML>\r\n<HEAD>\r\n<TITLE>" + title + "</TITLE>\r\n</HEAD>\r\n<BODY>\r\n<P><A NAME=\"" + id +
-           "\"></A>" + title + "</P>\r\n" + body + "\r\n</BODY>\r\n</HTML>\r\n";
+    return "<HTML>\r\n<HEAD>\r\n<TITLE>" + title +
+           "</TITLE>\r\n</HEAD>\r\n<BODY>\r\n<P><A NAME=\"" + id + "\"></A>" + title + "</P>\r\n" +
+           body + "\r\n</BODY>\r\n</HTML>\r\n";
 }
 
 inline std::string Sitemap(const std::vector<std::string>& locals) {
     std::string text =
-        "<HTML>\r\n<HEAD>\r\n</HEAD><BODY>\r\n<OBJECT type=\"text/site properties\">\r\n</OBJECT>\r\n<UL>\r\n";
+        "<HTML>\r\n<HEAD>\r\n</HEAD><BODY>\r\n<OBJECT type=\"text/site "
+        "properties\">\r\n</OBJECT>\r\n<UL>\r\n";
     for (const auto& l : locals)
         text += "\t<LI> <OBJECT type=\"text/sitemap\">\r\n\t\t<param name=\"Name\" value=\"" + l +
                 "\">\r\n\t\t<param name=\"Local\" value=\"" + l + "\">\r\n\t\t</OBJECT>\r\n";
@@ -88,7 +91,7 @@ inline std::string Sitemap(const std::vector<std::string>& locals) {
 }
 
 class HostileFixture : public ::testing::Test {
-protected:
+  protected:
     static constexpr const char* kIn = "a/b/in";
     static constexpr const char* kOut = "a/b/out";
 
@@ -113,7 +116,8 @@ protected:
     }
 
     // A two-topic project, plus `extraFiles` in [FILES] and `hpj` when not empty.
-    void WriteProject(const std::vector<std::string>& extraFiles = {}, const std::string& hpj = {}) {
+    void WriteProject(const std::vector<std::string>& extraFiles = {},
+                      const std::string& hpj = {}) {
         std::string hhp =
             "[OPTIONS]\r\nCompatibility=1.1 or later\r\nCompiled file=old.chm\r\n"
             "Contents file=old.hhc\r\nIndex file=old.hhk\r\nDefault topic=html\\gen00001.htm\r\n"
@@ -150,7 +154,8 @@ protected:
     }
     std::string AllMessages() const {
         std::string all;
-        for (const auto& m : view.messages) all += "[" + std::to_string(m.catalogueId) + "] " + m.text + "\n";
+        for (const auto& m : view.messages)
+            all += "[" + std::to_string(m.catalogueId) + "] " + m.text + "\n";
         for (const auto& e : view.errors) all += "[error] " + e.first + "\n";
         return all;
     }

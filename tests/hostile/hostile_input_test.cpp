@@ -50,8 +50,9 @@ TEST_F(HostileInput, IncludesThatClimbOutAreCopiedIntoTheNewFolderOnly) {
     // The .hpj includes a header three folders up; that header includes one more.
     dir.Write("top.h", "#define IDH_FIRST 10\r\n#include \"..\\side.h\"\r\n");
     dir.Write("a/b/mid.h", "#define IDH_SECOND 20\r\n");
-    WriteProject({}, "[OPTIONS]\r\nTITLE=Hostile\r\n\r\n[MAP]\r\n#include <..\\..\\..\\top.h>\r\n"
-                     "#include \"../mid.h\"\r\n\r\n[ALIAS]\r\n#include <..\\..\\..\\top.h>\r\n");
+    WriteProject({},
+                 "[OPTIONS]\r\nTITLE=Hostile\r\n\r\n[MAP]\r\n#include <..\\..\\..\\top.h>\r\n"
+                 "#include \"../mid.h\"\r\n\r\n[ALIAS]\r\n#include <..\\..\\..\\top.h>\r\n");
     EXPECT_EQ(Convert(true), 4) << AllMessages();
     EXPECT_TRUE(fs::exists(Out("top.h"))) << AllMessages();
     EXPECT_TRUE(fs::exists(Out("mid.h"))) << AllMessages();
@@ -114,13 +115,14 @@ TEST_F(HostileInput, FiftyMegabyteLineIsReadInReasonableTime) {
 }
 
 TEST_F(HostileInput, UnclosedTagsEndTheScan) {
-    WriteProject({"html\\gen00003.htm", "html\\gen00004.htm", "html\\gen00005.htm",
-                  "html\\gen00006.htm"});
+    WriteProject(
+        {"html\\gen00003.htm", "html\\gen00004.htm", "html\\gen00005.htm", "html\\gen00006.htm"});
     WriteIn("html/gen00003.htm", "<HTML><HEAD><TITLE>Open head");
     WriteIn("html/gen00004.htm", Topic("Anchor", "IDH_A4", "<A HREF=\"gen00001.htm"));
     WriteIn("html/gen00005.htm", Topic("Object", "IDH_A5", "<OBJECT type=x <AREA HREF=\"q"));
     WriteIn("html/gen00006.htm", "<HTML><HEAD><TITLE>Six</TITLE></HEAD><BODY><A NAME=\"IDH_6");
-    WriteIn("old.hhc", "<HTML><BODY><UL><LI><OBJECT type=\"text/sitemap\"><param name=\"Local\" value=\"");
+    WriteIn("old.hhc",
+            "<HTML><BODY><UL><LI><OBJECT type=\"text/sitemap\"><param name=\"Local\" value=\"");
     EXPECT_EQ(Convert(), 4) << AllMessages();
     // The unclosed quotes are reported, each naming the reader that met it.
     ASSERT_EQ(view.errors.size(), 2u) << AllMessages();

@@ -120,7 +120,8 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
                     << "run " << run << " at " << at.count() << ": " << name;
                 continue;
             }
-            const auto backup = reference.find("html/NoPopups/" + fs::path(name).filename().string());
+            const auto backup =
+                reference.find("html/NoPopups/" + fs::path(name).filename().string());
             EXPECT_TRUE(fs::path(name).parent_path() == "html" && backup != reference.end() &&
                         bytes == backup->second)
                 << "run " << run << " at " << at.count() << ": " << name << " differs";
