@@ -237,7 +237,8 @@ namespace {
 // A name mkstemp makes of "/.tamrix-XXXXXX".
 bool IsTempFileName(const std::string& name) {
     constexpr std::string_view prefix = ".tamrix-";
-    if (name.size() != prefix.size() + 6 || name.compare(0, prefix.size(), prefix) != 0) return false;
+    if (name.size() != prefix.size() + 6 || name.compare(0, prefix.size(), prefix) != 0)
+        return false;
     return std::all_of(name.begin() + static_cast<std::ptrdiff_t>(prefix.size()), name.end(),
                        [](unsigned char c) { return std::isalnum(c) != 0; });
 }
