@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -232,12 +233,38 @@ void FileSystem::NoteWritten(const std::string& diskPath) {
     AddKeys(it->second.byFolded, slash == std::string::npos ? diskPath : diskPath.substr(slash + 1));
 }
 
+namespace {
+// A name mkstemp makes of "/.tamrix-XXXXXX".
+bool IsTempFileName(const std::string& name) {
+    constexpr std::string_view prefix = ".tamrix-";
+    if (name.size() != prefix.size() + 6 || name.compare(0, prefix.size(), prefix) != 0)
+        return false;
+    return std::all_of(name.begin() + static_cast<std::ptrdiff_t>(prefix.size()), name.end(),
+                       [](unsigned char c) { return std::isalnum(c) != 0; });
+}
+}  // namespace
+
+void FileSystem::SweepTempFiles(const std::string& folder) {
+    if (!swept_.insert(folder).second) return;
+    DIR* dir = ::opendir(folder.c_str());
+    if (dir == nullptr) return;
+    std::vector<std::string> stale;
+    while (dirent* entry = ::readdir(dir))
+        if (IsTempFileName(entry->d_name)) stale.push_back(JoinDisk(folder, entry->d_name));
+    ::closedir(dir);
+    for (const std::string& path : stale) {
+        struct stat st {};
+        if (::lstat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode)) ::unlink(path.c_str());
+    }
+}
+
 void FileSystem::WriteAll(std::string_view path, std::string_view content) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     CheckWritable(disk);
     struct stat st {};
     if (StatPath(disk, st) && S_ISDIR(st.st_mode))
         RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
+    SweepTempFiles(ParentOf(disk));
     std::string temp = ParentOf(disk) + "/.tamrix-XXXXXX";
     const int fd = ::mkstemp(temp.data());
     if (fd < 0) RaiseError(ErrnoToError(errno) == err::kFileNotFound ? err::kPathNotFound

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace tamrix {
@@ -28,7 +29,8 @@ public:
     // Whole-file operations; failures raise BasicError (53, 70, 75, 76).
     std::string ReadAll(std::string_view path);
     // Writes through a temporary file in the destination folder and renames it into
-    // place, so an interruption never leaves a half-written file.
+    // place, so an interruption never leaves a half-written file. Temporary files
+    // that a killed run left in the folder are removed on its first write.
     void WriteAll(std::string_view path, std::string_view content);
     void CopyFile(std::string_view from, std::string_view to);
     void CreateFolder(std::string_view path);
@@ -54,9 +56,11 @@ private:
     Listing& ListingOf(const std::string& folder);
     void NoteWritten(const std::string& diskPath);
     void CheckWritable(const std::string& diskPath);
+    void SweepTempFiles(const std::string& folder);
 
     std::unordered_map<std::string, Listing> listings_;
     std::string writeRoot_;
+    std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files
 };
 
 // The one file-system service of the run.

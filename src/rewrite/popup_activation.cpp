@@ -99,11 +99,11 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
                 }
                 const std::string converted = modMessages::GetMessageString(10060, popup->Context);
                 if (buffer.Find(converted, body) < 0 && AddJavaLinks(buffer, *popup)) dirty = true;
-                if (dirty) {
-                    buffer.SaveFile(path);
-                    caller->JavaModified = true;
-                    dirty = false;
-                }
+            }
+            // Saved once with all its links, so a file is either as written before or done.
+            if (dirty) {
+                buffer.SaveFile(path);
+                caller->JavaModified = true;
             }
         }
         return true;

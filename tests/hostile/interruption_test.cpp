@@ -1,0 +1,146 @@
+// tamrix-cli killed at random moments of a conversion of the sample: what it
+// leaves in the new folder is what a complete run writes, or nothing.
+//
+// Files are written through a temporary ".tamrix-XXXXXX" file and renamed into
+// place, so a kill can leave such a temporary file behind but never a torn file.
+// Those temporary files are ignored here; the next run into the same folder
+// removes them (checked at the end).
+//
+// Two files are written more than once in a run, each time whole: the new
+// project file (sections added by later steps) and the topic files that popup
+// activation edits (saved once, after a backup of the earlier version). For them
+// an earlier complete version is accepted: the project file without the sections
+// later steps add, a topic file equal to its backup in html/NoPopups.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <random>
+
+#include "hostile/hostile_fixture.h"
+#include "platform/byte_text.h"
+#include "platform/profile.h"
+#include "support/temp_dir.h"
+
+namespace tamrix {
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+constexpr const char* kTempPrefix = ".tamrix-";
+
+// Starts tamrix-cli converting in/ into `out`; stdout and stderr go to /dev/null.
+pid_t StartConversion(const std::string& in, const std::string& out) {
+    const pid_t pid = ::fork();
+    if (pid != 0) return pid;
+    ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+    const int devnull = ::open("/dev/null", O_RDWR);
+    ::dup2(devnull, 1);
+    ::dup2(devnull, 2);
+    const std::string hhp = in + "/TideClock.hhp", hpj = in + "/TideClock.hpj";
+    const std::string target = out + "/TideClock.hhp";
+    ::execl(TAMRIX_CLI_PATH, TAMRIX_CLI_PATH, "convert", hhp.c_str(), target.c_str(), "--hpj",
+            hpj.c_str(), "--popups", "--yes", "--quiet", static_cast<char*>(nullptr));
+    ::_exit(127);
+}
+
+// Waits for the child; kills it with SIGKILL once `after` has passed. True when it was killed.
+bool KillAfter(pid_t pid, Clock::duration after) {
+    const auto deadline = Clock::now() + after;
+    int status = 0;
+    while (Clock::now() < deadline) {
+        if (::waitpid(pid, &status, WNOHANG) == pid) return false;
+        const timespec pause{0, 200000};  // 0.2 ms
+        ::nanosleep(&pause, nullptr);
+    }
+    ::kill(pid, SIGKILL);
+    ::waitpid(pid, &status, 0);
+    return WIFSIGNALED(status);
+}
+
+std::map<std::string, std::string> FilesUnder(const std::string& root) {
+    std::map<std::string, std::string> files;
+    if (!fs::exists(root)) return files;
+    for (const auto& entry : fs::recursive_directory_iterator(root))
+        if (entry.is_regular_file())
+            files[fs::relative(entry.path(), root).string()] =
+                testing::ReadFileBytes(entry.path().string());
+    return files;
+}
+
+// The project file as an earlier step leaves it: without the sections later steps add.
+std::string WithoutLaterSections(std::string hhp) {
+    for (const char* section : {"MAP", "ALIAS", "TEXT POPUPS"})
+        hhp = profile::text::DeleteSection(hhp, section);
+    return hhp;
+}
+
+TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
+    testing::TempDir dir;
+    fs::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
+             fs::copy_options::recursive);
+    const testing::Snapshot input = testing::TakeSnapshot(dir / "in");
+
+    // A complete run, timed, gives the reference files.
+    const auto started = Clock::now();
+    // Every run writes into the same folder, since the logs name it; each result
+    // is moved aside before the next run.
+    const std::string out = dir / "out";
+    const pid_t full = StartConversion(dir / "in", out);
+    int status = 0;
+    ASSERT_EQ(::waitpid(full, &status, 0), full);
+    const auto duration = Clock::now() - started;
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    const auto reference = FilesUnder(out);
+    fs::rename(out, dir / "ref");
+    ASSERT_GT(reference.size(), 40u);
+    ASSERT_LT(duration, std::chrono::seconds(2));  // keeps the 20 runs under a minute
+
+    std::mt19937 random(20261122);
+    std::uniform_int_distribution<Clock::rep> moment(0, duration.count());
+    int killed = 0;
+    for (int run = 0; run < 20; ++run) {
+        const auto at = Clock::duration(moment(random));
+        killed += KillAfter(StartConversion(dir / "in", out), at) ? 1 : 0;
+        for (const auto& [name, bytes] : FilesUnder(out)) {
+            if (fs::path(name).filename().string().rfind(kTempPrefix, 0) == 0) continue;
+            const auto ref = reference.find(name);
+            ASSERT_NE(ref, reference.end()) << "run " << run << ": unexpected file " << name;
+            if (bytes == ref->second) continue;
+            if (name == "TideClock.hhp") {
+                EXPECT_EQ(WithoutLaterSections(bytes), WithoutLaterSections(ref->second))
+                    << "run " << run << " at " << at.count() << ": " << name;
+                continue;
+            }
+            const auto backup =
+                reference.find("html/NoPopups/" + fs::path(name).filename().string());
+            EXPECT_TRUE(fs::path(name).parent_path() == "html" && backup != reference.end() &&
+                        bytes == backup->second)
+                << "run " << run << " at " << at.count() << ": " << name << " differs";
+        }
+        if (fs::exists(out)) fs::rename(out, dir / ("killed" + std::to_string(run)));
+    }
+    EXPECT_GE(killed, 5);  // the kills must land inside the run, not after it
+    EXPECT_TRUE(testing::Differences(input, testing::TakeSnapshot(dir / "in")).empty());
+
+    // A complete run into a folder that holds temporary files of a killed run
+    // removes them.
+    fs::create_directories(out + "/html");
+    std::ofstream(out + "/.tamrix-Ab12Cd") << "partial";
+    std::ofstream(out + "/html/.tamrix-Zz99yY") << "partial";
+    const pid_t rerun = StartConversion(dir / "in", out);
+    ASSERT_EQ(::waitpid(rerun, &status, 0), rerun);
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    EXPECT_EQ(FilesUnder(out), reference);
+}
+
+}  // namespace
+}  // namespace tamrix
