@@ -6,7 +6,8 @@
 #
 # Environment: BUILD (default build-rel), WORK (default /tmp/tamrix-bench; a
 # fresh folder under it is used and removed at the end),
-# RUNS (default 3), SEED (default 1).
+# RUNS (default 3), SEED (default 1), NOTES (text appended to the results,
+# default bench/NOTES.md when present).
 set -euo pipefail
 
 here="$(cd "$(dirname "$0")" && pwd)"
@@ -134,9 +135,10 @@ disk="$(df -hT "$work" | awk 'NR == 2 { print $2 " file system on " $1 ", " $3 "
         echo "|---|---:|---:|---:|---:|"
         echo "$fs_ops"
     fi
-    if [ -n "${NOTES:-}" ] && [ -f "$NOTES" ]; then
+    notes="${NOTES:-$here/NOTES.md}"
+    if [ -f "$notes" ]; then
         echo
-        cat "$NOTES"
+        cat "$notes"
     fi
 } >"$here/RESULTS.md"
 cat "$here/RESULTS.md"
