@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "messages/messages.h"
+#include "model/context_id_index.h"
 #include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/counter16.h"
@@ -26,16 +27,6 @@ void AdvanceProgress(WizardState& wizard, long& visited) {
 
 void WriteFile(const std::string& root, const std::string& fileName, const std::string& content) {
     SharedFileSystem().WriteAll(modUtilities::MakeFullPathforFile(root, fileName), content);
-}
-
-// Context-ID definitions named `id` in the map files, then in the project's [MAP].
-template <class Visit>
-void ForEachDefinitionNamed(const std::string& id, Visit&& visit) {
-    for (const auto* ids : {modGlobals::MapContextIDs.get(), modGlobals::ProjectContextIDs.get()}) {
-        if (ids == nullptr) continue;
-        for (const auto& definition : *ids)
-            if (EqualsNoCase(definition->ContextString, id)) visit(*definition);
-    }
 }
 
 }  // namespace
@@ -94,6 +85,8 @@ bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
             header += "#define " + id + " " + value + kCrLf;
             ++written;
         };
+        const ContextIDIndex definitions(modGlobals::MapContextIDs.get(),
+                                         modGlobals::ProjectContextIDs.get());
         long visited = 0;
         for (const auto& topic : topicFiles) {
             AdvanceProgress(wizard, visited);
@@ -102,9 +95,10 @@ bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
             addEntry(PopupName(*topic, popup.anchorName), topic->ContextIDValueString, popup.text);
             for (const std::string& id : Split(topic->ExtraIds, '^')) {
                 if (id.empty()) continue;
-                ForEachDefinitionNamed(id, [&](const CContextID& definition) {
-                    addEntry(definition.ContextString, definition.ContextID, popup.text);
-                });
+                // Definitions named so in the map files, then in the project's [MAP].
+                for (const NamedDefinition& named : definitions.Named(id))
+                    addEntry(named.definition->ContextString, named.definition->ContextID,
+                             popup.text);
             }
         }
         WriteFile(root, fileName, text);

@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "model/context_id_index.h"
 #include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/counter16.h"
@@ -149,30 +150,27 @@ void PopupLog::AppTable(const PopupCounts& counts) {
             .Put(68, "Map File:"));
     Row(TableLine().Put(1, Dashes(10)).Put(30, Dashes(17)).Put(58, Dashes(6)).Put(68, Dashes(10)));
     Line("");
+    const ContextIDIndex definitions(modGlobals::MapContextIDs.get(),
+                                     modGlobals::ProjectContextIDs.get());
     for (const Topic& t : *topics_) {
         if (!IsAppPopup(*t)) continue;
         TableLine row;
         row.Put(1, t->NewFileName);
         bool first = true;
-        auto writeMatches = [&](const CContextIDs* ids, bool withMapFile) {
-            if (ids == nullptr) return;
-            for (const auto& id : *ids) {
-                if (!id->FileDefined || !EqualsNoCase(id->ContextString, t->Context)) continue;
-                if (!first) row = TableLine();
-                first = false;
-                row.Put(30, id->ContextString).Put(58, id->ContextID);
-                if (withMapFile) {
-                    // One below the 1-based index, as this log has always read the list.
-                    const long index = static_cast<long>(id->MapFileIndex) - 1;
-                    if (index >= 0 && index < static_cast<long>(modGlobals::MapFiles.size()))
-                        row.Put(68, FileNameNoPath(
-                                        modGlobals::MapFiles[static_cast<std::size_t>(index)]));
-                }
-                Row(row);
+        for (const auto& [id, withMapFile] : definitions.Named(t->Context)) {
+            if (!id->FileDefined) continue;
+            if (!first) row = TableLine();
+            first = false;
+            row.Put(30, id->ContextString).Put(58, id->ContextID);
+            if (withMapFile) {
+                // One below the 1-based index, as this log has always read the list.
+                const long index = static_cast<long>(id->MapFileIndex) - 1;
+                if (index >= 0 && index < static_cast<long>(modGlobals::MapFiles.size()))
+                    row.Put(68, FileNameNoPath(
+                                    modGlobals::MapFiles[static_cast<std::size_t>(index)]));
             }
-        };
-        writeMatches(modGlobals::MapContextIDs.get(), true);
-        writeMatches(modGlobals::ProjectContextIDs.get(), false);
+            Row(row);
+        }
         Advance();
     }
 }

@@ -1,6 +1,7 @@
 #include "rewrite/ordered_replace.h"
 
 #include <algorithm>
+#include <bitset>
 #include <optional>
 #include <set>
 #include <unordered_map>
@@ -26,7 +27,13 @@ public:
         for (std::size_t i = 0; i < foldedNames.size(); ++i) {
             const std::string& name = foldedNames[i];
             if (name.empty()) continue;
-            if (groups_.emplace(name, static_cast<int>(i)).second) lengths_.insert(name.size());
+            if (!groups_.emplace(name, static_cast<int>(i)).second) continue;
+            lengths_.insert(name.size());
+            const auto first = static_cast<unsigned char>(name[0]);
+            if (name.size() == 1)
+                singles_.set(first);
+            else
+                pairs_.set(first << 8 | static_cast<unsigned char>(name[1]));
         }
     }
     std::size_t LengthCount() const { return lengths_.size(); }
@@ -39,12 +46,14 @@ public:
     // Every occurrence in the folded text, by start.
     std::vector<Occurrence> FindAll(std::string_view folded) const {
         std::vector<Occurrence> found;
-        for (std::size_t i = 0; i < folded.size(); ++i)
+        for (std::size_t i = 0; i < folded.size(); ++i) {
+            if (!MayStartAt(folded, i)) continue;
             for (const std::size_t length : lengths_) {
                 if (i + length > folded.size()) break;
                 const int group = GroupOf(folded.substr(i, length));
                 if (group >= 0) found.push_back({i, length, group});
             }
+        }
         return found;
     }
     // Whether a name occurs in the folded window over [from, to), or across `from`
@@ -58,12 +67,23 @@ public:
     }
 
 private:
+    // Whether a name can start at position i: most positions are passed over
+    // on their first two characters without hashing anything.
+    bool MayStartAt(std::string_view folded, std::size_t i) const {
+        const auto first = static_cast<unsigned char>(folded[i]);
+        if (singles_.test(first)) return true;
+        return i + 1 < folded.size() &&
+               pairs_.test(first << 8 | static_cast<unsigned char>(folded[i + 1]));
+    }
+
     struct Hash {
         using is_transparent = void;
         std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
     };
     std::unordered_map<std::string, int, Hash, std::equal_to<>> groups_;
     std::set<std::size_t> lengths_;
+    std::bitset<256> singles_;      // first characters of one-character names
+    std::bitset<65536> pairs_;      // first two characters of longer names
 };
 
 // The texts a neighbouring site may show while the names are replaced one by one.

@@ -1,5 +1,7 @@
 #include "rewrite/project_writer.h"
 
+#include <unordered_set>
+
 #include "messages/messages.h"
 #include "model/project_state.h"
 #include "platform/byte_text.h"
@@ -151,9 +153,10 @@ bool CopyImageFolder(WizardState& wizard, const std::string& oldProjectFile,
         const std::vector<std::string> oldNames = fs.ListFiles(oldImages);
         if (newExists) {
             if (askBeforeOverwrite) {
+                const std::unordered_set<std::string> old(oldNames.begin(), oldNames.end());
                 bool clash = false;
                 for (const std::string& name : fs.ListFiles(newImages))
-                    for (const std::string& old : oldNames) clash = clash || name == old;
+                    clash = clash || old.count(name) != 0;
                 if (clash &&
                     modMessages::AskMessage(GetMessageString(10007), mb::kYesNo | mb::kQuestion,
                                             kImagesCaption, wizard.Box(), 10007) != mb::kYes)

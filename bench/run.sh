@@ -1,0 +1,144 @@
+#!/usr/bin/env bash
+# Times tamrix-cli convert against a plain `cp -r` of the same project for
+# several project sizes and writes bench/RESULTS.md.
+#
+#   bench/run.sh [SIZES...]          (default: 1000 10000 30000)
+#
+# Environment: BUILD (default build-rel), WORK (default /tmp/tamrix-bench; a
+# fresh folder under it is used and removed at the end),
+# RUNS (default 3), SEED (default 1), NOTES (text appended to the results,
+# default bench/NOTES.md when present).
+set -euo pipefail
+
+here="$(cd "$(dirname "$0")" && pwd)"
+root="$(dirname "$here")"
+build="${BUILD:-$root/build-rel}"
+work="${WORK:-/tmp/tamrix-bench}"
+runs="${RUNS:-3}"
+seed="${SEED:-1}"
+sizes=("$@")
+[ ${#sizes[@]} -gt 0 ] || sizes=(1000 10000 30000)
+cli="$build/src/tamrix-cli"
+[ -x "$cli" ] || cli="$(find "$build" -name tamrix-cli -type f -perm -u+x | head -n 1)"
+[ -x "$cli" ] || { echo "tamrix-cli not found under $build" >&2; exit 2; }
+
+if [ ! -x /usr/bin/time ]; then
+    echo "Installing GNU time for peak memory" >&2
+    export DEBIAN_FRONTEND=noninteractive
+    apt-get update -qq && apt-get install -y -qq time >/dev/null
+fi
+
+# Every run writes into a folder of its own and nothing is deleted until the end:
+# on a file system without a journal, creating files right after many were
+# deleted is slow (the allocator passes over recently freed inodes), which
+# would charge the cost of the cleanup to the next measurement.
+work="$work/run-$(date +%Y%m%d-%H%M%S)-$$"
+mkdir -p "$work"
+trap 'rm -rf "$work"' EXIT
+now_ns() { date +%s%N; }
+median() { sort -g | awk '{ v[NR] = $1 } END { print (NR % 2) ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'; }
+max() { sort -g | tail -n 1; }
+
+build_type="$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build/CMakeCache.txt" 2>/dev/null || true)"
+load_before="$(cut -d' ' -f1-3 /proc/loadavg)"
+rows=()
+for n in "${sizes[@]}"; do
+    src="$work/in-$n"
+    echo "N=$n: generating" >&2
+    python3 "$here/make_project.py" "$src" "$n" "$seed"
+    topics="$(find "$src/html" -name '*.htm' | wc -l)"
+    conv_times=() copy_times=() rss=() cpu=()
+    for ((r = 1; r <= runs; r++)); do
+        out="$work/out-$n-$r"
+        mkdir -p "$out"
+        t0=$(now_ns)
+        /usr/bin/time -f '%M %U %S' -o "$work/rss" \
+            "$cli" convert "$src/Bench.hhp" "$out/Bench.hhp" --hpj "$src/Bench.hpj" \
+            --popups --yes --quiet >"$work/convert.out" 2>&1 \
+            || { echo "convert failed (N=$n):" >&2; cat "$work/convert.out" >&2; exit 1; }
+        t1=$(now_ns)
+        conv_times+=("$(awk -v a="$t0" -v b="$t1" 'BEGIN { printf "%.4f", (b - a) / 1e9 }')")
+        rss+=("$(tail -n 1 "$work/rss" | cut -d' ' -f1)")
+        cpu+=("$(tail -n 1 "$work/rss" | awk '{ print $2 + $3 }')")
+
+        t0=$(now_ns)
+        cp -r "$src" "$work/copy-$n-$r"
+        t1=$(now_ns)
+        copy_times+=("$(awk -v a="$t0" -v b="$t1" 'BEGIN { printf "%.4f", (b - a) / 1e9 }')")
+        echo "N=$n run $r: convert ${conv_times[-1]} s (CPU ${cpu[-1]} s), copy ${copy_times[-1]} s, ${rss[-1]} KiB" >&2
+    done
+    conv="$(printf '%s\n' "${conv_times[@]}" | median)"
+    copy="$(printf '%s\n' "${copy_times[@]}" | median)"
+    peak="$(printf '%s\n' "${rss[@]}" | max)"
+    cpus="$(printf '%s\n' "${cpu[@]}" | median)"
+    size="$(du -sk "$src" | cut -f1)"
+    rows+=("$(awk -v n="$n" -v t="$topics" -v c="$conv" -v p="$copy" -v m="$peak" -v s="$size" -v u="$cpus" 'BEGIN {
+        printf "| %d | %d | %.1f | %.3f | %.3f | %.2f | %.3f | %.2f | %.3f | %.1f |", n, t, s / 1024, c, p, c / p, 1000 * c / t, u, 1000 * u / t, m / 1024 }')")
+done
+load_after="$(cut -d' ' -f1-3 /proc/loadavg)"
+
+# What each tool asks of the file system at the smallest size (untimed).
+fs_ops=""
+if command -v strace >/dev/null; then
+    n="${sizes[0]}" src="$work/in-${sizes[0]}"
+    count_ops() {  # label, command...
+        local label="$1"; shift
+        strace -f -qq -e trace=openat,rename,unlink,unlinkat -o "$work/ops" "$@" >/dev/null 2>&1 || true
+        awk -v label="$label" -v n="$n" '
+            /O_CREAT/ { created++ } /openat/ && !/O_CREAT/ { opened++ } /rename\(/ { renamed++ }
+            /unlink/ { unlinked++ }
+            END { printf "| %s | %.2f | %.2f | %.2f | %.2f |\n", label, opened / n, created / n,
+                         renamed / n, unlinked / n }' "$work/ops"
+    }
+    mkdir -p "$work/ops-out"
+    fs_ops="$(count_ops convert "$cli" convert "$src/Bench.hhp" "$work/ops-out/Bench.hhp" \
+                  --hpj "$src/Bench.hpj" --popups --yes --quiet
+              count_ops "cp -r" cp -r "$src" "$work/ops-copy")"
+fi
+
+# Time per topic at the largest size over that at the smallest.
+first="${rows[0]}" last="${rows[-1]}"
+per_first="$(echo "$first" | awk -F'|' '{ print $8 }')"
+per_last="$(echo "$last" | awk -F'|' '{ print $8 }')"
+growth="$(awk -v a="$per_first" -v b="$per_last" 'BEGIN { printf "%.2f", b / a }')"
+cpu_growth="$(awk -F'|' 'NR == 1 { a = $10 } { b = $10 } END { printf "%.2f", b / a }' < <(printf '%s\n' "${rows[@]}"))"
+worst_ratio="$(printf '%s\n' "${rows[@]}" | awk -F'|' '$7 > w { w = $7 } END { printf "%.2f", w }')"
+verdict() { awk -v v="$1" -v l="$2" 'BEGIN { print (v <= l) ? "met" : "not met" }'; }
+
+cpu="$(sed -n 's/^model name[[:space:]]*: //p' /proc/cpuinfo | head -n 1)"
+mem="$(awk '/^MemTotal/ { printf "%.1f GiB", $2 / 1048576 }' /proc/meminfo)"
+disk="$(df -hT "$work" | awk 'NR == 2 { print $2 " file system on " $1 ", " $3 " total" }')"
+{
+    echo "# Benchmark results"
+    echo
+    echo "Written by \`bench/run.sh\` on $(date -u '+%Y-%m-%d %H:%M UTC')."
+    echo
+    echo "- Machine: $(nproc) CPUs ($cpu), $mem memory"
+    echo "- Work folder: \`$work\` ($disk)"
+    echo "- Build: ${build_type:-unknown} (\`$(basename "$build")\`), $("$cli" --version 2>/dev/null | head -n 1)"
+    echo "- Load average (1, 5, 15 min) before: $load_before; after: $load_after"
+    echo "- Command: \`tamrix-cli convert OLD.hhp NEW.hhp --hpj OLD.hpj --popups --yes --quiet\` into a fresh folder;"
+    echo "  copy: \`cp -r\` of the input project folder into a fresh folder. Median of $runs runs each; peak RSS is the largest of the conversion runs;"
+    echo "  CPU is user + system time of the conversion (median), which other load on the machine disturbs less than elapsed time."
+    echo
+    echo "| N | topic files | input MiB | convert s | copy s | convert/copy | ms per topic | convert CPU s | CPU ms per topic | peak RSS MiB |"
+    echo "|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|"
+    printf '%s\n' "${rows[@]}"
+    echo
+    echo "- Elapsed time per topic at N=${sizes[-1]} over N=${sizes[0]}: $growth (goal at most 1.2: $(verdict "$growth" 1.2)); CPU time per topic: $cpu_growth."
+    echo "- Largest convert/copy ratio: $worst_ratio (goal at most 3: $(verdict "$worst_ratio" 3))."
+    if [ -n "$fs_ops" ]; then
+        echo
+        echo "File-system calls per topic file at N=${sizes[0]} (strace; files opened for reading, files created, renames, deletions):"
+        echo
+        echo "| tool | opened | created | renamed | deleted |"
+        echo "|---|---:|---:|---:|---:|"
+        echo "$fs_ops"
+    fi
+    notes="${NOTES:-$here/NOTES.md}"
+    if [ -f "$notes" ]; then
+        echo
+        cat "$notes"
+    fi
+} >"$here/RESULTS.md"
+cat "$here/RESULTS.md"

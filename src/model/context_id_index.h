@@ -1,0 +1,30 @@
+#pragma once
+// The context-ID definitions of the map files and of the project's [MAP] section
+// by name, so that a lookup per topic need not walk both collections.
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "model/c_context_id.h"
+
+namespace tamrix {
+
+struct NamedDefinition {
+    CContextID* definition;
+    bool fromMapFiles;  // from the map-file collection, not the [MAP] section
+};
+
+class ContextIDIndex {
+public:
+    // Indexes both collections as they stand; either may be null.
+    ContextIDIndex(const CContextIDs* mapFileIds, const CContextIDs* projectIds);
+    // The definitions whose ContextString equals `name` without regard to case:
+    // the map-file ones first, each collection in its order.
+    const std::vector<NamedDefinition>& Named(std::string_view name) const;
+
+private:
+    std::unordered_map<std::string, std::vector<NamedDefinition>> byName_;
+};
+
+}  // namespace tamrix
