@@ -1,6 +1,5 @@
-// Inputs that must end with a result, quickly and without a crash.
-#include <chrono>
-
+// Inputs that must end with a result and without a crash; a hang is caught by
+// the test timeout, and speed is measured by the benchmark, not here.
 #include "parser/project_fixture.h"
 #include "parser/project_reader.h"
 #include "parser/reference_resolution.h"
@@ -10,23 +9,9 @@
 namespace tamrix::modParser {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 class ParserRobustness : public testing::ProjectFixture {
   protected:
-    void SetUp() override {
-        ProjectFixture::SetUp();
-        started = Clock::now();
-    }
-    // Generous enough for an unoptimised sanitizer build; a scan that went
-    // quadratic on these inputs would take hours.
-    void TearDown() override {
-        const double seconds = std::chrono::duration<double>(Clock::now() - started).count();
-        EXPECT_LT(seconds, 30.0);
-        ProjectFixture::TearDown();
-    }
     bool ParseOne(const std::string& entry) { return Parse(WriteProject({entry})); }
-    Clock::time_point started;
 };
 
 TEST_F(ParserRobustness, TenMegabyteTopicFile) {
