@@ -8,6 +8,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -21,10 +22,11 @@
 
 namespace tamrix::testing {
 
-// Name, size, bytes and modification time of every entry under a folder.
+// Name, size, content and modification time of every entry under a folder.
 struct EntryState {
     bool folder = false;
-    std::string bytes;
+    std::uintmax_t size = 0;
+    std::size_t bytes = 0;  // hash of the content, so a 50 MB file is not held twice
     std::int64_t mtime = 0;
     unsigned mode = 0;
     bool operator==(const EntryState&) const = default;
@@ -52,7 +54,10 @@ inline Snapshot TakeSnapshot(const std::string& root, const std::string& skip = 
         if (!holdsSkipped)
             e.mtime =
                 static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
-        if (S_ISREG(st.st_mode)) e.bytes = ReadFileBytes(it->path().string());
+        if (S_ISREG(st.st_mode)) {
+            e.size = static_cast<std::uintmax_t>(st.st_size);
+            e.bytes = std::hash<std::string>{}(ReadFileBytes(it->path().string()));
+        }
         shot[rel] = e;
     }
     return shot;

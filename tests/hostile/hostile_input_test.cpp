@@ -1,5 +1,6 @@
 // Hostile projects end with a clear message, leave their own folder as it was and
 // write nothing outside the new folder.
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <random>
@@ -54,6 +55,9 @@ TEST_F(HostileInput, IncludesThatClimbOutAreCopiedIntoTheNewFolderOnly) {
                  "[OPTIONS]\r\nTITLE=Hostile\r\n\r\n[MAP]\r\n#include <..\\..\\..\\top.h>\r\n"
                  "#include \"../mid.h\"\r\n\r\n[ALIAS]\r\n#include <..\\..\\..\\top.h>\r\n");
     EXPECT_EQ(Convert(true), 4) << AllMessages();
+    // side.h would lie outside the temporary folder: not there, and said so.
+    const std::vector<long> ids = view.MessageIds();
+    EXPECT_NE(std::find(ids.begin(), ids.end(), 10037), ids.end()) << AllMessages();
     EXPECT_TRUE(fs::exists(Out("top.h"))) << AllMessages();
     EXPECT_TRUE(fs::exists(Out("mid.h"))) << AllMessages();
     EXPECT_EQ(testing::ReadFileBytes(Out("top.h")), testing::ReadFileBytes(dir / "top.h"));

@@ -10,7 +10,8 @@
 // project file (sections added by later steps) and the topic files that popup
 // activation edits (saved once, after a backup of the earlier version). For them
 // an earlier complete version is accepted: the project file without the sections
-// later steps add, a topic file equal to its backup in html/NoPopups.
+// and the default topic later steps set, a topic file equal to its backup in
+// html/NoPopups.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -80,7 +81,7 @@ std::map<std::string, std::string> FilesUnder(const std::string& root) {
 std::string WithoutLaterSections(std::string hhp) {
     for (const char* section : {"MAP", "ALIAS", "TEXT POPUPS"})
         hhp = profile::text::DeleteSection(hhp, section);
-    return hhp;
+    return profile::text::WriteString(hhp, "OPTIONS", "Default Topic", "set later");
 }
 
 TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
