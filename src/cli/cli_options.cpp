@@ -71,21 +71,21 @@ std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, s
         } else if (arg == "--yes" || arg == "--no") {
             options.defaultAnswer = arg == "--yes" ? DefaultAnswer::kYes : DefaultAnswer::kNo;
         } else if (arg == "--answer" || arg.rfind("--answer=", 0) == 0) {
-            std::string spec;
+            std::string answer;
             if (arg == "--answer") {
                 auto v = value("--answer");
                 if (!v) return std::nullopt;
-                spec = *v;
+                answer = *v;
             } else {
-                spec = arg.substr(9);
+                answer = arg.substr(9);
             }
-            const std::size_t eq = spec.find('=');
+            const std::size_t eq = answer.find('=');
             char* end = nullptr;
             errno = 0;
-            const long id = eq == std::string::npos ? 0 : std::strtol(spec.c_str(), &end, 10);
-            const int code = eq == std::string::npos ? 0 : AnswerCode(spec.substr(eq + 1));
-            if (eq == std::string::npos || errno != 0 || end != spec.c_str() + eq || code == 0) {
-                error = "--answer takes ID=yes|no|ok|cancel|abort|retry|ignore, not \"" + spec + "\"";
+            const long id = eq == std::string::npos ? 0 : std::strtol(answer.c_str(), &end, 10);
+            const int code = eq == std::string::npos ? 0 : AnswerCode(answer.substr(eq + 1));
+            if (eq == std::string::npos || errno != 0 || end != answer.c_str() + eq || code == 0) {
+                error = "--answer takes ID=yes|no|ok|cancel|abort|retry|ignore, not \"" + answer + "\"";
                 return std::nullopt;
             }
             options.answers[id] = code;
