@@ -19,22 +19,28 @@ std::string ApplyInOrder(std::string text, std::initializer_list<Replacement> st
     return text;
 }
 
-// One pass of RemoveHREFs: false when the first "<A" is not a link that can be
-// taken apart, which would otherwise be examined again for ever.
-bool RemoveFirstLink(std::string& text) {
-    const std::size_t open = FindNoCase(text, "<A");
+// Takes apart the first link at or after `from`; false when the first "<A" there
+// is not a link that can be taken apart, which would otherwise be examined again
+// for ever. Nothing before `from` holds "<A", so each pass starts where the last
+// one ended (one character back, for an "<A" that the removal joined).
+bool RemoveFirstLink(std::string& text, std::size_t& from) {
+    const std::size_t open = FindNoCase(text, "<A", from);
     if (open == kNotFound) return false;
     // "HREF=" must begin three characters after "<A", as in "<A HREF=".
     if (open + 3 > text.size() ||
         !StartsWithNoCase(std::string_view(text).substr(open + 3), "HREF="))
         return false;
-    std::string edited = text;
-    const std::size_t close = FindNoCase(edited, "</A>", open);
-    if (close != kNotFound) edited.erase(close, 4);
-    const std::size_t end = edited.find('>', open);
+    const std::size_t close = FindNoCase(text, "</A>", open);
+    // The end of the opening tag as it will be once "</A>" is gone.
+    std::size_t end = text.find('>', open);
+    if (close != kNotFound && end != std::string::npos && end >= close) {
+        end = text.find('>', close + 4);
+        if (end != std::string::npos) end -= 4;
+    }
     if (end == std::string::npos) return false;
-    edited.erase(open, end - open + 1);
-    text = std::move(edited);
+    if (close != kNotFound) text.erase(close, 4);
+    text.erase(open, end - open + 1);
+    from = open > 0 ? open - 1 : 0;
     return true;
 }
 
@@ -98,9 +104,10 @@ std::string RemoveAnchor(std::string_view text) {
 std::string RemoveHREFs(std::string_view text) {
     return Guarded("modStrings:RemoveHREFs", std::string(), [&] {
         std::string result(text);
-        // Every pass removes at least "<A" and ">", so the loop ends.
-        while (ContainsNoCase(result, "HREF=")) {
-            if (!RemoveFirstLink(result)) break;
+        // Every pass removes at least "<A" and ">", so the loop ends. A link
+        // found holds "HREF=", so the text holds it for as long as links are found.
+        std::size_t from = 0;
+        while (RemoveFirstLink(result, from)) {
         }
         return result;
     });

@@ -64,6 +64,36 @@ bool AnchorPair(const std::string& s) {
     return open != kNotFound && FindNoCase(s, "</A>", open) != kNotFound;
 }
 
+// The link removal as first written: take the whole text apart again for every
+// link. The program resumes where the last link was; the results must agree.
+std::string RemoveHREFsOneLinkAtATime(std::string text) {
+    while (ContainsNoCase(text, "HREF=")) {
+        const std::size_t open = FindNoCase(text, "<A");
+        if (open == kNotFound || open + 3 > text.size() ||
+            !StartsWithNoCase(std::string_view(text).substr(open + 3), "HREF="))
+            break;
+        std::string edited = text;
+        const std::size_t close = FindNoCase(edited, "</A>", open);
+        if (close != kNotFound) edited.erase(close, 4);
+        const std::size_t end = edited.find('>', open);
+        if (end == std::string::npos) break;
+        edited.erase(open, end - open + 1);
+        text = edited;
+    }
+    return text;
+}
+
+TEST(HtmlToTextFuzz, LinkRemovalAgreesWithTakingOneLinkAtATime) {
+    std::vector<std::string> inputs = TagSoup(3000);
+    for (std::string& s : TagSoup(3000)) inputs.push_back("<A HREF=\"x\">" + s + "</A>");
+    inputs.push_back("<<A HREF=\"a\">A HREF=\"b\">t</A></A>");
+    inputs.push_back("<A HREF=</A>x>y");
+    for (const std::string& s : inputs) {
+        SCOPED_TRACE(s);
+        EXPECT_EQ(RemoveHREFs(s), RemoveHREFsOneLinkAtATime(s));
+    }
+}
+
 TEST(HtmlToTextFuzz, EveryFunctionEndsOnTagSoup) {
     for (const std::string& s : TagSoup(3000)) {
         SCOPED_TRACE(s);
