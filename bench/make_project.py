@@ -15,6 +15,10 @@ import random
 import shutil
 import sys
 
+# The sample's writer supplies the file helpers both projects share.
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "samples"))
+from make_tideclock import CONTENTS_HEAD, crlf, gif as gif_image  # noqa: E402
+
 B36 = "0123456789abcdefghijklmnopqrstuvwxyz"
 PREFIXES = ["guid", "refr", "cmds", "dlgs", "tutr", "appx"]
 POPUP_PREFIX = "popu"
@@ -26,31 +30,9 @@ DIRECT_MAP_IDS = 5      # IDs written straight into the .hpj [MAP] section
 HPJ_ALIASES = 20        # lines in the .hpj [ALIAS] section
 
 
-def crlf(lines):
-    return "".join(line + "\r\n" for line in lines).encode("cp1252")
-
-
 def sentence(rng, n):
     words = [rng.choice(WORDS) for _ in range(n)]
     return " ".join(words).capitalize() + "."
-
-
-def gif(color):
-    """An 8 x 8 one-colour GIF."""
-    header = b"GIF89a\x08\x00\x08\x00\x80\x00\x00" + bytes(color) + b"\x00\x00\x00"
-    image = b"\x2c\x00\x00\x00\x00\x08\x00\x08\x00\x00"
-    codes = [c for _ in range(32) for c in (4, 0, 0)] + [5]
-    bits, nbits, data = 0, 0, bytearray()
-    for c in codes:
-        bits |= c << nbits
-        nbits += 3
-        while nbits >= 8:
-            data.append(bits & 0xFF)
-            bits >>= 8
-            nbits -= 8
-    if nbits:
-        data.append(bits & 0xFF)
-    return header + image + b"\x02" + bytes([len(data)]) + bytes(data) + b"\x00\x3b"
 
 
 class Topic:
@@ -149,7 +131,7 @@ def main():
             f.write(topic_html(rng, t, normals, linked))
     for i, name in enumerate(IMAGES):
         with open(os.path.join(out, "images", name), "wb") as f:
-            f.write(gif((30 * i, 255 - 30 * i, 128)))
+            f.write(gif_image(8, 8, (30 * i, 255 - 30 * i, 128)))
 
     # Map: every popup and about half the ordinary topics have a help ID.
     for t in topics:
@@ -209,18 +191,7 @@ def main():
         f.write(crlf(hhp))
 
     # Contents: books of 50 topics.
-    hhc = [
-        '<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML//EN">',
-        "<HTML>",
-        "<HEAD>",
-        '<meta name="GENERATOR" content="Microsoft&reg; HTML Help Workshop 4.1">',
-        "<!-- Sitemap 1.0 -->",
-        "</HEAD><BODY>",
-        '<OBJECT type="text/site properties">',
-        '\t<param name="ImageType" value="Folder">',
-        "</OBJECT>",
-        "<UL>",
-    ]
+    hhc = list(CONTENTS_HEAD)
     for b in range(0, len(normals), 50):
         hhc += ["\t<LI> <OBJECT type=\"text/sitemap\">",
                 "\t\t<param name=\"Name\" value=\"Book %d\">" % (b // 50 + 1),

@@ -7,7 +7,6 @@ import hashlib
 import os
 import shutil
 import struct
-import zlib
 
 OUT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "tideclock")
 B36 = "0123456789abcdefghijklmnopqrstuvwxyz"
@@ -227,6 +226,21 @@ MAP_HEADER = [
 ]
 
 
+# The first lines of a contents file as HTML Help Workshop writes it.
+CONTENTS_HEAD = [
+    '<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML//EN">',
+    "<HTML>",
+    "<HEAD>",
+    '<meta name="GENERATOR" content="Microsoft&reg; HTML Help Workshop 4.1">',
+    "<!-- Sitemap 1.0 -->",
+    "</HEAD><BODY>",
+    '<OBJECT type="text/site properties">',
+    '\t<param name="ImageType" value="Folder">',
+    "</OBJECT>",
+    "<UL>",
+]
+
+
 def crlf(lines):
     return "".join(line + "\r\n" for line in lines).encode("cp1252")
 
@@ -372,18 +386,7 @@ def main():
     with open(os.path.join(OUT, "TideClock.hh"), "wb") as f:
         f.write(crlf(header))
 
-    hhc = [
-        '<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML//EN">',
-        "<HTML>",
-        "<HEAD>",
-        '<meta name="GENERATOR" content="Microsoft&reg; HTML Help Workshop 4.1">',
-        "<!-- Sitemap 1.0 -->",
-        "</HEAD><BODY>",
-        '<OBJECT type="text/site properties">',
-        '\t<param name="ImageType" value="Folder">',
-        "</OBJECT>",
-        "<UL>",
-    ]
+    hhc = list(CONTENTS_HEAD)
     book = [("Getting started", ["intro", "install", "first_steps"]),
             ("Tide stations", ["stations", "station_search", "harmonics", "datum"]),
             ("Using Tide Clock", ["graph", "graph_zoom", "table", "units", "timezone", "print",
