@@ -45,6 +45,10 @@ std::string FileExtension(std::string_view name);
 // The name without its extension and dot.
 std::string FileBaseName(std::string_view name);
 
+// The line end a text uses (its first one: CR LF, LF or CR), CR LF when it has
+// none, so that inserted lines match the lines around them.
+std::string_view LineEndOf(std::string_view text);
+
 // Windows-1252 to UTF-8 and back; Back fails (returns false) for characters outside the code page.
 std::string Cp1252ToUtf8(std::string_view text);
 bool Utf8ToCp1252(std::string_view text, std::string& out);

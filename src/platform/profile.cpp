@@ -67,15 +67,15 @@ std::string Join(const std::vector<Line>& lines, std::size_t from, std::size_t t
     return out;
 }
 
-std::string EnsureEndsWithNewLine(std::string text) {
-    if (!text.empty() && text.back() != '\n' && text.back() != '\r') text += "\r\n";
+std::string EnsureEndsWithNewLine(std::string text, std::string_view eol) {
+    if (!text.empty() && text.back() != '\n' && text.back() != '\r') text += eol;
     return text;
 }
 
-std::string SectionLines(std::string_view lines) {
+std::string SectionLines(std::string_view lines, std::string_view eol) {
     std::string out;
     for (const std::string& line : Split(lines, '\0'))
-        if (!line.empty()) out += line + "\r\n";
+        if (!line.empty()) out += line + std::string(eol);
     return out;
 }
 
@@ -135,36 +135,38 @@ std::string WriteString(std::string_view content, std::string_view section, std:
                         std::string_view value) {
     const std::vector<Line> lines = SplitLines(content);
     const std::string entry = Trim(key) + "=" + std::string(value);
+    const std::string eol(LineEndOf(content));  // new lines end as the file's own do
     std::size_t header = 0, first = 0, last = 0;
     if (!FindSection(lines, section, header, first, last))
-        return EnsureEndsWithNewLine(std::string(content)) + "[" + Trim(section) + "]\r\n" + entry +
-               "\r\n";
+        return EnsureEndsWithNewLine(std::string(content), eol) + "[" + Trim(section) + "]" + eol +
+               entry + eol;
     for (std::size_t i = first; i < last; ++i) {
         const std::string_view body = lines[i].body;
         const std::size_t eq = body.find('=');
         if (eq == std::string_view::npos || !EqualsNoCase(Trim(body.substr(0, eq)), Trim(key)))
             continue;
         const std::string_view ending = lines[i].whole.substr(body.size());
-        return Join(lines, 0, i) + entry + std::string(ending.empty() ? "\r\n" : ending) +
+        return Join(lines, 0, i) + entry + (ending.empty() ? eol : std::string(ending)) +
                Join(lines, i + 1, lines.size());
     }
     std::size_t insertAt = last;
     while (insertAt > first && IsBlank(lines[insertAt - 1].body)) --insertAt;
-    return EnsureEndsWithNewLine(Join(lines, 0, insertAt)) + entry + "\r\n" +
+    return EnsureEndsWithNewLine(Join(lines, 0, insertAt), eol) + entry + eol +
            Join(lines, insertAt, lines.size());
 }
 
 std::string WriteSection(std::string_view content, std::string_view section,
                          std::string_view newLines) {
     const std::vector<Line> lines = SplitLines(content);
+    const std::string eol(LineEndOf(content));
     std::size_t header = 0, first = 0, last = 0;
     if (!FindSection(lines, section, header, first, last))
-        return EnsureEndsWithNewLine(std::string(content)) + "[" + Trim(section) + "]\r\n" +
-               SectionLines(newLines);
+        return EnsureEndsWithNewLine(std::string(content), eol) + "[" + Trim(section) + "]" + eol +
+               SectionLines(newLines, eol);
     // Blank lines that separate the section from the next one stay.
     std::size_t keepFrom = last;
     while (keepFrom > first && IsBlank(lines[keepFrom - 1].body)) --keepFrom;
-    return EnsureEndsWithNewLine(Join(lines, 0, first)) + SectionLines(newLines) +
+    return EnsureEndsWithNewLine(Join(lines, 0, first), eol) + SectionLines(newLines, eol) +
            Join(lines, keepFrom, lines.size());
 }
 

@@ -94,6 +94,24 @@ TEST(ProfileSections, ReplacingAndDeletingSections) {
     EXPECT_EQ(appended, deleted + "[ALIAS]\r\na=b\r\n");
 }
 
+TEST(ProfileSections, InsertedLinesEndAsTheFilesOwnLinesDo) {
+    using profile::text::WriteSection;
+    using profile::text::WriteString;
+    const std::string section("#include a.h\0", 13);
+    struct Case {
+        std::string written, expected;
+    } const cases[] = {
+        {WriteString("[OPTIONS]\nTitle=x\n\n[FILES]\n", "OPTIONS", "Default topic", "a.htm"),
+         "[OPTIONS]\nTitle=x\nDefault topic=a.htm\n\n[FILES]\n"},
+        {WriteString("[FILES]\na.htm", "OPTIONS", "Title", "x"),
+         "[FILES]\na.htm\n[OPTIONS]\nTitle=x\n"},
+        {WriteSection("[OPTIONS]\rTitle=x\r[MAP]\rold\r", "MAP", section),
+         "[OPTIONS]\rTitle=x\r[MAP]\r#include a.h\r"},
+        {WriteSection("[FILES]\na.htm\n", "MAP", section), "[FILES]\na.htm\n[MAP]\n#include a.h\n"},
+        {WriteSection("", "MAP", section), "[MAP]\r\n#include a.h\r\n"}};
+    for (const Case& c : cases) EXPECT_EQ(c.written, c.expected);
+}
+
 TEST(ProfileSections, WritesGoToTheFileAndMissingFilesAreCreated) {
     testing::TempDir dir;
     const std::string file = dir.Write("p.hhp", kProject);
