@@ -44,8 +44,8 @@ std::vector<std::string> FilesSectionEntries(const std::string& projectFile) {
     return entries;
 }
 
-// Topic files already read, by their (possibly renamed) topic ID. Duplicate IDs
-// compare with regard to case.
+// Topic files already read, by their (possibly renamed) topic ID folded to one
+// case: IDs that differ only in case would name one file on Windows.
 using ContextIndex = std::unordered_map<std::string, std::vector<std::shared_ptr<CTopicFile>>>;
 
 // Renames the topic ID of `topic` once for every earlier topic file whose ID equals
@@ -53,11 +53,14 @@ using ContextIndex = std::unordered_map<std::string, std::vector<std::shared_ptr
 void RenameDuplicateID(CTopicFile& topic, const ContextIndex& byContext, Counter16& duplicates) {
     const std::string found = topic.Context;
     if (found.empty()) return;
-    const auto it = byContext.find(found);
+    const auto it = byContext.find(Fold(found));
     if (it == byContext.end()) return;
     for (const auto& other : it->second) {
-        ++duplicates;
-        topic.Context = found + "_" + std::to_string(duplicates.Value());
+        // A suffixed ID may be taken by a topic read before.
+        do {
+            ++duplicates;
+            topic.Context = found + "_" + std::to_string(duplicates.Value());
+        } while (byContext.count(Fold(topic.Context)) != 0);
         topic.NewFileName = topic.Context + ".htm";
         modGlobals::RenamedTopicIDs +=
             modMessages::GetMessageString(10066, found, topic.Context) + "^";
@@ -187,7 +190,7 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
                                          wizard.Box(), 10056);
             } else {
                 topicFiles.Add(topic, topic->AutoFileName);
-                if (!topic->Context.empty()) byContext[topic->Context].push_back(topic);
+                if (!topic->Context.empty()) byContext[Fold(topic->Context)].push_back(topic);
             }
             modUtilities::UpdateProgressBar(wizard, position);
         }

@@ -147,6 +147,14 @@ bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, 
             report.AddLine("Files refused because they would lie outside the new project folder:");
             for (const std::string& name : refused) report.AddLine(name);
         }
+        const auto& keptNames = modRewrite::RefusedTopicIDs();
+        if (!keptNames.empty()) {
+            report.AddLine("");
+            report.AddLine(
+                "Topic files that keep their old names because their topic IDs cannot be file "
+                "names:");
+            for (const std::string& name : keptNames) report.AddLine(name);
+        }
         return true;
     });
 }

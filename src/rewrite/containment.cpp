@@ -11,6 +11,22 @@ std::vector<std::string>& Refused() {
     return refused;
 }
 
+std::vector<std::string>& RefusedIDs() {
+    static std::vector<std::string> refused;
+    return refused;
+}
+
+constexpr std::size_t kMaxNameLength = 200;
+
+// CON, PRN, AUX, NUL, COM1-9 and LPT1-9 name devices whatever follows the first dot.
+bool IsDeviceName(std::string_view name) {
+    const std::string base = TrimRight(Before(name, '.'));
+    for (const char* device : {"CON", "PRN", "AUX", "NUL"})
+        if (EqualsNoCase(base, device)) return true;
+    return base.size() == 4 && base[3] >= '1' && base[3] <= '9' &&
+           (StartsWithNoCase(base, "COM") || StartsWithNoCase(base, "LPT"));
+}
+
 // A component such as "..", "..." or ". ." that Windows would read as the parent folder.
 bool LeadsUp(std::string_view component) {
     int dots = 0;
@@ -42,6 +58,16 @@ bool IsSafeRelativeName(std::string_view relativeName) {
     }
 }
 
+bool IsWindowsFileName(std::string_view name) {
+    if (name.empty() || name.size() > kMaxNameLength) return false;
+    for (const char c : name)
+        if (static_cast<unsigned char>(c) < 0x20 ||
+            std::string_view("\"*?<>|:\\/").find(c) != std::string_view::npos)
+            return false;
+    if (name.back() == '.' || name.back() == ' ') return false;
+    return !IsDeviceName(name);
+}
+
 void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName) {
     auto& refused = Refused();
     bool known = false;
@@ -53,8 +79,21 @@ void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName) {
                              mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
 }
 
+void RefuseTopicID(WizardState& wizard, const std::string& oldName, const std::string& topicId) {
+    RefusedIDs().push_back(oldName + " (Topic ID \"" + topicId + "\")");
+    modMessages::ShowMessage("The topic ID \"" + topicId +
+                                 "\" cannot be a file name.\nThe topic file keeps its name \"" +
+                                 oldName + "\".",
+                             mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
+}
+
 const std::vector<std::string>& RefusedFiles() { return Refused(); }
 
-void ClearRefusedFiles() { Refused().clear(); }
+const std::vector<std::string>& RefusedTopicIDs() { return RefusedIDs(); }
+
+void ClearRefusedFiles() {
+    Refused().clear();
+    RefusedIDs().clear();
+}
 
 }  // namespace tamrix::modRewrite

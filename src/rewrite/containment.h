@@ -16,11 +16,21 @@ namespace tamrix::modRewrite {
 // (nor one of dots only, which Windows reads as ".."), no NUL.
 bool IsSafeRelativeName(std::string_view relativeName);
 
+// Whether a topic ID can be a Windows file name: none of " * ? < > | : \ / or
+// control bytes, no trailing dot or blank (so no ".."), not a device name (CON, PRN, AUX, NUL,
+// COM1-9, LPT1-9, with any extension), at most 200 characters.
+bool IsWindowsFileName(std::string_view name);
+
 // Tells the user that `relativeName` is not written and keeps it for the log.
 void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName);
 
+// Tells the user that a topic keeps its old file name because its topic ID
+// cannot be one, and keeps "old name (topic ID)" for the log.
+void RefuseTopicID(WizardState& wizard, const std::string& oldName, const std::string& topicId);
+
 // The names refused since the last ClearRefusedFiles, in order, without repeats.
 const std::vector<std::string>& RefusedFiles();
+const std::vector<std::string>& RefusedTopicIDs();
 void ClearRefusedFiles();
 
 }  // namespace tamrix::modRewrite

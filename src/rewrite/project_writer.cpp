@@ -33,6 +33,24 @@ bool TopicTargetIsSafe(const CTopicFile& topic) {
     return IsSafeRelativeName(FilePathOnly(topic.AutoNamePath) + name);
 }
 
+bool TopicIDIsUsable(const CTopicFile& topic) {
+    return IsWindowsFileName(topic.Context);
+}
+
+void SettleNewFileNames(WizardState& wizard) {
+    if (!modGlobals::TopicFiles) return;
+    for (const auto& topic : *modGlobals::TopicFiles) {
+        if (topic->Context.empty()) {
+            topic->NewFileName = topic->AutoFileName;
+        } else if (TopicIDIsUsable(*topic)) {
+            topic->NewFileName = topic->Context + ".htm";
+        } else {
+            topic->NewFileName = topic->AutoFileName;
+            RefuseTopicID(wizard, topic->AutoNamePath, topic->Context);
+        }
+    }
+}
+
 bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
                         const std::string& newProjectFile) {
     return Guarded("modRewrite:RewriteProjectFile", false, [&] {
@@ -55,20 +73,21 @@ bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
             // the entry goes to the start of the file.
             if (buffer.Find("[FILES]", 0) != 0) {
                 buffer.SetSelStart(buffer.SelStart() + buffer.SelLength());
-                buffer.ReplaceSel("\r\n" + wizard.CssFileName);
+                buffer.ReplaceSel(std::string(LineEndOf(buffer.Text())) + wizard.CssFileName);
             }
         }
 
         // Every occurrence of a generated name anywhere in the file is renamed, topic
-        // by topic; a topic whose new name would leave the folder keeps its old entry
-        // (the topic rewriter refuses and reports it).
+        // by topic; a topic that keeps its old name keeps its entry, and so does one
+        // whose file would leave the folder (the topic rewriter refuses and reports it).
         auto renamed = [](const CTopicFile& topic) {
-            return !topic.Context.empty() && TopicTargetIsSafe(topic);
+            return !topic.Context.empty() && topic.NewFileName == topic.Context + ".htm" &&
+                   TopicTargetIsSafe(topic);
         };
         std::vector<NameReplacement> names;
         for (const auto& topic : *topics)
             if (renamed(*topic))
-                names.push_back({FileNameNoPath(topic->AutoNamePath), topic->Context + ".htm"});
+                names.push_back({FileNameNoPath(topic->AutoNamePath), topic->NewFileName});
         const ReplaceOutcome outcome = ReplaceInOrder(buffer.Text(), names, kMaxOccurrences);
 
         long done = 0;
@@ -113,7 +132,7 @@ std::string NewTopicFileName(const std::string& autoFileName) {
     return Guarded("modRewrite:NewTopicFileName", std::string(), [&] {
         const auto& topics = modGlobals::TopicFiles;
         const auto topic = topics ? topics->Find(autoFileName) : nullptr;
-        return topic ? topic->Context + ".htm" : std::string();
+        return topic ? topic->NewFileName : std::string();
     });
 }
 

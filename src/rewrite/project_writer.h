@@ -19,8 +19,13 @@ bool RewriteHelpProject(WizardState& wizard, const std::string& oldProjectFile,
 bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
                         const std::string& newProjectFile);
 bool SetDefaultTopic(const std::string& newProjectFile);
-// Context + ".htm" of the topic whose AutoFileName is autoFileName, or empty.
+// The new file name of the topic whose AutoFileName is autoFileName, or empty;
+// a topic that keeps its old name gives that name.
 std::string NewTopicFileName(const std::string& autoFileName);
+// Gives every topic its new file name before anything is written: its topic ID
+// + ".htm", or its old name when it has no ID or the ID cannot be a file name
+// in the new folder (that topic is refused and logged).
+void SettleNewFileNames(WizardState& wizard);
 // The style sheet link line for topic files (creating the style sheet when
 // absent), or empty when no link is wanted.
 std::string MakeCSSLinkString(WizardState& wizard, const std::string& newRootPath);
@@ -31,5 +36,8 @@ bool CopyImageFolder(WizardState& wizard, const std::string& oldProjectFile,
 // Whether the topic's new file (its [FILES] folder + NewFileName) stays inside
 // the new project folder; a topic ID holding a separator does not.
 bool TopicTargetIsSafe(const CTopicFile& topic);
+// Whether the topic's ID can be its file name: a Windows file name, which never
+// leads out of the topic's folder.
+bool TopicIDIsUsable(const CTopicFile& topic);
 
 }  // namespace tamrix::modRewrite

@@ -24,6 +24,7 @@ bool RewriteHelpProject(WizardState& wizard, const std::string& oldProjectFile,
     return Guarded("modRewrite:RewriteHelpProject", false, [&] {
         using namespace modGlobals;
         ClearRefusedFiles();
+        SettleNewFileNames(wizard);
         const std::string newProjectFile =
             modUtilities::MakeFullPathforFile(newRootPath, newProjectName);
         bool ok = RewriteProjectFile(wizard, oldProjectFile, newProjectFile);

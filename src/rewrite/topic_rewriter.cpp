@@ -61,7 +61,8 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
             // "</HEAD>" the link goes where the last search left the caret.
             const std::size_t headEnd = FindNoCase(text, "</HEAD>", 0);
             if (headEnd != 0)
-                text.insert(headEnd == kNotFound ? outcome.caret : headEnd, cssLink + "\r\n");
+                text.insert(headEnd == kNotFound ? outcome.caret : headEnd,
+                            cssLink + std::string(LineEndOf(text)));
         }
         fs.WriteAll(newPath, text);
         return true;

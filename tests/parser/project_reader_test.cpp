@@ -68,17 +68,19 @@ TEST_F(ProjectReader, DuplicateTopicIdsAreRenamedInOrderOfDiscovery) {
         long commented;
         const char* comment;
     } const cases[] = {
-        // Case counts; each rename takes the number of the topic it is made for.
+        // IDs equal but for case would be one file, so "help" is renamed as well.
         {{"IDH_A", "IDH_A", "Help", "help", "IDH_A", "IDH_B", "IDH_B"},
-         {"IDH_A", "IDH_A_1", "Help", "help", "IDH_A_2", "IDH_B", "IDH_B_3"},
-         "\"IDH_A\" was renamed \"IDH_A_1\"^\"IDH_A\" was renamed \"IDH_A_2\"^"
-         "\"IDH_B\" was renamed \"IDH_B_3\"^",
-         2, "Duplicate Topic Id: File and Topic ID renamed from \"IDH_A.htm\" to \"IDH_A_1.htm\""},
-        // "X_1" as written and "X" renamed to "X_1": a later "X_1" is renamed for each match.
-        {{"X_1", "X", "X", "X_1"},
-         {"X_1", "X", "X_1", "X_1_3"},
-         "\"X\" was renamed \"X_1\"^\"X_1\" was renamed \"X_1_2\"^\"X_1\" was renamed \"X_1_3\"^",
-         4, "Duplicate Topic Id: File and Topic ID renamed from \"X_1.htm\" to \"X_1_3.htm\""}};
+         {"IDH_A", "IDH_A_1", "Help", "help_2", "IDH_A_3", "IDH_B", "IDH_B_4"},
+         "\"IDH_A\" was renamed \"IDH_A_1\"^\"help\" was renamed \"help_2\"^"
+         "\"IDH_A\" was renamed \"IDH_A_3\"^\"IDH_B\" was renamed \"IDH_B_4\"^",
+         4,
+         "Duplicate Topic Id: File and Topic ID renamed from \"Help.htm\" to \"help_2.htm\""},
+        // A suffix already taken ("X_1" as written) is passed over.
+        {{"X_1", "X", "x", "X_1"},
+         {"X_1", "X", "x_2", "X_1_3"},
+         "\"x\" was renamed \"x_2\"^\"X_1\" was renamed \"X_1_3\"^",
+         4,
+         "Duplicate Topic Id: File and Topic ID renamed from \"X_1.htm\" to \"X_1_3.htm\""}};
     for (const Case& c : cases) {
         modGlobals::ResetAll();
         ASSERT_TRUE(Parse(WriteProject(WriteTopics("f", c.ids))));

@@ -130,10 +130,14 @@ TEST_F(RewriteLogTest, ListsFilesRefusedForLyingOutsideTheNewFolder) {
     modRewrite::RefuseOutsideFile(wizard, "..\\..\\evil.htm");
     modRewrite::RefuseOutsideFile(wizard, "html\\../evil.htm");
     modRewrite::RefuseOutsideFile(wizard, "..\\..\\EVIL.htm");  // already listed
+    modRewrite::RefuseTopicID(wizard, "html\\afxc0001.htm", "CON");
     ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 0, 0));
-    ExpectTail("Rewrote 3 .htm files in folder html/.\r\n\r\n"
-               "Files refused because they would lie outside the new project folder:\r\n"
-               "..\\..\\evil.htm\r\nhtml\\../evil.htm\r\n");
+    ExpectTail(
+        "Rewrote 3 .htm files in folder html/.\r\n\r\n"
+        "Files refused because they would lie outside the new project folder:\r\n"
+        "..\\..\\evil.htm\r\nhtml\\../evil.htm\r\n\r\n"
+        "Topic files that keep their old names because their topic IDs cannot be file "
+        "names:\r\nhtml\\afxc0001.htm (Topic ID \"CON\")\r\n");
 }
 
 }  // namespace

@@ -121,7 +121,8 @@ TEST_F(RewriteTest, NewTopicFileNameLooksUpTheGeneratedName) {
     std::string names;
     for (const char* old : {"AFXC0001.HTM", "afxc0002.htm", "html\\afxc0001.htm", "other.htm"})
         names += modRewrite::NewTopicFileName(old) + "|";
-    EXPECT_EQ(names, "main.htm|.htm|||");
+    // A topic without an ID keeps its name.
+    EXPECT_EQ(names, "main.htm|afxc0002.htm|||");
     modGlobals::TopicFiles.reset();
     EXPECT_EQ(modRewrite::NewTopicFileName("afxc0001.htm"), "");
 }

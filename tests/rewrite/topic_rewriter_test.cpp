@@ -137,5 +137,16 @@ TEST(Containment, SafeNamesStayBelowTheNewFolder) {
     EXPECT_FALSE(modRewrite::IsSafeRelativeName(std::string("a\0/../x", 7)));
 }
 
+TEST(Containment, TopicIDsMustBeWindowsFileNames) {
+    for (const char* good : {"IDH_MAIN", "a.b", "CONSOLE", "COM0", "LPT10", "nul_x", ".x"})
+        EXPECT_TRUE(modRewrite::IsWindowsFileName(good)) << good;
+    for (const char* bad : {"",       "a\"b", "a*",   "a?",  "a<b",     "a>b",       "a|b",  "a\tb",
+                            "\x01",   "end.", "end ", "CON", "con.txt", "Aux.h.htm", "NUL ", "COM1",
+                            "lpt9.x", "PRN",  "..",   "a:b", "a\\b",    "a/b"})
+        EXPECT_FALSE(modRewrite::IsWindowsFileName(bad)) << bad;
+    EXPECT_TRUE(modRewrite::IsWindowsFileName(std::string(200, 'a')));
+    EXPECT_FALSE(modRewrite::IsWindowsFileName(std::string(201, 'a')));
+}
+
 }  // namespace
 }  // namespace tamrix::testing

@@ -7,6 +7,7 @@
 
 #include "messages/messages.h"
 #include "model/project_state.h"
+#include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "platform/profile.h"
 #include "rewrite/containment.h"
@@ -141,8 +142,11 @@ TEST_F(WriteStepFlow, HostileNamesStayOutOfEveryFolderButTheNewOne) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(tmp.Path()))
         EXPECT_NE(entry.path().filename(), "evil.htm") << entry.path();
     EXPECT_TRUE(tmp.Exists("work/new/html/main.htm"));
-    EXPECT_EQ(modRewrite::RefusedFiles(),
-              (std::vector<std::string>{"html\\../evil.htm", "..\\..\\evil.htm"}));
+    // The topic whose ID climbs out keeps its old name.
+    EXPECT_TRUE(EndsWithNoCase(tmp.Read("work/new/html/afxc0003.htm"), "three"));
+    EXPECT_EQ(modRewrite::RefusedTopicIDs(),
+              std::vector<std::string>{"html\\afxc0003.htm (Topic ID \"../evil\")"});
+    EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.htm"});
 }
 
 }  // namespace
