@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <optional>
+#include <unordered_set>
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -13,11 +14,25 @@
 #include "rewrite/map_alias_writer.h"
 
 namespace tamrix::modRewrite {
+namespace {
+
+// `name`, or, when a copy of that name (ignoring case) exists already, the first
+// free "base_N.h", so that no map file overwrites another.
+std::string UniqueCopyName(std::unordered_set<std::string>& taken, const std::string& name) {
+    std::string candidate = name;
+    for (int n = 1; taken.count(Fold(candidate)) != 0; ++n)
+        candidate = FileBaseName(name) + "_" + std::to_string(n) + ".h";
+    taken.insert(Fold(candidate));
+    return candidate;
+}
+
+}  // namespace
 
 bool CopyMapFiles(const std::vector<std::string>& includedMapFiles, int includedCount,
                   const std::string& newRootPath, NewFileList& newMapFiles) {
     return Guarded("modRewrite:CopyMapFiles", false, [&] {
         const int count = std::min<int>(includedCount, static_cast<int>(includedMapFiles.size()));
+        std::unordered_set<std::string> taken;
         for (int i = 0; i < count; ++i) {
             const std::string& oldPath = includedMapFiles[static_cast<std::size_t>(i)];
             std::string name = NameInNewFolder(oldPath);
@@ -25,7 +40,7 @@ bool CopyMapFiles(const std::vector<std::string>& includedMapFiles, int included
                 ShowRefusedName(oldPath, "Copying Map Files");
                 continue;
             }
-            name = WithHeaderExtension(name);
+            name = UniqueCopyName(taken, WithHeaderExtension(name));
             modParser::AddMapFile(newMapFiles.names, newMapFiles.count, name);
             SharedFileSystem().CopyFile(oldPath,
                                         modUtilities::MakeFullPathforFile(newRootPath, name));
@@ -98,7 +113,8 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
         text += ";";
         text += kCrLf;
         for (const auto& id : *ids) {
-            text += "#define " + id->ContextString + " " + id->ContextID + id->Comment;
+            text +=
+                "#define " + id->ContextString + " " + CHeaderValue(id->ContextID) + id->Comment;
             text += kCrLf;
         }
         SharedFileSystem().WriteAll(path, text);

@@ -73,24 +73,26 @@ TEST_F(MapAliasWriter, MapFilesAreCopiedAsHeadersAndIncludedOnce) {
     const std::string bx = tmp.Write("old/bx.h", "bx\n");
     NewFileList copies;
     ASSERT_TRUE(CopyMapFiles({ids, bx, x1, x2, "unused"}, 4, newDir, copies));
-    EXPECT_EQ(copies.count, 3);
+    EXPECT_EQ(copies.count, 4);
     EXPECT_EQ(copies.names[0], "ids.h");
     EXPECT_EQ(New("ids.h"), "#define IDH_A 1\r\n");
-    // A second file of that name replaces the first, and is listed once.
-    EXPECT_EQ(New("x.h"), "second\n");
-    EXPECT_EQ(modGlobals::DuplicateIncludes, "X.H");
+    // A second file whose name folds to the first one's gets a name of its own.
+    EXPECT_EQ(New("x.h"), "first\n");
+    EXPECT_EQ(New("X_1.h"), "second\n");
+    EXPECT_EQ(modGlobals::DuplicateIncludes, "");
     EXPECT_FALSE(tmp.Exists("work/new/unused"));
 
     // No [MAP] IDs of the project itself: no NewMap.h. The listed names are
     // compared as substrings, so x.h is taken for included once bx.h is.
     ASSERT_TRUE(AddMapFiles(copies, project));
     EXPECT_EQ(tmp.Read("work/new/help.hhp"),
-              ReplaceAll(kProject, "#include old.h\r\n", "#include ids.h\r\n#include bx.h\r\n"));
+              ReplaceAll(kProject, "#include old.h\r\n",
+                         "#include ids.h\r\n#include bx.h\r\n#include X_1.h\r\n"));
     EXPECT_FALSE(tmp.Exists("work/new/NewMap.h"));
     NewFileList sameName;
     ASSERT_TRUE(CopyMapFiles({x1, x2}, 2, newDir, sameName));
     ASSERT_TRUE(AddMapFiles(sameName, project));
-    EXPECT_EQ(Section("MAP"), Lines({"#include x.h"}));
+    EXPECT_EQ(Section("MAP"), Lines({"#include x.h", "#include X_1.h"}));
     EXPECT_TRUE(view.messages.empty());
 }
 
@@ -104,8 +106,9 @@ TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitionsWhenAllowed) {
 
     Define({"IDH_ONE 1", "#define IDH_TWO 0x20 // two", "IDH_THREE=3"}, 0);
     ASSERT_TRUE(AddMapFiles(NewFileList{}, project));
+    // Hexadecimal values in C form, for the help compiler.
     EXPECT_EQ(New("NewMap.h"), MapHead() +
-                                   ";\r\n#define IDH_ONE 1\r\n#define IDH_TWO &H20 // two\r\n"
+                                   ";\r\n#define IDH_ONE 1\r\n#define IDH_TWO 0x20 // two\r\n"
                                    "#define IDH_THREE 3\r\n");
     EXPECT_EQ(Section("MAP"), Lines({"#include NewMap.h"}));
     EXPECT_EQ(MapHead().rfind("; Map File written automatically by Tamrix Version ", 0), 0u);
@@ -128,8 +131,9 @@ TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitionsWhenAllowed) {
     view.answersById[10018] = mb::kYes;
     ASSERT_TRUE(WriteNewMapFile(name, newDir));
     EXPECT_EQ(name, "NewMap.h");
-    EXPECT_EQ(New("NewMap.h"), MapHead() + ";\r\n#define IDH_ONE 1\r\n#define IDH_TWO &H20 // two\r\n"
-                                           "#define IDH_THREE 3\r\n");
+    EXPECT_EQ(New("NewMap.h"), MapHead() +
+                                   ";\r\n#define IDH_ONE 1\r\n#define IDH_TWO 0x20 // two\r\n"
+                                   "#define IDH_THREE 3\r\n");
 }
 
 TEST_F(MapAliasWriter, NamesFromProjectFilesNeverLeaveTheNewFolder) {
