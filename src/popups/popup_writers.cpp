@@ -13,6 +13,8 @@
 #include "platform/program_error.h"
 #include "platform/program_identity.h"
 #include "popups/popup_text.h"
+#include "rewrite/header_file_names.h"
+#include "rewrite/popup_activation.h"
 
 namespace tamrix::modPopups {
 namespace {
@@ -27,6 +29,35 @@ void AdvanceProgress(WizardState& wizard, long& visited) {
 
 void WriteFile(const std::string& root, const std::string& fileName, const std::string& content) {
     SharedFileSystem().WriteAll(modUtilities::MakeFullPathforFile(root, fileName), content);
+}
+
+std::string Described(const CTopicFile& topic) {
+    return topic.NewFileName + " (Topic ID \"" + topic.Context + "\")";
+}
+
+// The value a text popup's own entry gets: the one the map files gave it, else
+// the first definition of its ID in the map files or the [MAP] section; empty
+// when there is none.
+std::string TextPopupValue(const CTopicFile& topic, const ContextIDIndex& definitions) {
+    if (!topic.ContextIDValueString.empty()) return topic.ContextIDValueString;
+    const auto& named = definitions.Named(topic.Context);
+    return named.empty() ? std::string() : named.front().definition->ContextID;
+}
+
+ContextIDIndex AllDefinitions() {
+    return ContextIDIndex(modGlobals::MapContextIDs.get(), modGlobals::ProjectContextIDs.get());
+}
+
+// "N popups were left out of FILE because WHY:" and the list, or nothing. `why`
+// is given for one popup and for several.
+std::string LeftOutNote(const std::vector<std::string>& names, const std::string& file,
+                        const std::string& whyOne, const std::string& whySeveral) {
+    if (names.empty()) return {};
+    const bool one = names.size() == 1;
+    std::string note = std::to_string(names.size()) + (one ? " popup was" : " popups were") +
+                       " left out of " + file + " because " + (one ? whyOne : whySeveral) + ":";
+    for (const std::string& name : names) note += std::string(kCrLf) + name;
+    return note;
 }
 
 }  // namespace
@@ -52,14 +83,16 @@ bool WriteJavaPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
         long visited = 0;
         for (const auto& topic : topicFiles) {
             AdvanceProgress(wizard, visited);
-            if (!IsJavaPopupTopic(*topic)) continue;
+            if (!IsJavaPopupTopic(*topic) || !modRewrite::IsScriptIdentifier(topic->Context))
+                continue;
             const PopupText popup = ReadPopupTopic(root, *topic, PopupKind::Script);
             const std::string value = " = \"" + popup.text + "\"" + kCrLf;
-            out += PopupName(*topic, popup.anchorName) + value;
+            const std::string name = PopupName(*topic, popup.anchorName);
+            out += (modRewrite::IsScriptIdentifier(name) ? name : topic->Context) + value;
             ++written;
             // Each extra ID gets the same string, so that every ID can be called.
             for (const std::string& id : Split(topic->ExtraIds, '^')) {
-                if (id.empty()) continue;
+                if (!modRewrite::IsScriptIdentifier(id)) continue;
                 out += id + value;
                 ++written;
             }
@@ -82,17 +115,17 @@ bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
             // The text ends its line and one more line break leaves an empty line
             // between entries.
             text += ".topic " + id + kCrLf + body + kCrLf + kCrLf;
-            header += "#define " + id + " " + value + kCrLf;
+            header += "#define " + id + " " + modRewrite::CHeaderValue(value) + kCrLf;
             ++written;
         };
-        const ContextIDIndex definitions(modGlobals::MapContextIDs.get(),
-                                         modGlobals::ProjectContextIDs.get());
+        const ContextIDIndex definitions = AllDefinitions();
         long visited = 0;
         for (const auto& topic : topicFiles) {
             AdvanceProgress(wizard, visited);
             if (!IsAppPopupTopic(*topic)) continue;
             const PopupText popup = ReadPopupTopic(root, *topic, PopupKind::TextPopup);
-            addEntry(PopupName(*topic, popup.anchorName), topic->ContextIDValueString, popup.text);
+            const std::string value = TextPopupValue(*topic, definitions);
+            if (!value.empty()) addEntry(PopupName(*topic, popup.anchorName), value, popup.text);
             for (const std::string& id : Split(topic->ExtraIds, '^')) {
                 if (id.empty()) continue;
                 // Definitions named so in the map files, then in the project's [MAP].
@@ -106,6 +139,33 @@ bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
         count = written;
         return true;
     });
+}
+
+std::vector<std::string> LeftOutScriptPopups(const CTopicFiles& topicFiles) {
+    std::vector<std::string> names;
+    for (const auto& topic : topicFiles)
+        if (IsJavaPopupTopic(*topic) && !modRewrite::IsScriptIdentifier(topic->Context))
+            names.push_back(Described(*topic));
+    return names;
+}
+
+std::vector<std::string> LeftOutTextPopups(const CTopicFiles& topicFiles) {
+    std::vector<std::string> names;
+    const ContextIDIndex definitions = AllDefinitions();
+    for (const auto& topic : topicFiles)
+        if (IsAppPopupTopic(*topic) && TextPopupValue(*topic, definitions).empty())
+            names.push_back(Described(*topic));
+    return names;
+}
+
+std::string LeftOutPopupsMessage(const CTopicFiles& topicFiles) {
+    const std::string script =
+        LeftOutNote(LeftOutScriptPopups(topicFiles), "popups.js",
+                    "its topic ID is not a script name", "their topic IDs are not script names");
+    const std::string text = LeftOutNote(LeftOutTextPopups(topicFiles), "cshelp.txt and cshelp.h",
+                                         "no map definition gives its topic ID a value",
+                                         "no map definition gives their topic IDs a value");
+    return script + (script.empty() || text.empty() ? "" : kCrLf) + text;
 }
 
 bool AddPopupFiles(const std::string& projectFile, bool addScript, bool addText) {

@@ -12,6 +12,7 @@
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
 #include "platform/program_identity.h"
+#include "popups/popup_writers.h"
 #include "reports/table_line.h"
 
 namespace tamrix::modUtilities {
@@ -95,6 +96,12 @@ void PopupLog::Write(const PopupCounts& counts) {
     if (counts.script > 0) ScriptTable(counts);
     if (counts.app > 0) AppTable(counts);
     if (counts.both > 0) BothList(counts);
+    if (topics_ == nullptr) return;
+    const std::vector<std::string> leftOut = modPopups::LeftOutScriptPopups(*topics_);
+    if (leftOut.empty()) return;
+    Line("");
+    Line("Left out of \"popups.js\" because their topic IDs are not script names:");
+    for (const std::string& name : leftOut) Line(name);
 }
 
 std::unordered_map<std::string, std::vector<std::string>> PopupLog::ReferencingFiles() const {

@@ -8,14 +8,18 @@
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
+#include "rewrite/project_writer.h"
 
 namespace tamrix::modRewrite {
 namespace {
 
-constexpr const char* kCrLf = "\r\n";
+// The declarations' own line breaks end as the file's lines do.
+std::string WithLineEnds(const std::string& text, std::string_view eol) {
+    return eol == "\n" ? text : ReplaceAllExact(text, "\n", eol);
+}
 
-std::string ControlDeclaration() {
-    return modMessages::GetMessageString(10058);
+std::string ControlDeclaration(std::string_view eol) {
+    return WithLineEnds(modMessages::GetMessageString(10058), eol);
 }
 
 // Where the control and script declarations go: before "</HEAD>" when the head is
@@ -33,16 +37,19 @@ long DeclarationPosition(const std::string& text) {
     return body == kNotFound ? 0 : static_cast<long>(body);
 }
 
-void InsertDeclarations(TextBuffer& buffer) {
+void InsertDeclarations(TextBuffer& buffer, const CTopicFile& caller) {
+    const std::string eol(LineEndOf(buffer.Text()));
+    const std::string script = PopupScriptPath(modUtilities::FilePathOnly(caller.AutoNamePath));
     buffer.SetSelStart(DeclarationPosition(buffer.Text()));
-    buffer.ReplaceSel(ControlDeclaration() + kCrLf +
-                      modMessages::GetMessageString(10059, "popups.js") + kCrLf);
+    buffer.ReplaceSel(ControlDeclaration(eol) + eol +
+                      WithLineEnds(modMessages::GetMessageString(10059, script), eol) + eol);
 }
 
 // A file marked as edited may have been written anew since; converted links are
 // only ever saved together with the control declaration.
 bool NeedsDeclarations(const CTopicFile& caller, const TextBuffer& buffer) {
-    return !caller.JavaModified || !ContainsNoCase(buffer.Text(), ControlDeclaration());
+    return !caller.JavaModified ||
+           !ContainsNoCase(buffer.Text(), ControlDeclaration(LineEndOf(buffer.Text())));
 }
 
 void ReportBadFormat(WizardState& wizard, const std::string& fileName, int errorNumber) {
@@ -52,10 +59,45 @@ void ReportBadFormat(WizardState& wizard, const std::string& fileName, int error
 }
 
 bool IsPopupToActivate(const CTopicFile& target, const CTopicFile& caller) {
-    return !target.HasTitle && target.InternalReferences >= 1 && &target != &caller;
+    return !target.HasTitle && target.InternalReferences >= 1 && &target != &caller &&
+           IsScriptIdentifier(target.Context);
+}
+
+bool IsReservedWord(std::string_view name) {
+    static constexpr std::string_view kReserved[] = {
+        "break",  "case",     "catch",  "class",  "const",  "continue",   "debugger", "default",
+        "delete", "do",       "else",   "enum",   "export", "extends",    "false",    "finally",
+        "for",    "function", "if",     "import", "in",     "instanceof", "new",      "null",
+        "return", "super",    "switch", "this",   "throw",  "true",       "try",      "typeof",
+        "var",    "void",     "while",  "with"};
+    for (const std::string_view word : kReserved)
+        if (name == word) return true;
+    return false;
 }
 
 }  // namespace
+
+bool IsScriptIdentifier(std::string_view name) {
+    auto isStart = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '$';
+    };
+    if (name.empty() || !isStart(name.front())) return false;
+    for (const char c : name)
+        if (!isStart(c) && !(c >= '0' && c <= '9')) return false;
+    return !IsReservedWord(name);
+}
+
+std::string PopupScriptPath(std::string_view folder) {
+    std::string path;
+    std::size_t start = 0;
+    while (start < folder.size()) {
+        const std::size_t sep = std::min(folder.find_first_of("\\/", start), folder.size());
+        const std::string_view part = folder.substr(start, sep - start);
+        if (!part.empty() && part != ".") path += "../";
+        start = sep + 1;
+    }
+    return path + "popups.js";
+}
 
 bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
     std::string current;  // the calling file being edited, named when it fails
@@ -72,8 +114,10 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
         for (const auto& caller : *topics) {
             modUtilities::UpdateProgressBar(wizard, std::min(++visited, 32767L));
             current = caller->NewFileName;
-            const std::string path =
-                modUtilities::MakeFullPathforFile(root, "html\\" + caller->NewFileName);
+            if (!TopicTargetIsSafe(*caller)) continue;  // never written
+            // Where the topic rewriter wrote it: the [FILES] folder and the new name.
+            const std::string path = modUtilities::MakeFullPathforFile(
+                root, modUtilities::FilePathOnly(caller->AutoNamePath) + caller->NewFileName);
             bool loaded = false;
             bool declared = false;  // the declarations are in the buffer
             bool dirty = false;
@@ -87,7 +131,7 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
                 if (!declared && NeedsDeclarations(*caller, buffer)) {
                     fs.CopyFile(
                         path, modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName));
-                    InsertDeclarations(buffer);
+                    InsertDeclarations(buffer, *caller);
                     dirty = true;
                 }
                 declared = true;

@@ -2,12 +2,22 @@
 // Editing the topic files of the new project that link to popup topics so
 // that those links open script popups through the HTML Help ActiveX control.
 #include <string>
+#include <string_view>
 
 #include "model/c_topic_file.h"
 #include "model/wizard_state.h"
 #include "platform/text_buffer.h"
 
 namespace tamrix::modRewrite {
+
+// Whether `name` can name a script string of popups.js: an ASCII letter, "_" or
+// "$", then letters, digits, "_" or "$", and not a reserved word. Popups named
+// otherwise are left out of popups.js and their links are not converted.
+bool IsScriptIdentifier(std::string_view name);
+
+// The script reference of a topic file in `folder` (Windows-style, relative to
+// the project folder): the path from there to popups.js in the project folder.
+std::string PopupScriptPath(std::string_view folder);
 
 // Converts the links to script popups in every topic file of the new project
 // under root; an unmodified copy of each edited file goes to root\html\NoPopups.

@@ -195,6 +195,8 @@ void Wizard::WriteLogsAndPopups() {
             modPopups::AddPopupFiles(modUtilities::MakeFullPathforFile(NewRootPath, NewProjectName),
                                      scriptPopups, appPopups);
             SetProgressCaption("Extracted and wrote text string files for popups.");
+            const std::string leftOut = modPopups::LeftOutPopupsMessage(*modGlobals::TopicFiles);
+            if (!leftOut.empty()) StepMessage += "\r\n" + leftOut;
             popupLog_ = std::make_unique<CSummary>();
             if (modUtilities::MakePopupLogSummary(*this, *popupLog_))
                 SaveReport(popupLog_.get(), modUtilities::MakeFullPathforFile(NewRootPath, "popups.log"));

@@ -7,6 +7,7 @@
 #include "model/project_state.h"
 #include "platform/program_identity.h"
 #include "platform/view.h"
+#include "support/script_check.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
@@ -134,7 +135,7 @@ TEST_F(PopupWriters, BodiesAreCleanedForEachFile) {
         ASSERT_TRUE(WriteApp(count));
         EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"), c.text);
     }
-    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"), "#define idh_img &H1A\r\n");
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"), "#define idh_img 0x1A\r\n");
 }
 
 TEST_F(PopupWriters, EveryExtraIdCanBeCalled) {
@@ -158,10 +159,53 @@ TEST_F(PopupWriters, EveryExtraIdCanBeCalled) {
     EXPECT_EQ(count, 4);
     EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"),
               "#define idh_main 100\r\n#define IDH_ALT 12\r\n#define idh_alt 14\r\n"
-              "#define idh_alt2 &H20\r\n");
+              "#define idh_alt2 0x20\r\n");
     EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
               ".topic idh_main\r\nText\r\n\r\n.topic IDH_ALT\r\nText\r\n\r\n"
               ".topic idh_alt\r\nText\r\n\r\n.topic idh_alt2\r\nText\r\n\r\n");
+}
+
+// popups.js must parse: a popup called by no script name is left out (and
+// named), its topic and the other popups stay.
+TEST_F(PopupWriters, PopupsWithoutAScriptNameAreLeftOutSoThatTheScriptParses) {
+    Topic("", false, 1, 0, "<P>empty ID</P>\n");
+    Topic("idh-dash", false, 1, 0, "<P>dash</P>\n");
+    Topic("2nd", false, 1, 0, "<P>digit</P>\n");
+    Topic("idh_ok", false, 1, 0, "<P>fine</P>\n")->ExtraIds = "also.bad^idh_also";
+    int count = 0;
+    ASSERT_TRUE(WriteScript(count));
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
+              ScriptHeader() + "idh_ok = \"fine\"\r\nidh_also = \"fine\"\r\n");
+    EXPECT_EQ(testing::ScriptSyntaxErrors(dir_ / "popups.js"), "");
+    EXPECT_EQ(
+        LeftOutScriptPopups(*modGlobals::TopicFiles),
+        (std::vector<std::string>{".htm (Topic ID \"\")", "idh-dash.htm (Topic ID \"idh-dash\")",
+                                  "2nd.htm (Topic ID \"2nd\")"}));
+    EXPECT_EQ(LeftOutPopupsMessage(*modGlobals::TopicFiles),
+              "3 popups were left out of popups.js because their topic IDs are not script "
+              "names:\r\n.htm (Topic ID \"\")\r\nidh-dash.htm (Topic ID \"idh-dash\")\r\n"
+              "2nd.htm (Topic ID \"2nd\")");
+}
+
+// A text popup takes its value from the map files, else from the [MAP] section;
+// without one it is left out of both files and named.
+TEST_F(PopupWriters, TextPopupsWithoutAValueAreLeftOut) {
+    Topic("idh_map", false, 0, 1, "<P>map</P>\n")->ContextIDValueString = "&H10";
+    Topic("pop_proj", false, 0, 1, "<P>project</P>\n");
+    Topic("pop_none", false, 0, 1, "<P>none</P>\n");
+    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
+    modGlobals::ProjectContextIDs->Add("POP_PROJ", "&H2B", "POP_PROJ");
+    int count = 0;
+    ASSERT_TRUE(WriteApp(count));
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"),
+              "#define idh_map 0x10\r\n#define pop_proj 0x2B\r\n");
+    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
+              ".topic idh_map\r\nmap\r\n\r\n.topic pop_proj\r\nproject\r\n\r\n");
+    EXPECT_EQ(LeftOutPopupsMessage(*modGlobals::TopicFiles),
+              "1 popup was left out of cshelp.txt and cshelp.h because no map definition gives "
+              "its topic ID a value:\r\npop_none.htm (Topic ID \"pop_none\")");
 }
 
 TEST_F(PopupWriters, AMissingRenamedFileFailsTheWriter) {

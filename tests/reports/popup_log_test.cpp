@@ -52,6 +52,18 @@ TEST_F(PopupLog, WithoutUntitledTopicsOnlyTheTotalIsWritten) {
     EXPECT_TRUE(view.progress.empty());
 }
 
+TEST_F(PopupLog, ScriptPopupsLeftOutOfTheScriptAreListedAfterTheTables) {
+    Topic("idh_ok", false, 1, 0);
+    Topic("idh-bad", false, 1, 0);
+    ASSERT_TRUE(MakePopupLogSummary(wizard, report));
+    const std::vector<std::string> lines = testing::LogLines(report.Text());
+    ASSERT_GE(lines.size(), 3u);
+    EXPECT_EQ(std::vector<std::string>(lines.end() - 3, lines.end()),
+              (std::vector<std::string>{
+                  "", "Left out of \"popups.js\" because their topic IDs are not script names:",
+                  "idh-bad.htm (Topic ID \"idh-bad\")"}));
+}
+
 TEST_F(PopupLog, ListsEveryPopupWithItsReferencesLineForLine) {
     wizard.WinHelpProjectName = "C:\\help\\proj.hpj";
     modGlobals::MapFiles = {"C:\\maps\\first.h", "C:\\maps\\second.h"};

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "messages/messages.h"
 #include "model/project_state.h"
+#include "platform/byte_text.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 #include "wizard/activate_popups.h"
@@ -13,9 +16,11 @@ namespace {
 
 using testing::ReadFileBytes;
 
-std::string Declarations() {
-    return modMessages::GetMessageString(10058) + "\r\n" +
-           modMessages::GetMessageString(10059, "popups.js") + "\r\n";
+// Topic files lie in html\, one folder below popups.js.
+std::string Declarations(const std::string& eol = "\r\n") {
+    return ReplaceAllExact(modMessages::GetMessageString(10058) + "\n" +
+                               modMessages::GetMessageString(10059, "../popups.js") + "\n",
+                           "\n", eol);
 }
 
 std::string ScriptLink(const std::string& context) {
@@ -56,6 +61,7 @@ class PopupActivation : public ::testing::Test {
         auto topic = std::make_shared<CTopicFile>();
         topic->Context = context;
         topic->AutoFileName = "afx_" + context + ".htm";
+        topic->AutoNamePath = "html\\" + topic->AutoFileName;
         topic->NewFileName = context + ".htm";
         topic->HasTitle = hasTitle;
         topic->InternalReferences = internal;
@@ -122,12 +128,32 @@ TEST_F(PopupActivation, AFileWithoutBodyStopsTheActivation) {
     EXPECT_EQ(Main(), bad);
 }
 
-TEST_F(PopupActivation, DeclarationsGoBeforeTheBodyWhenTheHeadIsMissing) {
-    dir_.Write("html/idh_main.htm",
-               "<HTML>\r\n<BODY>\r\n<A HREF=\"idh_pop2.htm\">t</A>\r\n</BODY>");
+TEST_F(PopupActivation, DeclarationsGoBeforeTheBodyWhenTheHeadIsMissingEndingAsTheFileDoes) {
+    dir_.Write("html/idh_main.htm", "<HTML>\n<BODY>\n<A HREF=\"idh_pop2.htm\">t</A>\n</BODY>");
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
-    EXPECT_EQ(Main(), "<HTML>\r\n" + Declarations() + "<BODY>\r\n" + ScriptLink("idh_pop2") +
-                          ">t</A>\r\n</BODY>");
+    EXPECT_EQ(Main(), "<HTML>\n" + Declarations("\n") + "<BODY>\n" + ScriptLink("idh_pop2") +
+                          ">t</A>\n</BODY>");
+}
+
+TEST_F(PopupActivation, APopupWhoseIDIsNoScriptNameKeepsItsLinks) {
+    pop2_->Context = "idh-pop2";
+    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
+    const std::string text = Main();
+    EXPECT_NE(text.find(ScriptLink("idh_pop1")), std::string::npos);
+    EXPECT_NE(text.find("<a href=\"idh_pop2.htm\">two</a>"), std::string::npos);
+}
+
+TEST(ScriptNames, PopupsJsIsReachedFromTheTopicsFolderAndNamesAreIdentifiers) {
+    for (const auto& [folder, path] :
+         std::vector<std::pair<const char*, const char*>>{{"", "popups.js"},
+                                                          {"html\\", "../popups.js"},
+                                                          {"a\\b/", "../../popups.js"},
+                                                          {".\\html\\", "../popups.js"}})
+        EXPECT_EQ(PopupScriptPath(folder), path) << folder;
+    for (const char* good : {"IDH_X", "_a1", "$x", "idh_pop2", "Var"})
+        EXPECT_TRUE(IsScriptIdentifier(good)) << good;
+    for (const char* bad : {"", "1x", "a.b", "a-b", "a b", "caf\xe9", "var", "new", "x\"y"})
+        EXPECT_FALSE(IsScriptIdentifier(bad)) << bad;
 }
 
 TEST(AddJavaLinks, ConvertsLinksAfterTheBodyUntilTheReplacementMatchesAgainOrATagIsOpen) {

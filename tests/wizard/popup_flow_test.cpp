@@ -65,16 +65,17 @@ TEST_F(PopupFlow, WritesThePopupFilesAndActivatesTheCallers) {
               ".topic pop_one\r\nTerm\r\nDefinition & more, isn't it?\r\n\r\n"
               ".topic POP_ALIAS\r\nTerm\r\nDefinition & more, isn't it?\r\n\r\n");
     EXPECT_EQ(dir.Read("out/cshelp.h"),
-              "#define idh_app 100\r\n#define pop_one &H20\r\n#define POP_ALIAS 201\r\n");
+              "#define idh_app 100\r\n#define pop_one 0x20\r\n#define POP_ALIAS 201\r\n");
     std::string section;
     profile::text::GetSection(dir.Read("out/P.hhp"), "TEXT POPUPS", section);
     EXPECT_EQ(section, std::string("cshelp.h\0cshelp.txt\0popups.js\0", 30));
 
     EXPECT_EQ(dir.Read("out/html/main.htm"),
               "<HTML>\r\n<HEAD>\r\n<TITLE>Main</TITLE>\r\n"
-              "<OBJECT id=POPUPS  type=\"application/x-oleobject\" \n"
-              "classid=\"clsid:adb880a6-d8ff-11cf-9377-00aa003b7a11\" > \n</OBJECT>\r\n"
-              "<script \ntype=\"text/javascript\" language=javascript src=\"popups.js\"> \n</script>\r\n"
+              "<OBJECT id=POPUPS  type=\"application/x-oleobject\" \r\n"
+              "classid=\"clsid:adb880a6-d8ff-11cf-9377-00aa003b7a11\" > \r\n</OBJECT>\r\n"
+              "<script \r\ntype=\"text/javascript\" language=javascript src=\"../popups.js\"> \r\n"
+              "</script>\r\n"
               "</HEAD>\r\n<BODY>\r\n<P><A NAME=\"main\"></A><B>Main</B></P>\r\n"
               "<P>See <A HREF=\"Javascript:POPUPS.TextPopup(pop_one,popfont,9,9,-1,-1)\">the term</A> and "
               "<A HREF=\"Javascript:POPUPS.TextPopup(pop_one,popfont,9,9,-1,-1)\">again</A>.</P>\r\n"
