@@ -11,8 +11,9 @@ namespace tamrix::cli {
 const char* UsageText() {
     return "Usage:\n"
            "  tamrix-cli convert OLD.hhp NEW.hhp [--hpj OLD.hpj] [--css[=NAME]] [--popups]\n"
-           "                     [--keep-zero-ids] [--yes | --no] [--answer ID=ANSWER]... [--quiet]\n"
-           "  tamrix-cli scan OLD.hhp [--hpj OLD.hpj] [--log FILE] [--yes | --no]\n"
+           "                     [--keep-zero-ids] [--hm-maps] [--yes | --no]\n"
+           "                     [--answer ID=ANSWER]... [--quiet]\n"
+           "  tamrix-cli scan OLD.hhp [--hpj OLD.hpj] [--hm-maps] [--log FILE] [--yes | --no]\n"
            "                  [--answer ID=ANSWER]...\n"
            "  tamrix-cli --help | --version\n"
            "\n"
@@ -100,6 +101,8 @@ std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, s
             options.popups = true;
         } else if (convert && arg == "--keep-zero-ids") {
             options.keepZeroIds = true;
+        } else if (arg == "--hm-maps") {
+            options.hmMaps = true;
         } else if (convert && arg == "--quiet") {
             options.quiet = true;
         } else if (!convert && arg == "--log") {

@@ -19,6 +19,7 @@ struct CliOptions {
     std::string cssName = "HHStyles.css";
     bool popups = false;
     bool keepZeroIds = false;
+    bool hmMaps = false;  // read "NAME VALUE" lines in map files
     DefaultAnswer defaultAnswer = DefaultAnswer::kAsk;
     std::map<long, int> answers;  // catalogue ID -> result code
     bool quiet = false;

@@ -32,6 +32,7 @@ std::string Absolute(const std::string& path) {
 bool Scan(Wizard& wizard, const CliOptions& options, std::ostream& err) {
     wizard.Start();
     if (options.keepZeroIds) wizard.mnuOptionsIgnoreZeroIDs_Click();
+    if (options.hmMaps) wizard.mnuOptionsReadNameValue_Click();
     if (!Next(wizard, err)) return false;
     wizard.controls.txtProjectName = Absolute(options.oldProject);
     if (!Next(wizard, err)) return false;

@@ -455,6 +455,8 @@ void FrmWizard::BuildMenus() {
              &Wizard::mnuOptionsIgnoreZeroIDs_Click, true);
     AddEntry(options, "mnuOptionsReformatMap", "Automatically Reformat &Map Files",
              &W::mnuOptionsReformatMap, &Wizard::mnuOptionsReformatMap_Click, true);
+    AddEntry(options, "mnuOptionsReadNameValue", "Read &Name-Value Lines in Map Files",
+             &W::mnuOptionsReadNameValue, &Wizard::mnuOptionsReadNameValue_Click, true);
     QAction* separator = options->addSeparator();
     separator->setObjectName("mnuOptionsSep1");
     menus_.push_back({separator, &W::mnuOptionsSep1});

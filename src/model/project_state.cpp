@@ -20,6 +20,8 @@ std::string ContentsTopic;
 std::string MapSectionText;
 
 bool IgnoreZeroIDs = true;
+bool ReadNameValueLines = false;
+int UnreadNameValueLines = 0;
 bool RemoveScriptLinks = true;
 bool RemoveTextLinks = true;
 bool RemovePopupImages = true;
@@ -41,6 +43,7 @@ void ClearWinHelpData() {
     MapFileCount = 0;
     AliasFiles.clear();
     AliasFileCount = 0;
+    UnreadNameValueLines = 0;
 }
 
 void CloseProject() {
@@ -57,6 +60,7 @@ void ResetAll() {
     ContentsTopic.clear();
     MapSectionText.clear();
     IgnoreZeroIDs = true;
+    ReadNameValueLines = false;
     RemoveScriptLinks = RemoveTextLinks = RemovePopupImages = true;
     HeadState = BodyState = AnchorState = AreaState = ObjectState = 0;
     PendingAnchorText.clear();

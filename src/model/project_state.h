@@ -32,6 +32,10 @@ extern std::string MapSectionText;     // raw [MAP] section; kept, never read
 
 // Options of the run.
 extern bool IgnoreZeroIDs;  // ignore zero-value context IDs (Options menu)
+// Map header files may define IDs as "NAME VALUE" lines, as Visual C++ writes
+// them (Options menu); when not, such lines are only counted.
+extern bool ReadNameValueLines;
+extern int UnreadNameValueLines;
 // The popup cleaning switches: set at start-up and never changed.
 extern bool RemoveScriptLinks;
 extern bool RemoveTextLinks;

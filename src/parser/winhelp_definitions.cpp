@@ -34,8 +34,12 @@ bool SplitDefinition(std::string_view line, int mapFileIndex, std::string& name,
         valueText = Trim(line.substr(eq + 1));
         return true;
     }
-    if (const std::size_t space = line.find(' ');
-        space != std::string_view::npos && space > 0 && mapFileIndex == 0) {
+    if (const std::size_t space = line.find(' '); space != std::string_view::npos && space > 0) {
+        // Map header files hold this form only as Visual C++ writes them.
+        if (mapFileIndex != 0 && !modGlobals::ReadNameValueLines) {
+            ++modGlobals::UnreadNameValueLines;
+            return false;
+        }
         name = Trim(line.substr(0, space));
         valueText = Trim(line.substr(space + 1));
         return true;

@@ -11,7 +11,8 @@
 namespace tamrix::modParser {
 
 // Adds the context ID of one definition line to `collection`. The "NAME VALUE"
-// form is taken only from the project file itself (mapFileIndex 0). Overflowing
+// form is taken from the project file itself (mapFileIndex 0), and from map
+// files only when ReadNameValueLines is set (otherwise it is counted). Overflowing
 // values go to InvalidContextIDs, conflicting redefinitions to DuplicateContextIDs.
 // fileName is not used.
 void AddContextIDFromString(std::string_view line, CContextIDs& collection,

@@ -73,6 +73,12 @@ std::string ScanSummary() {
         summary += GetMessageString(10065, std::to_string(pieces.size() - 1));
         for (const auto& piece : pieces) summary += "\r\n" + piece;
     }
+    if (const int unread = modGlobals::UnreadNameValueLines; unread > 0) {
+        summary += "\r\n" + std::to_string(unread) + (unread == 1 ? " line" : " lines") +
+                   " of the map files defining an ID as \"NAME VALUE\" (as Visual C++ writes "
+                   "them) not read. To read them, tick Options/\"Read Name-Value Lines in Map "
+                   "Files\" and scan again.\r\n";
+    }
     if (!modGlobals::InvalidContextIDs.empty()) {
         const auto pieces = Split(modGlobals::InvalidContextIDs, '^');
         summary += "There were" + SignedText(static_cast<long long>(pieces.size())) +

@@ -33,6 +33,8 @@ std::string Wizard::Caption() const { return "Tamrix - " + StepCaption(currentSt
 void Wizard::Start() {
     modGlobals::IgnoreZeroIDs = true;
     menus.mnuOptionsIgnoreZeroIDs.checked = true;
+    modGlobals::ReadNameValueLines = false;
+    menus.mnuOptionsReadNameValue.checked = false;
     menus.mnuOptionstest.visible = menus.mnuOptionstest.enabled = false;
     menus.mnuOptionsSep1.visible = false;
     SharedFileSystem();

@@ -60,7 +60,7 @@ struct WizardMenus {
     MenuEntry mnuView, mnuViewOldprojectFile, mnuViewNewProjectFile, mnuViewRTF, mnuViewFile,
         mnuViewHTM, mnuViewScanLog, mnuViewRewriteLog, mnuViewPopupLog;
     MenuEntry mnuOptions, mnuOptionsHTML, mnuOptionsIgnoreZeroIDs, mnuOptionsReformatMap,
-        mnuOptionsSep1, mnuOptionstest;
+        mnuOptionsReadNameValue, mnuOptionsSep1, mnuOptionstest;
     MenuEntry mnuTools, mnuToolsFormatMapFiles;
     MenuEntry mnuHelp, mnuHelpAbout, mnuHelpProgram;
 };
@@ -100,6 +100,8 @@ public:
     void mnuOptionsHTML_Click();
     void mnuOptionsIgnoreZeroIDs_Click();
     void mnuOptionsReformatMap_Click();
+    // "Read Name-Value Lines in Map Files": the Visual C++ form of map header files.
+    void mnuOptionsReadNameValue_Click();
     void mnuOptionstest_Click();
     void mnuToolsFormatMapFiles_Click() {}
     void mnuHelpAbout_Click();

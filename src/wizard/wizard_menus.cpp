@@ -92,6 +92,12 @@ void Wizard::mnuOptionsReformatMap_Click() {
     Changed();
 }
 
+void Wizard::mnuOptionsReadNameValue_Click() {
+    menus.mnuOptionsReadNameValue.checked = !menus.mnuOptionsReadNameValue.checked;
+    modGlobals::ReadNameValueLines = menus.mnuOptionsReadNameValue.checked;
+    Changed();
+}
+
 void Wizard::mnuOptionstest_Click() {
     modMessages::ShowMessage(modMessages::GetMessageString(10000), mb::kYesNo, "testing", Box(), 10000);
 }
