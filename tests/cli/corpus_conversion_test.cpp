@@ -1,15 +1,20 @@
 // Both real projects convert from the command line: every generated topic file
-// with a topic ID comes out under that ID and nothing still names the old file.
+// with a topic ID comes out under that ID and nothing still names the old file,
+// and the new project compiles: no link to ".htm", a popups.js that parses and
+// that every activated topic reaches, C numbers in the headers, and no two
+// topic files that Windows would take for one.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <regex>
 #include <set>
 #include <sstream>
 
 #include "cli/commands.h"
 #include "platform/byte_text.h"
+#include "support/script_check.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -21,8 +26,53 @@ struct CorpusProject {
     const char* folder;
     const char* project;
     const char* hpj;
-    std::size_t renamed;  // generated names that must be gone
+    std::size_t renamed;    // generated names that must be gone
+    std::size_t activated;  // topic files that call script popups
 };
+
+// The script popups' references reach popups.js; returns how many files hold one.
+std::size_t ExpectScriptReferencesReach(const fs::path& root) {
+    const std::regex reference("src=\"([^\"]*popups\\.js)\"", std::regex::icase);
+    std::size_t files = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
+        const std::string path = entry.path().string();
+        if (!EndsWithNoCase(path, ".htm") || path.find("NoPopups") != std::string::npos) continue;
+        const std::string text = testing::ReadFileBytes(path);
+        std::smatch match;
+        if (!std::regex_search(text, match, reference)) continue;
+        ++files;
+        EXPECT_TRUE(fs::exists(entry.path().parent_path() / match[1].str()))
+            << path << " names " << match[1];
+    }
+    return files;
+}
+
+// Every #define of a written header carries a C number.
+void ExpectCNumbersInHeaders(const fs::path& root) {
+    const std::regex define("^\\s*#define\\s+\\S+\\s+(\\S*)");
+    const std::regex number("-?(0[xX][0-9A-Fa-f]+|[0-9]+)[uUlL]*");
+    for (const auto& entry : fs::directory_iterator(root)) {
+        if (!EndsWithNoCase(entry.path().string(), ".h")) continue;
+        std::istringstream lines(testing::ReadFileBytes(entry.path().string()));
+        for (std::string line; std::getline(lines, line);) {
+            std::smatch match;
+            if (line.find("#define") == std::string::npos) continue;
+            EXPECT_TRUE(std::regex_search(line, match, define) &&
+                        std::regex_match(match[1].str(), number))
+                << entry.path().filename() << ": " << line;
+        }
+    }
+}
+
+// No two files of one folder whose names differ only in case.
+void ExpectNoCaseFoldedTwins(const fs::path& root) {
+    std::map<std::string, std::string> seen;
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
+        const std::string path = entry.path().string();
+        const auto [it, added] = seen.emplace(Fold(path), path);
+        EXPECT_TRUE(added) << path << " and " << it->second;
+    }
+}
 
 class CorpusConversion : public ::testing::TestWithParam<CorpusProject> {};
 
@@ -61,14 +111,20 @@ TEST_P(CorpusConversion, ConvertsCompletely) {
         const std::string text = testing::ReadFileBytes(path);
         for (const auto& name : renamed)
             EXPECT_FALSE(ContainsNoCase(text, name)) << path << " still names " << name;
+        EXPECT_FALSE(ContainsNoCase(text, "href=\".htm")) << path;
     }
+    EXPECT_EQ(testing::ScriptSyntaxErrors(dir / "new/popups.js"), "");
+    EXPECT_EQ(ExpectScriptReferencesReach(dir / "new"), GetParam().activated);
+    ExpectCNumbersInHeaders(dir / "new");
+    ExpectNoCaseFoldedTwins(dir / "new");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Corpus, CorpusConversion,
-    ::testing::Values(CorpusProject{"draftcable", "Copia de DraftCable.hhp", "DraftCable.hpj", 71},
-                      CorpusProject{"wavesoap", "WaveSoap.hhp", "WaveSoapFront.hpj", 62}),
-    [](const auto& param) { return std::string(param.param.folder); });
+INSTANTIATE_TEST_SUITE_P(Corpus, CorpusConversion,
+                         ::testing::Values(CorpusProject{"draftcable", "Copia de DraftCable.hhp",
+                                                         "DraftCable.hpj", 71, 13},
+                                           CorpusProject{"wavesoap", "WaveSoap.hhp",
+                                                         "WaveSoapFront.hpj", 62, 11}),
+                         [](const auto& param) { return std::string(param.param.folder); });
 
 }  // namespace
 }  // namespace tamrix
