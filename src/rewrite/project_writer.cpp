@@ -33,16 +33,12 @@ bool TopicTargetIsSafe(const CTopicFile& topic) {
     return IsSafeRelativeName(FilePathOnly(topic.AutoNamePath) + name);
 }
 
-bool TopicIDIsUsable(const CTopicFile& topic) {
-    return IsWindowsFileName(topic.Context);
-}
-
 void SettleNewFileNames(WizardState& wizard) {
     if (!modGlobals::TopicFiles) return;
     for (const auto& topic : *modGlobals::TopicFiles) {
         if (topic->Context.empty()) {
             topic->NewFileName = topic->AutoFileName;
-        } else if (TopicIDIsUsable(*topic)) {
+        } else if (IsWindowsFileName(topic->Context)) {
             topic->NewFileName = topic->Context + ".htm";
         } else {
             topic->NewFileName = topic->AutoFileName;

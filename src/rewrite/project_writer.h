@@ -36,8 +36,5 @@ bool CopyImageFolder(WizardState& wizard, const std::string& oldProjectFile,
 // Whether the topic's new file (its [FILES] folder + NewFileName) stays inside
 // the new project folder; a topic ID holding a separator does not.
 bool TopicTargetIsSafe(const CTopicFile& topic);
-// Whether the topic's ID can be its file name: a Windows file name, which never
-// leads out of the topic's folder.
-bool TopicIDIsUsable(const CTopicFile& topic);
 
 }  // namespace tamrix::modRewrite

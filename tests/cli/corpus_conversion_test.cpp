@@ -5,6 +5,7 @@
 // topic files that Windows would take for one.
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -32,34 +33,48 @@ struct CorpusProject {
 
 // The script popups' references reach popups.js; returns how many files hold one.
 std::size_t ExpectScriptReferencesReach(const fs::path& root) {
-    const std::regex reference("src=\"([^\"]*popups\\.js)\"", std::regex::icase);
     std::size_t files = 0;
     for (const auto& entry : fs::recursive_directory_iterator(root)) {
         const std::string path = entry.path().string();
         if (!EndsWithNoCase(path, ".htm") || path.find("NoPopups") != std::string::npos) continue;
         const std::string text = testing::ReadFileBytes(path);
-        std::smatch match;
-        if (!std::regex_search(text, match, reference)) continue;
+        const std::size_t end = FindNoCase(text, "popups.js\"");
+        if (end == kNotFound) continue;
         ++files;
-        EXPECT_TRUE(fs::exists(entry.path().parent_path() / match[1].str()))
-            << path << " names " << match[1];
+        const std::size_t start = text.rfind("src=\"", end);
+        const std::string reference =
+            start == std::string::npos ? text.substr(end) : text.substr(start + 5, end + 4 - start);
+        EXPECT_TRUE(fs::exists(entry.path().parent_path() / reference)) << path << ": " << reference;
     }
     return files;
 }
 
+// A C number: decimal or 0x hexadecimal, with an optional sign and suffix.
+bool IsCNumber(std::string value) {
+    if (!value.empty() && value[0] == '-') value.erase(0, 1);
+    while (!value.empty() && std::string_view("uUlL").find(value.back()) != std::string::npos)
+        value.pop_back();
+    const bool hex = StartsWithNoCase(value, "0x") && value.size() > 2;
+    const std::size_t from = hex ? 2 : 0;
+    if (value.size() <= from) return false;
+    for (std::size_t i = from; i < value.size(); ++i)
+        if (!(hex ? std::isxdigit(static_cast<unsigned char>(value[i]))
+                  : std::isdigit(static_cast<unsigned char>(value[i]))))
+            return false;
+    return true;
+}
+
 // Every #define of a written header carries a C number.
 void ExpectCNumbersInHeaders(const fs::path& root) {
-    const std::regex define("^\\s*#define\\s+\\S+\\s+(\\S*)");
-    const std::regex number("-?(0[xX][0-9A-Fa-f]+|[0-9]+)[uUlL]*");
     for (const auto& entry : fs::directory_iterator(root)) {
         if (!EndsWithNoCase(entry.path().string(), ".h")) continue;
         std::istringstream lines(testing::ReadFileBytes(entry.path().string()));
         for (std::string line; std::getline(lines, line);) {
-            std::smatch match;
-            if (line.find("#define") == std::string::npos) continue;
-            EXPECT_TRUE(std::regex_search(line, match, define) &&
-                        std::regex_match(match[1].str(), number))
-                << entry.path().filename() << ": " << line;
+            std::istringstream words(line);
+            std::string define, name, value;
+            if (!(words >> define) || define != "#define") continue;
+            words >> name >> value;
+            EXPECT_TRUE(IsCNumber(value)) << entry.path().filename() << ": " << line;
         }
     }
 }

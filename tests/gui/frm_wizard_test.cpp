@@ -332,6 +332,11 @@ TEST_F(FrmWizardTest, MenusFollowTheBusyStateAndToggles) {
     ignoreZero->trigger();
     EXPECT_TRUE(ignoreZero->isChecked());
     EXPECT_TRUE(modGlobals::IgnoreZeroIDs);
+    QAction* nameValue = window->MenuAction("mnuOptionsReadNameValue");
+    EXPECT_FALSE(nameValue->isChecked());
+    nameValue->trigger();
+    EXPECT_TRUE(nameValue->isChecked());
+    EXPECT_TRUE(modGlobals::ReadNameValueLines);
     window->MenuAction("mnuViewHTM")->trigger();
     EXPECT_EQ(messages.back().text, "Not implemented");
     // The View menu's old project entry without a project: message 10022.

@@ -108,13 +108,6 @@ TEST_F(ProjectFileTest, WritesTheDefaultTopicOnlyForAKnownContentsTopic) {
     EXPECT_TRUE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
 }
 
-TEST_F(ProjectFileTest, LeavesAnEntryWhoseNewNameWouldLeaveTheFolder) {
-    AddTopic("html\\a1.htm", "../evil");
-    AddTopic("html\\a2.htm", "good");
-    EXPECT_EQ(Write("[FILES]\r\nhtml\\a1.htm\r\nhtml\\a2.htm\r\n"),
-              "[FILES]\r\nhtml\\a1.htm\r\nhtml\\good.htm\r\n");
-}
-
 TEST_F(RewriteTest, NewTopicFileNameLooksUpTheGeneratedName) {
     AddTopic("html\\Afxc0001.htm", "main");
     AddTopic("html\\afxc0002.htm", "");
