@@ -76,7 +76,8 @@ public:
         const RoundPlan plan = PlanRounds(check::ReadContextMap(project_, ignored_));
         report_.unaliased = plan.unaliased;
         report_.rounds = std::max<std::size_t>(plan.rounds.size(), 1);
-        fs::copy(project_.Folder(), copy_, fs::copy_options::recursive);
+        fs::copy(project_.Folder(), copy_,
+                 fs::copy_options::recursive | fs::copy_options::copy_symlinks);
         const std::string copyFolder = copy_.string() + "/";
         for (std::size_t round = 0; round < report_.rounds; ++round) {
             static const std::vector<AliasedId> kNone;
@@ -154,6 +155,7 @@ private:
         report_.chmFile = output;
         report_.size = fs::file_size(output);
         report_.topicCount = contents.htmlFiles;
+        report_.listedTopics = contents.topicUrls.size();
     }
 
     const check::ProjectSections& project_;
@@ -221,7 +223,8 @@ std::string CompileReportText(const CompileReport& report) {
     std::string out;
     if (!report.chmFile.empty())
         out += "Compiled file:  " + report.chmFile + " (" + std::to_string(report.size) + " bytes)\n" +
-               "Topics:         " + std::to_string(report.topicCount) + "\n";
+               "Topics:         " + std::to_string(report.topicCount) + " stored, " +
+               std::to_string(report.listedTopics) + " listed in #TOPICS\n";
     else
         out += "No compiled file written: " + report.error + "\n";
     out += "Rounds:         " + std::to_string(report.rounds) + "\n";
