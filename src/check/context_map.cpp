@@ -27,7 +27,7 @@ std::string WithoutTrailingComment(const std::string& text) {
 }
 
 class MapReader {
-public:
+  public:
     MapReader(const ProjectSections& project, std::vector<Problem>& problems)
         : project_(project), problems_(problems) {}
 
@@ -51,7 +51,7 @@ public:
 
     ContextMap Take() { return std::move(map_); }
 
-private:
+  private:
     void Problem(ProblemKind kind, const SourceLine& line, std::string message) {
         problems_.push_back({kind, line.file, line.line, std::move(message)});
     }
@@ -60,7 +60,8 @@ private:
         std::string name = Trim(line.text.substr(8));
         if (name.size() >= 2 && (name.front() == '"' || name.front() == '<'))
             name = name.substr(1, name.size() - 2);
-        std::string path = modUtilities::MakeFullPathforFile(modUtilities::FilePathOnly(line.file), name);
+        std::string path =
+            modUtilities::MakeFullPathforFile(modUtilities::FilePathOnly(line.file), name);
         if (!SharedFileSystem().FileExists(path))
             path = modUtilities::MakeFullPathforFile(project_.Folder(), name);
         if (name.empty() || !SharedFileSystem().FileExists(path)) {
@@ -82,7 +83,8 @@ private:
                     "not \"#define NAME NUMBER\" or a comment: " + line.text);
             return;
         }
-        const auto [it, added] = definitionIndex_.try_emplace(Fold(words[1]), map_.definitions.size());
+        const auto [it, added] =
+            definitionIndex_.try_emplace(Fold(words[1]), map_.definitions.size());
         if (added) {
             map_.definitions.push_back({words[1], value, line});
             return;
@@ -101,7 +103,8 @@ private:
         std::string target = eq == std::string::npos ? "" : Trim(line.text.substr(eq + 1));
         target = Trim(Before(target, ';'));  // a comment may follow the file name
         if (name.empty() || target.empty()) {
-            Problem(ProblemKind::kBadHeaderLine, line, "not \"ALIAS=FILE\" or a comment: " + line.text);
+            Problem(ProblemKind::kBadHeaderLine, line,
+                    "not \"ALIAS=FILE\" or a comment: " + line.text);
             return;
         }
         if (aliasNames_.insert(Fold(name)).second)

@@ -20,8 +20,8 @@ std::string InvalidWindowsName(std::string_view component) {
     static const char* const kDevices[] = {"con", "prn", "aux", "nul"};
     for (const char* device : kDevices)
         if (base == device) return "is a device name";
-    if (base.size() == 4 && (base.starts_with("com") || base.starts_with("lpt")) && base[3] >= '1' &&
-        base[3] <= '9')
+    if (base.size() == 4 && (base.starts_with("com") || base.starts_with("lpt")) &&
+        base[3] >= '1' && base[3] <= '9')
         return "is a device name";
     return {};
 }
@@ -42,7 +42,8 @@ void CheckFileNames(const std::vector<SourceLine>& files, std::vector<Problem>& 
         if (a != b)
             problems.push_back({ProblemKind::kNameCollision, entry.file, entry.line,
                                 "\"" + entry.text + "\" and \"" + it->second->text + "\" (line " +
-                                    std::to_string(it->second->line) + ") name one file on Windows"});
+                                    std::to_string(it->second->line) +
+                                    ") name one file on Windows"});
     }
 }
 

@@ -5,11 +5,15 @@
 namespace tamrix::check {
 namespace {
 
-bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f'; }
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool IsSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f';
+}
+bool IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
 
 class TagScanner {
-public:
+  public:
     explicit TagScanner(std::string_view text) : text_(text) {}
 
     void Run(const std::function<void(const HtmlTag&)>& visit) {
@@ -30,12 +34,13 @@ public:
         }
     }
 
-private:
+  private:
     // The line of `at`; positions asked for never go backwards.
     long LineAt(std::size_t at) {
         for (; counted_ < at && counted_ < text_.size(); ++counted_) {
             const char c = text_[counted_];
-            if (c == '\n' || (c == '\r' && (counted_ + 1 >= text_.size() || text_[counted_ + 1] != '\n')))
+            if (c == '\n' ||
+                (c == '\r' && (counted_ + 1 >= text_.size() || text_[counted_ + 1] != '\n')))
                 ++line_;
         }
         return line_;

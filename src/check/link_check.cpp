@@ -34,8 +34,8 @@ bool HasScheme(const std::string& target) {
     if (colon == std::string::npos || colon < 2) return false;
     for (std::size_t i = 0; i < colon; ++i) {
         const char c = target[i];
-        if (!((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-' || c == '+' || c == '.' ||
-              (i > 0 && c >= '0' && c <= '9')))
+        if (!((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-' || c == '+' ||
+              c == '.' || (i > 0 && c >= '0' && c <= '9')))
             return false;
     }
     return true;
@@ -109,7 +109,8 @@ bool LinkChecker::AddFile(const std::string& name) {
     return file != nullptr;
 }
 
-void LinkChecker::CheckLink(const HtmlFile& from, const Link& link, std::vector<Problem>& problems) {
+void LinkChecker::CheckLink(const HtmlFile& from, const Link& link,
+                            std::vector<Problem>& problems) {
     const std::string target = Trim(link.target);
     if (target.empty() || HasScheme(target)) return;
     const std::size_t hash = target.find('#');

@@ -14,7 +14,7 @@
 namespace tamrix::check {
 
 class LinkChecker {
-public:
+  public:
     // `folder` is the project's folder, ending in a separator.
     explicit LinkChecker(std::string folder);
     ~LinkChecker();
@@ -25,13 +25,13 @@ public:
     // Checks every link noted so far.
     void Check(std::vector<Problem>& problems);
 
-private:
+  private:
     struct Link {
         std::string target;  // as written
         long line = 0;
     };
     struct HtmlFile {
-        std::string name;  // relative, as the project names it
+        std::string name;                         // relative, as the project names it
         std::unordered_set<std::string> anchors;  // folded
         std::vector<Link> links;
     };
@@ -43,7 +43,7 @@ private:
 
     std::string folder_;
     std::unordered_map<std::string, std::unique_ptr<HtmlFile>> files_;  // by key
-    std::unordered_map<std::string, bool> exists_;                       // by key
+    std::unordered_map<std::string, bool> exists_;                      // by key
     std::vector<HtmlFile*> order_;                                      // files added, in order
 };
 

@@ -18,10 +18,12 @@ bool IsHtml(const std::string& name) {
     return EndsWithNoCase(name, ".htm") || EndsWithNoCase(name, ".html");
 }
 
-std::string FilePart(const std::string& target) { return std::string(Before(target, '#')); }
+std::string FilePart(const std::string& target) {
+    return std::string(Before(target, '#'));
+}
 
 class ProjectChecker {
-public:
+  public:
     ProjectChecker(const ProjectSections& project, CheckReport& report)
         : project_(project), report_(report), links_(project.Folder()) {}
 
@@ -37,7 +39,7 @@ public:
                 problem.file.erase(0, project_.Folder().size());
     }
 
-private:
+  private:
     bool Exists(const std::string& name) {
         return !name.empty() && SharedFileSystem().FileExists(project_.Folder() + name);
     }
@@ -62,7 +64,8 @@ private:
     void CheckOptionFile(const char* key) {
         for (const SourceLine& line : project_.Section("OPTIONS")) {
             const std::size_t eq = line.text.find('=');
-            if (eq == std::string::npos || !EqualsNoCase(Trim(line.text.substr(0, eq)), key)) continue;
+            if (eq == std::string::npos || !EqualsNoCase(Trim(line.text.substr(0, eq)), key))
+                continue;
             const std::string name = Trim(line.text.substr(eq + 1));
             if (name.empty()) return;
             if (!links_.AddFile(name))
@@ -83,7 +86,8 @@ private:
                     "alias " + alias.name + " names no context ID of [MAP]");
             if (!Exists(FilePart(alias.target)))
                 Add(ProblemKind::kAliasMissingFile, alias.where,
-                    "alias " + alias.name + " names \"" + alias.target + "\", which is not on disk");
+                    "alias " + alias.name + " names \"" + alias.target +
+                        "\", which is not on disk");
         }
         for (const Definition& definition : map.definitions)
             if (aliased.count(Fold(definition.name)) == 0)
@@ -95,7 +99,8 @@ private:
         std::unordered_set<std::string> scripts;
         for (const SourceLine& entry : project_.Section("TEXT POPUPS")) {
             if (!Exists(entry.text)) {
-                Add(ProblemKind::kMissingTextPopups, entry, "\"" + entry.text + "\" is not on disk");
+                Add(ProblemKind::kMissingTextPopups, entry,
+                    "\"" + entry.text + "\" is not on disk");
                 continue;
             }
             const std::string path = SharedFileSystem().DiskPath(project_.Folder() + entry.text);
@@ -123,11 +128,21 @@ std::string JsonString(const std::string& text) {
     std::string out = "\"";
     for (const char c : Cp1252ToUtf8(text)) {
         switch (c) {
-            case '"': out += "\\\""; break;
-            case '\\': out += "\\\\"; break;
-            case '\n': out += "\\n"; break;
-            case '\r': out += "\\r"; break;
-            case '\t': out += "\\t"; break;
+            case '"':
+                out += "\\\"";
+                break;
+            case '\\':
+                out += "\\\\";
+                break;
+            case '\n':
+                out += "\\n";
+                break;
+            case '\r':
+                out += "\\r";
+                break;
+            case '\t':
+                out += "\\t";
+                break;
             default:
                 if (static_cast<unsigned char>(c) < 32) {
                     static const char kHex[] = "0123456789abcdef";
@@ -169,8 +184,8 @@ std::string ReportText(const CheckReport& report) {
     for (const Problem& problem : report.problems) {
         out += problem.file;
         if (problem.line > 0) out += ":" + std::to_string(problem.line);
-        out += std::string(IsWarning(problem.kind) ? ": warning: " : ": ") + KindName(problem.kind) +
-               ": " + problem.message + "\n";
+        out += std::string(IsWarning(problem.kind) ? ": warning: " : ": ") +
+               KindName(problem.kind) + ": " + problem.message + "\n";
     }
     const std::string counts = std::to_string(report.topicCount) + " topic files, " +
                                std::to_string(report.contextIdCount) + " context IDs";
@@ -178,7 +193,8 @@ std::string ReportText(const CheckReport& report) {
     out += report.projectFile + ": ";
     out += errors == 0 ? std::string("no problems")
                        : std::to_string(errors) + (errors == 1 ? " problem" : " problems");
-    if (warnings > 0) out += ", " + std::to_string(warnings) + (warnings == 1 ? " warning" : " warnings");
+    if (warnings > 0)
+        out += ", " + std::to_string(warnings) + (warnings == 1 ? " warning" : " warnings");
     return out + " (" + counts + ")\n";
 }
 
@@ -191,7 +207,7 @@ std::string ReportJson(const CheckReport& report) {
            ", \"warnings\": " + std::to_string(report.Warnings()) + ", \"problems\": [";
     for (std::size_t i = 0; i < report.problems.size(); ++i) {
         const Problem& problem = report.problems[i];
- out += std::string(i == 0 ? "\n" : ",\n") + "  {\"kind\": \"" + KindName(problem.kind) +
+        out += std::string(i == 0 ? "\n" : ",\n") + "  {\"kind\": \"" + KindName(problem.kind) +
                "\", \"severity\": \"" + (IsWarning(problem.kind) ? "warning" : "error") +
                "\", \"file\": " + JsonString(problem.file) +
                ", \"line\": " + std::to_string(problem.line) +

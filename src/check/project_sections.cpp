@@ -24,9 +24,8 @@ ProjectSections::ProjectSections(const std::string& projectFile)
     for (SourceLine& line : ReadNumberedLines(projectFile_)) {
         if (line.text.front() == '[') {
             const std::size_t close = line.text.find(']');
-            current = &sections_[Fold(Trim(line.text.substr(1, close == std::string::npos
-                                                                    ? std::string::npos
-                                                                    : close - 1)))];
+            current = &sections_[Fold(Trim(
+                line.text.substr(1, close == std::string::npos ? std::string::npos : close - 1)))];
             continue;
         }
         if (current != nullptr && line.text.front() != ';') current->push_back(std::move(line));

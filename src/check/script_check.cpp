@@ -10,21 +10,24 @@ namespace {
 bool IsIdentifierStart(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$';
 }
-bool IsIdentifierPart(char c) { return IsIdentifierStart(c) || (c >= '0' && c <= '9'); }
+bool IsIdentifierPart(char c) {
+    return IsIdentifierStart(c) || (c >= '0' && c <= '9');
+}
 
 bool IsReservedWord(std::string_view word) {
     static constexpr std::array<std::string_view, 46> kWords = {
-        "break",  "case",    "catch",      "class",   "const",     "continue", "debugger", "default",
-        "delete", "do",      "else",       "enum",    "export",    "extends",  "false",    "finally",
-        "for",    "function", "if",        "import",  "in",        "instanceof", "new",    "null",
-        "return", "super",   "switch",     "this",    "throw",     "true",     "try",      "typeof",
-        "var",    "void",    "while",      "with",    "yield",     "let",      "static",   "implements",
-        "interface", "package", "private", "protected", "public",  "await"};
+        "break",      "case",      "catch",  "class",    "const",      "continue",  "debugger",
+        "default",    "delete",    "do",     "else",     "enum",       "export",    "extends",
+        "false",      "finally",   "for",    "function", "if",         "import",    "in",
+        "instanceof", "new",       "null",   "return",   "super",      "switch",    "this",
+        "throw",      "true",      "try",    "typeof",   "var",        "void",      "while",
+        "with",       "yield",     "let",    "static",   "implements", "interface", "package",
+        "private",    "protected", "public", "await"};
     return std::find(kWords.begin(), kWords.end(), word) != kWords.end();
 }
 
 class ScriptChecker {
-public:
+  public:
     ScriptChecker(std::string_view text, const std::string& file, std::vector<Problem>& problems)
         : text_(text), file_(file), problems_(problems) {}
 
@@ -39,7 +42,7 @@ public:
         }
     }
 
-private:
+  private:
     // Skips blanks and comments; line breaks too when `newlines`.
     void SkipBlank(bool newlines) {
         while (pos_ < text_.size()) {
@@ -151,7 +154,8 @@ private:
 
 }  // namespace
 
-void CheckPopupScript(std::string_view text, const std::string& file, std::vector<Problem>& problems) {
+void CheckPopupScript(std::string_view text, const std::string& file,
+                      std::vector<Problem>& problems) {
     ScriptChecker(text, file, problems).Run();
 }
 

@@ -20,7 +20,8 @@ int RunCheckCommand(const std::vector<std::string>& args, std::ostream& out, std
         }
     }
     if (positional.size() != 1) {
-        err << "tamrix-cli: check needs PROJECT.hhp\nUsage: tamrix-cli check PROJECT.hhp [--json]\n";
+        err << "tamrix-cli: check needs PROJECT.hhp\nUsage: tamrix-cli check PROJECT.hhp "
+               "[--json]\n";
         return 2;
     }
     const check::CheckReport report = check::CheckProject(positional[0]);

@@ -14,10 +14,10 @@ struct ContextEntry {
 };
 
 struct ChmContents {
-    std::vector<ContextEntry> contextMap;        // #IVB, in order
-    std::vector<std::string> topicUrls;          // #TOPICS via #URLTBL and #URLSTR
+    std::vector<ContextEntry> contextMap;         // #IVB, in order
+    std::vector<std::string> topicUrls;           // #TOPICS via #URLTBL and #URLSTR
     std::unordered_set<std::string> storedFiles;  // the candidates stored, folded
-    std::size_t htmlFiles = 0;                   // .htm and .html files among them
+    std::size_t htmlFiles = 0;                    // .htm and .html files among them
 };
 
 // False when this build has no reader (chmlib was missing when it was built).

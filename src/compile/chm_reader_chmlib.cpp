@@ -16,8 +16,9 @@ std::string Object(chmFile* chm, const char* name) {
     chmUnitInfo unit{};
     if (chm_resolve_object(chm, name, &unit) != CHM_RESOLVE_SUCCESS) return {};
     std::string bytes(static_cast<std::size_t>(unit.length), '\0');
-    const LONGINT64 read = chm_retrieve_object(chm, &unit, reinterpret_cast<unsigned char*>(bytes.data()),
-                                               0, static_cast<LONGINT64>(unit.length));
+    const LONGINT64 read =
+        chm_retrieve_object(chm, &unit, reinterpret_cast<unsigned char*>(bytes.data()), 0,
+                            static_cast<LONGINT64>(unit.length));
     bytes.resize(read > 0 ? static_cast<std::size_t>(read) : 0);
     return bytes;
 }
@@ -38,7 +39,9 @@ std::string TextAt(const std::string& bytes, std::size_t at) {
 
 }  // namespace
 
-bool ChmReaderAvailable() { return true; }
+bool ChmReaderAvailable() {
+    return true;
+}
 
 bool ReadChm(const std::string& file, const std::vector<std::string>& candidates,
              ChmContents& contents, std::string& error) {
@@ -66,7 +69,8 @@ bool ReadChm(const std::string& file, const std::vector<std::string>& candidates
             std::uint32_t number = 0, offset = 0;
             Dword(ivb, at, number);
             Dword(ivb, at + 4, offset);
-            contents.contextMap.push_back({static_cast<std::int32_t>(number), TextAt(strings, offset)});
+            contents.contextMap.push_back(
+                {static_cast<std::int32_t>(number), TextAt(strings, offset)});
         }
     }
 
@@ -78,7 +82,8 @@ bool ReadChm(const std::string& file, const std::vector<std::string>& candidates
     const std::string urlStrings = Object(chm.get(), "/#URLSTR");
     for (std::size_t at = 0; at + 16 <= topics.size(); at += 16) {
         std::uint32_t urlEntry = 0, urlOffset = 0;
-        if (Dword(topics, at + 8, urlEntry) && Dword(urlTable, std::size_t{urlEntry} + 8, urlOffset))
+        if (Dword(topics, at + 8, urlEntry) &&
+            Dword(urlTable, std::size_t{urlEntry} + 8, urlOffset))
             contents.topicUrls.push_back(TextAt(urlStrings, std::size_t{urlOffset} + 8));
     }
     return true;

@@ -20,16 +20,19 @@ std::string Slashed(std::string path) {
 }  // namespace
 
 std::string DiskRelativePath(const check::ProjectSections& project, const std::string& name) {
-    const std::string anchor = name.find('#') == std::string::npos ? "" : name.substr(name.find('#'));
+    const std::string anchor =
+        name.find('#') == std::string::npos ? "" : name.substr(name.find('#'));
     const std::string file(Before(name, '#'));
     const std::string disk = SharedFileSystem().DiskPath(project.Folder() + file);
-    if (!SharedFileSystem().FileExists(project.Folder() + file) || !disk.starts_with(project.Folder()))
+    if (!SharedFileSystem().FileExists(project.Folder() + file) ||
+        !disk.starts_with(project.Folder()))
         return Slashed(name);
     return Slashed(disk.substr(project.Folder().size())) + anchor;
 }
 
 std::string ChmcmdProjectText(const check::ProjectSections& project,
-                              const std::vector<AliasedId>& round, const std::string& compiledName) {
+                              const std::vector<AliasedId>& round,
+                              const std::string& compiledName) {
     TextReader reader(project.ProjectFile());
     std::string out, section, line;
     bool mapWritten = false, aliasWritten = false, optionsSeen = false;

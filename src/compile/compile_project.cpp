@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 // A private folder under the system's temporary folder, removed with everything in it.
 class TempFolder {
-public:
+  public:
     TempFolder() {
         std::random_device random;
         for (int attempt = 0; attempt < 100 && path_.empty(); ++attempt) {
@@ -37,7 +37,7 @@ public:
     TempFolder& operator=(const TempFolder&) = delete;
     const fs::path& Path() const { return path_; }
 
-private:
+  private:
     fs::path path_;
 };
 
@@ -68,7 +68,7 @@ std::string OutputPath(const check::ProjectSections& project, const std::string&
 }
 
 class Compiler {
-public:
+  public:
     Compiler(const check::ProjectSections& project, std::string chmcmd, CompileReport& report)
         : project_(project), chmcmd_(std::move(chmcmd)), report_(report) {}
 
@@ -96,7 +96,7 @@ public:
         }
     }
 
-private:
+  private:
     bool Compile(std::size_t round, const std::vector<AliasedId>& ids, const std::string& chm,
                  std::string& error) {
         const std::string stem = "tamrix-round-" + std::to_string(round);
@@ -149,7 +149,8 @@ private:
         }
     }
 
-    void Deliver(const std::string& chm, const ChmContents& contents, const std::string& outputFile) {
+    void Deliver(const std::string& chm, const ChmContents& contents,
+                 const std::string& outputFile) {
         const std::string output = OutputPath(project_, outputFile);
         fs::copy_file(chm, output, fs::copy_options::overwrite_existing);
         report_.chmFile = output;
@@ -222,15 +223,15 @@ CompileReport CompileProject(const std::string& projectFile, const std::string& 
 std::string CompileReportText(const CompileReport& report) {
     std::string out;
     if (!report.chmFile.empty())
-        out += "Compiled file:  " + report.chmFile + " (" + std::to_string(report.size) + " bytes)\n" +
-               "Topics:         " + std::to_string(report.topicCount) + " stored, " +
+        out += "Compiled file:  " + report.chmFile + " (" + std::to_string(report.size) +
+               " bytes)\n" + "Topics:         " + std::to_string(report.topicCount) + " stored, " +
                std::to_string(report.listedTopics) + " listed in #TOPICS\n";
     else
         out += "No compiled file written: " + report.error + "\n";
     out += "Rounds:         " + std::to_string(report.rounds) + "\n";
     out += "Context IDs:    " + std::to_string(report.Verified()) + " verified, " +
-           std::to_string(report.Failed()) + " failed, of " + std::to_string(report.results.size()) +
-           " with an alias\n";
+           std::to_string(report.Failed()) + " failed, of " +
+           std::to_string(report.results.size()) + " with an alias\n";
     for (const IdResult& result : report.results)
         if (!result.verified)
             out += "  FAILED " + result.name + " (" + std::to_string(result.value) + ") -> " +

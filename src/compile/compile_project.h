@@ -20,13 +20,13 @@ struct IdResult {
 struct CompileReport {
     std::string chmFile;  // the compiled file written, or empty
     std::uintmax_t size = 0;
-    std::size_t topicCount = 0;   // HTML files of [FILES] stored in it
+    std::size_t topicCount = 0;    // HTML files of [FILES] stored in it
     std::size_t listedTopics = 0;  // entries of its #TOPICS
     std::size_t rounds = 0;
-    std::vector<IdResult> results;        // every aliased ID, in [MAP] order
-    std::vector<std::string> unaliased;   // IDs that cannot be verified
-    std::string error;                    // why nothing could be compiled
-    bool toolMissing = false;             // chmcmd or chmlib is not installed
+    std::vector<IdResult> results;       // every aliased ID, in [MAP] order
+    std::vector<std::string> unaliased;  // IDs that cannot be verified
+    std::string error;                   // why nothing could be compiled
+    bool toolMissing = false;            // chmcmd or chmlib is not installed
 
     std::size_t Verified() const;
     std::size_t Failed() const { return results.size() - Verified(); }

@@ -1,11 +1,12 @@
 // The project check on a small clean project, then on copies broken in one way
 // each: every kind of problem is found at its file and line, and nothing else is.
+#include "check/project_check.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
 #include <sstream>
 
-#include "check/project_check.h"
 #include "cli/commands.h"
 #include "support/temp_dir.h"
 
@@ -14,34 +15,37 @@ namespace {
 
 const std::map<std::string, std::string> kCleanProject = {
     {"P.hhp",
-     "[OPTIONS]\n"                 // 1
-     "Compiled file=P.chm\n"       // 2
-     "Contents file=P.hhc\n"       // 3
-     "Index file=P.hhk\n"          // 4
-     "\n"                          // 5
-     "[FILES]\n"                   // 6
-     "html\\a.htm\n"               // 7
-     "html\\b.htm\n"               // 8
-     "\n"                          // 9
-     "[MAP]\n"                     // 10
-     "#include map.h\n"            // 11
-     "\n"                          // 12
-     "[ALIAS]\n"                   // 13
-     "#include alias.h\n"          // 14
-     "IDH_B = html\\b.htm ; B\n"   // 15
-     "\n"                          // 16
-     "[TEXT POPUPS]\n"             // 17
-     "cshelp.h\n"                  // 18
-     "popups.js\n"},               // 19
+     "[OPTIONS]\n"                // 1
+     "Compiled file=P.chm\n"      // 2
+     "Contents file=P.hhc\n"      // 3
+     "Index file=P.hhk\n"         // 4
+     "\n"                         // 5
+     "[FILES]\n"                  // 6
+     "html\\a.htm\n"              // 7
+     "html\\b.htm\n"              // 8
+     "\n"                         // 9
+     "[MAP]\n"                    // 10
+     "#include map.h\n"           // 11
+     "\n"                         // 12
+     "[ALIAS]\n"                  // 13
+     "#include alias.h\n"         // 14
+     "IDH_B = html\\b.htm ; B\n"  // 15
+     "\n"                         // 16
+     "[TEXT POPUPS]\n"            // 17
+     "cshelp.h\n"                 // 18
+     "popups.js\n"},              // 19
     {"html/a.htm",
      "<html><head><title>A</title></head><body><a name=\"top\"></a>\n"
      "<a href=\"b.htm#Part\">B</a> <a href=\"#top\">up</a> <a href=\"http://x.org/\">x</a>\n"
      "<img src=\"../images/p.gif\"><!-- <a href=\"gone.htm\"> -->\n"
      "<script>var s = '<a href=\"gone.htm\">';</script></body></html>\n"},
-    {"html/b.htm", "<p id=part>B</p>\r\n<a HREF='A.HTM'>A</a> <a href=\"javascript:go()\">go</a>\r\n"},
+    {"html/b.htm",
+     "<p id=part>B</p>\r\n<a HREF='A.HTM'>A</a> <a href=\"javascript:go()\">go</a>\r\n"},
     {"images/p.gif", "GIF89a"},
-    {"P.hhc", "<UL><LI><OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"html\\a.htm\">\n"},
-    {"P.hhk", "<UL><LI><OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"html/B.HTM#part\">\n"},
+    {"P.hhc",
+     "<UL><LI><OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"html\\a.htm\">\n"},
+    {"P.hhk",
+     "<UL><LI><OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"html/B.HTM#part\">\n"},
     {"map.h", "// map\n/* block\n   comment */\n#define IDH_A 1\n#define IDH_B 0x2 // two\n"},
     {"alias.h", "; aliases\nIDH_A=html\\a.htm\n"},
     {"cshelp.h", "#define IDH_POP 5\n"},
@@ -72,7 +76,8 @@ const BrokenCase kBrokenCases[] = {
     {"ContentsLinkBroken", "P.hhc", "html\\a.htm", "html\\z.htm", K::kBrokenLink, "P.hhc", 2},
     {"AnchorMissing", "P.hhk", "#part", "#gone", K::kMissingAnchor, "P.hhk", 2},
     {"IdWithoutAlias", "map.h", "", "#define IDH_C 3\n", K::kUnaliasedId, "map.h", 6},
-    {"AliasFileMissing", "alias.h", "html\\a.htm", "html\\gone.htm", K::kAliasMissingFile, "alias.h", 2},
+    {"AliasFileMissing", "alias.h", "html\\a.htm", "html\\gone.htm", K::kAliasMissingFile,
+     "alias.h", 2},
     {"AliasUnknownId", "alias.h", "", "IDH_Z=html\\a.htm\n", K::kAliasUnknownId, "alias.h", 3},
     {"IdRedefined", "map.h", "", "#define IDH_A 9\n", K::kConflictingId, "map.h", 6},
     {"BasicHexValue", "map.h", "", "#define IDH_C &H3\n", K::kBadHeaderLine, "map.h", 6},
@@ -83,9 +88,10 @@ const BrokenCase kBrokenCases[] = {
     {"ScriptReservedName", "popups.js", "gl_y", "class", K::kBadPopupScript, "popups.js", 4},
     {"ScriptOctalEscape", "popups.js", "\\x41", "\\1", K::kBadPopupScript, "popups.js", 3},
     {"TextPopupsMissing", "P.hhp", "cshelp.h\n", "cshelp2.h\n", K::kMissingTextPopups, "P.hhp", 18},
-    {"NamesCollide", "P.hhp", "html\\b.htm\n", "html\\b.htm\nHTML/A.htm\n", K::kNameCollision, "P.hhp",
-     9},
-    {"DeviceName", "P.hhp", "html\\b.htm\n", "html\\b.htm\nhtml\\Con.htm\n", K::kInvalidName, "P.hhp", 9},
+    {"NamesCollide", "P.hhp", "html\\b.htm\n", "html\\b.htm\nHTML/A.htm\n", K::kNameCollision,
+     "P.hhp", 9},
+    {"DeviceName", "P.hhp", "html\\b.htm\n", "html\\b.htm\nhtml\\Con.htm\n", K::kInvalidName,
+     "P.hhp", 9},
 };
 
 void WriteProject(const testing::TempDir& dir, const std::map<std::string, std::string>& files) {
@@ -143,8 +149,10 @@ TEST(CheckCommand, ExitStatusAndJson) {
         const char* output;  // text the output must hold
     };
     const Run runs[] = {
-        {{"check", dir / "P.hhp", "--json"}, 1,
-         "{\"kind\": \"broken-link\", \"severity\": \"error\", \"file\": \"html\\\\b.htm\", \"line\": 3,"},
+        {{"check", dir / "P.hhp", "--json"},
+         1,
+         "{\"kind\": \"broken-link\", \"severity\": \"error\", \"file\": \"html\\\\b.htm\", "
+         "\"line\": 3,"},
         {{"check", dir / "P.hhp"}, 1, "html\\b.htm:3: broken-link: link to \"nowhere.htm\""},
         {{"check", dir / "none.hhp"}, 2, "cannot read"},
         {{"check"}, 2, ""},

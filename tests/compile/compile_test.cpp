@@ -64,7 +64,8 @@ TEST(Compile, ConvertedSampleOpensEveryAliasedId) {
               0)
         << out;
     const auto before = testing::ReadFileBytes(dir / "new/TideClock.hhp");
-    const compile::CompileReport report = CompileAndVerify(dir / "new/TideClock.hhp", dir / "T.chm");
+    const compile::CompileReport report =
+        CompileAndVerify(dir / "new/TideClock.hhp", dir / "T.chm");
     EXPECT_EQ(testing::ReadFileBytes(dir / "new/TideClock.hhp"), before);
     EXPECT_EQ(report.topicCount, 42u);
     EXPECT_EQ(report.results.size(), 19u);
@@ -80,8 +81,8 @@ TEST(Compile, ConvertedSampleOpensEveryAliasedId) {
 
     // The check finds a broken link planted in a topic of the converted project.
     const check::CheckReport clean = check::CheckProject(dir / "new/TideClock.hhp");
-    dir.Write("new/html/intro.htm",
-              testing::ReadFileBytes(dir / "new/html/intro.htm") + "<a href=\"planted.htm\">x</a>\n");
+    dir.Write("new/html/intro.htm", testing::ReadFileBytes(dir / "new/html/intro.htm") +
+                                        "<a href=\"planted.htm\">x</a>\n");
     const check::CheckReport planted = check::CheckProject(dir / "new/TideClock.hhp");
     ASSERT_EQ(planted.problems.size(), clean.problems.size() + 1);
     EXPECT_TRUE(std::any_of(planted.problems.begin(), planted.problems.end(), [](const auto& p) {
@@ -100,8 +101,8 @@ class CorpusCompile : public ::testing::TestWithParam<CorpusProject> {};
 
 TEST_P(CorpusCompile, ConvertedProjectCompilesAndVerifies) {
     const char* env = std::getenv("TAMRIX_CORPUS_DIR");
-    const std::string in = std::string(env != nullptr ? env : TAMRIX_CORPUS_DIR) + "/" +
-                           GetParam().folder + "/";
+    const std::string in =
+        std::string(env != nullptr ? env : TAMRIX_CORPUS_DIR) + "/" + GetParam().folder + "/";
     ASSERT_TRUE(fs::exists(in + GetParam().project)) << "the corpus is missing at " << in;
     testing::TempDir dir;
     std::string out;
@@ -115,12 +116,11 @@ TEST_P(CorpusCompile, ConvertedProjectCompilesAndVerifies) {
     EXPECT_TRUE(dir.Exists("cli.chm"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Corpus, CorpusCompile,
-                         ::testing::Values(CorpusProject{"draftcable", "Copia de DraftCable.hhp",
-                                                         "DraftCable.hpj"},
-                                           CorpusProject{"wavesoap", "WaveSoap.hhp",
-                                                         "WaveSoapFront.hpj"}),
-                         [](const auto& param) { return std::string(param.param.folder); });
+INSTANTIATE_TEST_SUITE_P(
+    Corpus, CorpusCompile,
+    ::testing::Values(CorpusProject{"draftcable", "Copia de DraftCable.hhp", "DraftCable.hpj"},
+                      CorpusProject{"wavesoap", "WaveSoap.hhp", "WaveSoapFront.hpj"}),
+    [](const auto& param) { return std::string(param.param.folder); });
 
 // Without chmcmd on PATH the command says how to install it and exits 2.
 TEST(CompileCommand, MissingChmcmdIsExplained) {
