@@ -1,5 +1,5 @@
 #pragma once
-// tamrix-cli check PROJECT.hhp [--json] and tamrix-cli compile PROJECT.hhp [-o FILE.chm].
+// tamrix-cli check PROJECT.hhp [--json].
 #include <iosfwd>
 #include <string>
 #include <vector>
