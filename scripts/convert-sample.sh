@@ -8,4 +8,5 @@ mkdir -p "$out"
 build/src/tamrix-cli convert samples/tideclock/TideClock.hhp "$out/TideClock.hhp" \
     --hpj samples/tideclock/TideClock.hpj --css --popups --yes
 echo
-echo "Compile $out/TideClock.hhp with HTML Help Workshop to get TideClock.chm."
+echo "Compile $out/TideClock.hhp with HTML Help Workshop to get TideClock.chm,"
+echo "or on Linux: build/src/tamrix-cli compile $out/TideClock.hhp"

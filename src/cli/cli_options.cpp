@@ -15,6 +15,8 @@ const char* UsageText() {
            "                     [--answer ID=ANSWER]... [--quiet]\n"
            "  tamrix-cli scan OLD.hhp [--hpj OLD.hpj] [--hm-maps] [--log FILE] [--yes | --no]\n"
            "                  [--answer ID=ANSWER]...\n"
+           "  tamrix-cli check PROJECT.hhp [--json]\n"
+           "  tamrix-cli compile PROJECT.hhp [-o FILE.chm]\n"
            "  tamrix-cli --help | --version\n"
            "\n"
            "ANSWER is yes, no, ok, cancel, abort, retry or ignore; ID is the number of the\n"

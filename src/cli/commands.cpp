@@ -2,7 +2,9 @@
 
 #include <ostream>
 
+#include "cli/check_command.h"
 #include "cli/cli_view.h"
+#include "cli/compile_command.h"
 #include "model/project_state.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
@@ -111,6 +113,10 @@ int RunScan(const CliOptions& options, CliView& view, std::ostream& out, std::os
 
 int RunCli(const std::vector<std::string>& args, std::istream& in, std::ostream& out,
            std::ostream& err, bool interactive, bool showProgress) {
+    if (!args.empty() && (args[0] == "check" || args[0] == "compile")) {
+        const std::vector<std::string> rest(args.begin() + 1, args.end());
+        return args[0] == "check" ? RunCheckCommand(rest, out, err) : RunCompileCommand(rest, out, err);
+    }
     std::string error;
     const auto options = ParseArguments(args, error);
     if (!options) {

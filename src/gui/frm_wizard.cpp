@@ -22,6 +22,7 @@
 
 #include "gui/about_box.h"
 #include "gui/app_icon.h"
+#include "gui/check_report.h"
 #include "gui/frm_options.h"
 #include "gui/localise_form.h"
 #include "messages/messages.h"
@@ -355,9 +356,13 @@ QWidget* FrmWizard::BuildFinished() {
     chkSaveSettings_->setObjectName("chkSaveSettings");
     connect(chkSaveSettings_, &QCheckBox::toggled, this,
             [this](bool on) { wizard_->controls.chkSaveSettings = on; });
+    auto* check = new QPushButton("&Check New Project\u2026", frame);
+    check->setObjectName("cmdCheckProject");
+    connect(check, &QPushButton::clicked, this, &FrmWizard::CheckNewProject);
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(lblNewProject_);
     layout->addWidget(chkSaveSettings_);
+    layout->addWidget(check, 0, Qt::AlignLeft);
     return frame;
 }
 
@@ -465,12 +470,27 @@ void FrmWizard::BuildMenus() {
     QMenu* tools = AddMenu("mnuTools", "&Tools", &W::mnuTools);
     AddEntry(tools, "mnuToolsFormatMapFiles", "Format Map Files", &W::mnuToolsFormatMapFiles,
              &Wizard::mnuToolsFormatMapFiles_Click);
+    QAction* check = tools->addAction("&Check New Project\u2026");
+    check->setObjectName("mnuToolsCheckProject");
+    connect(check, &QAction::triggered, this, &FrmWizard::CheckNewProject);
 
     QMenu* help = AddMenu("mnuHelp", "&Help", &W::mnuHelp);
     AddEntry(help, "mnuHelpProgram", "Help on the &Program", &W::mnuHelpProgram,
              &Wizard::mnuHelpProgram_Click);
     help->addSeparator();
     AddEntry(help, "mnuHelpAbout", "&About Tamrix", &W::mnuHelpAbout, &Wizard::mnuHelpAbout_Click);
+}
+
+void FrmWizard::CheckNewProject() {
+    // The project just written, else one the user picks.
+    std::string project;
+    if (!wizard_->NewRootPath.empty() && !wizard_->NewProjectName.empty())
+        project = modUtilities::MakeFullPathforFile(wizard_->NewRootPath, wizard_->NewProjectName);
+    if (!modUtilities::FileExists(project))
+        project = OpenFileDialog({"Check New Project",
+                                  "HTML Help Project Files (*.hhp)|*.hhp|All Files (*.*)|*.*", "hhp",
+                                  wizard_->NewRootPath, {}});
+    if (!project.empty()) checkReport_ = CheckProjectAndShowReport(project);
 }
 
 QAction* FrmWizard::MenuAction(const QString& name) const {

@@ -89,6 +89,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    // Tools/Check New Project… and the button of the Finished step.
+    void CheckNewProject();
     struct MenuBinding {
         QAction* action;
         MenuEntry WizardMenus::*entry;
@@ -147,6 +149,7 @@ private:
     QLabel* lblNewProject_ = nullptr;
     HelpWindow* help_ = nullptr;
     std::unique_ptr<FrmOptions> frmOptions_;
+    std::unique_ptr<CSummary> checkReport_;  // the last project check shown
     bool closing_ = false;
     bool inCloseEvent_ = false;
 };

@@ -1,6 +1,7 @@
 // The wizard window driven by clicks, with its dialogs answered by hooks.
 #include "gui/frm_wizard.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -20,6 +21,8 @@
 #include <functional>
 #include <map>
 
+#include "gui/frm_summary.h"
+#include "gui/summary_viewer.h"
 #include "model/project_state.h"
 #include "platform/file_system.h"
 #include "support/temp_dir.h"
@@ -240,6 +243,17 @@ TEST_F(FrmWizardTest, AWholeConversionOfTheSampleByClicks) {
     const std::string project = dir.Read("out/TideClock.hhp");
     EXPECT_NE(project.find("[MAP]"), std::string::npos);
     EXPECT_NE(project.find("[TEXT POPUPS]"), std::string::npos);
+
+    // The Finished step checks the new project and shows the report in the log viewer.
+    InstallSummaryViewer();
+    ClickButton("cmdCheckProject");
+    UninstallSummaryViewer();
+    QString report;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (auto* form = dynamic_cast<FrmSummary*>(top); form != nullptr && form->isVisible())
+            report = form->RTFItems()->toPlainText();
+    EXPECT_TRUE(report.contains("TideClock.hhp: ")) << report.toStdString();
+    EXPECT_TRUE(report.contains("(42 topic files, 21 context IDs)")) << report.toStdString();
 
     // Exit asks, and Yes ends the program.
     QSignalSpy exited(window.get(), &FrmWizard::ExitRequested);

@@ -1,0 +1,39 @@
+#pragma once
+// The sections of an HTML Help project file, every line kept with its number
+// so that a problem can name where it lies.
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamrix::check {
+
+struct SourceLine {
+    std::string file;  // the file as read
+    long line = 0;
+    std::string text;  // trimmed
+};
+
+class ProjectSections {
+  public:
+    // Raises BasicError when the file cannot be read.
+    explicit ProjectSections(const std::string& projectFile);
+
+    const std::string& ProjectFile() const { return projectFile_; }
+    // The project's folder, ending in a separator.
+    const std::string& Folder() const { return folder_; }
+    // The non-blank, non-";" lines of a section (name without regard to case).
+    const std::vector<SourceLine>& Section(std::string_view name) const;
+    // A key of [OPTIONS], or empty.
+    std::string Option(std::string_view key) const;
+
+  private:
+    std::string projectFile_;
+    std::string folder_;
+    std::map<std::string, std::vector<SourceLine>> sections_;  // by folded name
+};
+
+// The lines of a text file, numbered and trimmed; blank lines are left out.
+std::vector<SourceLine> ReadNumberedLines(const std::string& file);
+
+}  // namespace tamrix::check

@@ -1,0 +1,45 @@
+#pragma once
+// Compiles a project with chmcmd on a temporary copy, never changing the
+// project, and proves its context-sensitive help: the compiled file's context
+// map is read back and every aliased [MAP] ID must open the topic its alias names.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tamrix::compile {
+
+struct IdResult {
+    std::string name;
+    std::int32_t value = 0;
+    std::string target;
+    std::size_t round = 0;  // 0 is the compiled file given to the user
+    bool verified = false;
+    std::string failure;  // why it failed
+};
+
+struct CompileReport {
+    std::string chmFile;  // the compiled file written, or empty
+    std::uintmax_t size = 0;
+    std::size_t topicCount = 0;    // HTML files of [FILES] stored in it
+    std::size_t listedTopics = 0;  // entries of its #TOPICS
+    std::size_t rounds = 0;
+    std::vector<IdResult> results;       // every aliased ID, in [MAP] order
+    std::vector<std::string> unaliased;  // IDs that cannot be verified
+    std::string error;                   // why nothing could be compiled
+    bool toolMissing = false;            // chmcmd or chmlib is not installed
+
+    std::size_t Verified() const;
+    std::size_t Failed() const { return results.size() - Verified(); }
+    // IDs verified in later rounds only, so missing from the compiled file given.
+    std::vector<const IdResult*> LackingInFirst() const;
+};
+
+// `outputFile` empty: next to the project, under its "Compiled file" name.
+CompileReport CompileProject(const std::string& projectFile, const std::string& outputFile);
+
+std::string CompileReportText(const CompileReport& report);
+
+// The chmcmd found on PATH, or empty.
+std::string FindChmcmd();
+
+}  // namespace tamrix::compile
