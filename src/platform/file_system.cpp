@@ -11,6 +11,7 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "platform/byte_text.h"
 #include "platform/program_error.h"
@@ -61,10 +62,22 @@ std::string JoinDisk(const std::string& folder, const std::string& name) {
     return folder == "/" ? "/" + name : folder + "/" + name;
 }
 
-std::string RealFolder(const std::string& path) {
+// The path with every existing ancestor resolved through links; empty when that
+// cannot be done (a dangling link, a file where a folder should be, no access).
+std::string Resolved(const std::string& absolute) {
     char buf[PATH_MAX];
-    if (::realpath(path.c_str(), buf) != nullptr) return buf;
-    return {};
+    if (::realpath(absolute.c_str(), buf) != nullptr) return buf;
+    struct stat st {};
+    if (errno != ENOENT || ::lstat(absolute.c_str(), &st) == 0 || absolute == "/") return {};
+    const std::string parent = Resolved(ParentOf(absolute));
+    if (parent.empty()) return {};
+    return JoinDisk(parent, absolute.substr(absolute.rfind('/') + 1));
+}
+
+bool InsideOrSame(const std::string& path, const std::string& folder) {
+    if (folder == "/") return true;
+    return path.compare(0, folder.size(), folder) == 0 &&
+           (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
 }  // namespace
@@ -141,6 +154,15 @@ bool FileSystem::FolderExists(std::string_view path) {
     return StatPath(DiskPath(path), st) && S_ISDIR(st.st_mode);
 }
 
+bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
+    const std::string diskA = DiskPath(GetAbsolutePathName(a));
+    const std::string diskB = DiskPath(GetAbsolutePathName(b));
+    const auto idA = IdentityOf(diskA), idB = IdentityOf(diskB);
+    if (idA || idB) return idA == idB;
+    const std::string resolvedA = Resolved(diskA);
+    return !resolvedA.empty() && resolvedA == Resolved(diskB);
+}
+
 std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
     std::string text = Slashes(path);
     if (text.empty() || text[0] != '/') {
@@ -197,30 +219,74 @@ std::string FileSystem::ReadAll(std::string_view path) {
         content.append(buf, static_cast<std::size_t>(n));
     }
     ::close(fd);
+    NoteRead(disk);
     return content;
 }
 
 void FileSystem::SetWriteRoot(std::string_view folder) {
     writeRoot_ = folder.empty() ? std::string() : GetAbsolutePathName(folder);
+    if (!writeRoot_.empty()) return;
+    inputFolders_.clear();
+    inputFiles_.clear();
+}
+
+void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
+    inputFolders_.clear();
+    for (const std::string& folder : folders)
+        if (const auto id = folder.empty() ? std::nullopt
+                                           : IdentityOf(DiskPath(GetAbsolutePathName(folder))))
+            inputFolders_.push_back(*id);
 }
 
 bool FileSystem::InsideWriteRoot(std::string_view path) {
     if (writeRoot_.empty()) return true;
-    const std::string abs = GetAbsolutePathName(path);
-    if (abs.size() <= writeRoot_.size() || abs.compare(0, writeRoot_.size(), writeRoot_) != 0 ||
-        abs[writeRoot_.size()] != '/')
-        return false;
-    // A link inside the new folder must not lead out of it either.
-    const std::string realRoot = RealFolder(DiskPath(writeRoot_));
-    const std::string realParent = RealFolder(DiskPath(ParentOf(abs)));
-    if (realRoot.empty() || realParent.empty()) return true;  // not created yet: nothing to follow
-    return realParent == realRoot || realParent.compare(0, realRoot.size() + 1, realRoot + "/") == 0;
+    const std::string root = Resolved(DiskPath(writeRoot_));
+    const std::string target = Resolved(DiskPath(GetAbsolutePathName(path)));
+    return !root.empty() && !target.empty() && target != root && InsideOrSame(target, root);
+}
+
+std::optional<FileSystem::Identity> FileSystem::IdentityOf(const std::string& diskPath) {
+    struct stat st {};
+    if (!StatPath(diskPath, st)) return std::nullopt;
+    return Identity{static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
+}
+
+// Whether `folder` is `path` or one of the folders that hold it.
+bool FileSystem::InTree(std::string path, const Identity& folder) {
+    while (true) {
+        if (IdentityOf(path) == folder) return true;
+        if (path == "/") return false;
+        path = ParentOf(path);
+    }
+}
+
+std::string FileSystem::RefusalReason(const std::string& diskPath) {
+    const std::string target = Resolved(diskPath);
+    if (target.empty()) return "its folder cannot be resolved";
+    const std::string root = writeRoot_.empty() ? std::string() : Resolved(DiskPath(writeRoot_));
+    if (!writeRoot_.empty() && (root.empty() || !InsideOrSame(target, root)))
+        return "it lies outside the new project folder";
+    for (const Identity& input : inputFolders_) {
+        if (!InTree(target, input)) continue;
+        // A new folder the user chose strictly inside the input folder may be written.
+        const bool nested = !root.empty() && InTree(root, input) && IdentityOf(root) != input;
+        if (!nested) return "it lies in the input project's folder";
+    }
+    const auto file = IdentityOf(target);
+    if (file && !inputFolders_.empty() && inputFiles_.count(*file) != 0) return "it is a file of the input project";
+    return {};
 }
 
 void FileSystem::CheckWritable(const std::string& diskPath) {
-    if (!InsideWriteRoot(diskPath))
-        RaiseError(err::kOutsideNewFolder, "Refused to write outside the new project folder: " +
-                                               diskPath);
+    const std::string reason = RefusalReason(diskPath);
+    if (reason.empty()) return;
+    refused_.push_back({diskPath, reason});
+    RaiseError(err::kOutsideNewFolder, "Refused to write \"" + diskPath + "\": " + reason + ".");
+}
+
+void FileSystem::NoteRead(const std::string& diskPath) {
+    if (!writeRoot_.empty()) return;
+    if (const auto id = IdentityOf(diskPath)) inputFiles_.insert(*id);
 }
 
 void FileSystem::NoteWritten(const std::string& diskPath) {
@@ -296,7 +362,7 @@ void FileSystem::CopyFile(std::string_view from, std::string_view to) { WriteAll
 
 void FileSystem::CreateFolder(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
-    CheckWritable(disk + "/x");
+    CheckWritable(disk);
     if (::mkdir(disk.c_str(), 0777) != 0 && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
     NoteWritten(disk);
 }

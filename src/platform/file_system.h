@@ -5,6 +5,7 @@
 // to case, or under its UTF-8 spelling when the text is Windows-1252, as a
 // checkout of a Windows project on Linux stores it.
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -20,6 +21,10 @@ public:
 
     bool FileExists(std::string_view path);
     bool FolderExists(std::string_view path);
+
+    // Whether two paths name the same file or folder: by device and inode when it
+    // exists, else by their spelling with every link resolved.
+    bool SameEntry(std::string_view a, std::string_view b);
 
     // Absolute path with "." and ".." resolved textually; "\" and "/" both separate.
     std::string GetAbsolutePathName(std::string_view path) const;
@@ -38,11 +43,24 @@ public:
     std::vector<std::string> ListFiles(std::string_view folder);
 
     // Every write must land inside this folder (empty: no restriction). A write
-    // elsewhere raises error 600 and nothing is written.
+    // elsewhere raises error 600 and nothing is written. Clearing it also forgets
+    // the input folders and the files read so far.
     void SetWriteRoot(std::string_view folder);
     const std::string& WriteRoot() const { return writeRoot_; }
-    // Whether an absolute path lies inside the write root.
+    // Whether an absolute path lies inside the write root, links followed.
     bool InsideWriteRoot(std::string_view path);
+    // The folders of the input project. Nothing is written into their trees, except
+    // inside a write root that lies strictly inside one; a file read while no write
+    // root was set is never replaced.
+    void SetInputFolders(const std::vector<std::string>& folders);
+
+    // A write that was refused, and why.
+    struct RefusedWrite {
+        std::string path;
+        std::string reason;
+    };
+    const std::vector<RefusedWrite>& RefusedWrites() const { return refused_; }
+    void ClearRefusedWrites() { refused_.clear(); }
 
     // Drops the cached folder listings.
     void ForgetListings() { listings_.clear(); }
@@ -54,12 +72,28 @@ private:
     };
     const std::string* FindEntry(const std::string& folder, std::string_view component);
     Listing& ListingOf(const std::string& folder);
+    struct Identity {
+        std::uint64_t device = 0;
+        std::uint64_t inode = 0;
+        bool operator==(const Identity&) const = default;
+    };
+    struct IdentityHash {
+        std::size_t operator()(const Identity& id) const { return id.device * 31 + id.inode; }
+    };
+    static std::optional<Identity> IdentityOf(const std::string& diskPath);
+    static bool InTree(std::string path, const Identity& folder);
     void NoteWritten(const std::string& diskPath);
+    void NoteRead(const std::string& diskPath);
+    // Raises error 600 (and keeps the refusal) unless `diskPath` may be written.
     void CheckWritable(const std::string& diskPath);
+    std::string RefusalReason(const std::string& diskPath);
     void SweepTempFiles(const std::string& folder);
 
     std::unordered_map<std::string, Listing> listings_;
     std::string writeRoot_;
+    std::vector<Identity> inputFolders_;
+    std::unordered_set<Identity, IdentityHash> inputFiles_;
+    std::vector<RefusedWrite> refused_;
     std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files
 };
 
