@@ -198,6 +198,7 @@ std::string FileSystem::BuildPath(std::string_view folder, std::string_view name
 }
 
 std::string FileSystem::ReadAll(std::string_view path) {
+    CheckInterrupt();
     const std::string disk = DiskPath(path);
     struct stat st {};
     if (!StatPath(disk, st)) RaiseError(err::kFileNotFound, "File not found: " + disk);
@@ -225,6 +226,8 @@ std::string FileSystem::ReadAll(std::string_view path) {
 
 void FileSystem::SetWriteRoot(std::string_view folder) {
     writeRoot_ = folder.empty() ? std::string() : GetAbsolutePathName(folder);
+    written_.clear();
+    refused_.clear();
     if (!writeRoot_.empty()) return;
     inputFolders_.clear();
     inputFiles_.clear();
@@ -290,6 +293,7 @@ void FileSystem::NoteRead(const std::string& diskPath) {
 }
 
 void FileSystem::NoteWritten(const std::string& diskPath) {
+    written_.insert(Resolved(diskPath));
     const std::string folder = ParentOf(diskPath);
     auto it = listings_.find(folder);
     if (it == listings_.end()) return;
@@ -325,6 +329,7 @@ void FileSystem::SweepTempFiles(const std::string& folder) {
 }
 
 void FileSystem::WriteAll(std::string_view path, std::string_view content) {
+    CheckInterrupt();
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     CheckWritable(disk);
     struct stat st {};
@@ -362,9 +367,28 @@ void FileSystem::CopyFile(std::string_view from, std::string_view to) { WriteAll
 
 void FileSystem::CreateFolder(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
+    CheckInterrupt();
     CheckWritable(disk);
-    if (::mkdir(disk.c_str(), 0777) != 0 && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
+    const bool created = ::mkdir(disk.c_str(), 0777) == 0;
+    if (!created && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
     NoteWritten(disk);
+    if (created && !writeRoot_.empty() && SameEntry(disk, writeRoot_)) WriteRunMarker();
+}
+
+void FileSystem::WriteRunMarker() {
+    if (!runMarker_.empty() && !writeRoot_.empty())
+        WriteAll(BuildPath(writeRoot_, runMarker_), "A conversion into this folder is running.\r\n");
+}
+
+void FileSystem::RemoveFile(std::string_view path) {
+    const std::string disk = DiskPath(GetAbsolutePathName(path));
+    CheckWritable(disk);
+    if (::unlink(disk.c_str()) != 0 && errno != ENOENT) RaiseError(ErrnoToError(errno), disk);
+    written_.erase(Resolved(disk));
+}
+
+bool FileSystem::Written(std::string_view path) {
+    return written_.count(Resolved(DiskPath(GetAbsolutePathName(path)))) != 0;
 }
 
 std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {

@@ -39,6 +39,10 @@ public:
     void WriteAll(std::string_view path, std::string_view content);
     void CopyFile(std::string_view from, std::string_view to);
     void CreateFolder(std::string_view path);
+    // Removes a file; a missing file is no error. Checked like a write.
+    void RemoveFile(std::string_view path);
+    // Whether this run wrote the file (since the write root was last set).
+    bool Written(std::string_view path);
     // Names of the regular files directly in a folder, sorted.
     std::vector<std::string> ListFiles(std::string_view folder);
 
@@ -53,6 +57,15 @@ public:
     // inside a write root that lies strictly inside one; a file read while no write
     // root was set is never replaced.
     void SetInputFolders(const std::vector<std::string>& folders);
+
+    // Called before every read and write, so that a run can stop between two
+    // files and never in the middle of one.
+    void SetInterruptCheck(void (*check)()) { interruptCheck_ = check; }
+    // A file put into the write root as soon as the root is created, and taken
+    // away by the run that created it when it ends normally.
+    void SetRunMarker(std::string_view name) { runMarker_ = name; }
+    const std::string& RunMarker() const { return runMarker_; }
+    void WriteRunMarker();
 
     // A write that was refused, and why.
     struct RefusedWrite {
@@ -83,6 +96,9 @@ private:
     static std::optional<Identity> IdentityOf(const std::string& diskPath);
     static bool InTree(std::string path, const Identity& folder);
     void NoteWritten(const std::string& diskPath);
+    void CheckInterrupt() const {
+        if (interruptCheck_ != nullptr) interruptCheck_();
+    }
     void NoteRead(const std::string& diskPath);
     // Raises error 600 (and keeps the refusal) unless `diskPath` may be written.
     void CheckWritable(const std::string& diskPath);
@@ -94,6 +110,9 @@ private:
     std::vector<Identity> inputFolders_;
     std::unordered_set<Identity, IdentityHash> inputFiles_;
     std::vector<RefusedWrite> refused_;
+    std::unordered_set<std::string> written_;
+    void (*interruptCheck_)() = nullptr;
+    std::string runMarker_;
     std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files
 };
 
