@@ -1,5 +1,6 @@
 #include "messages/messages.h"
 #include "model/project_state.h"
+#include "platform/file_system.h"
 #include "platform/format.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
@@ -146,6 +147,12 @@ bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, 
             report.AddLine("");
             report.AddLine("Files refused because they would lie outside the new project folder:");
             for (const std::string& name : refused) report.AddLine(name);
+        }
+        const auto& refusedWrites = SharedFileSystem().RefusedWrites();
+        if (!refusedWrites.empty()) {
+            report.AddLine("");
+            report.AddLine("Files not written:");
+            for (const auto& write : refusedWrites) report.AddLine(write.path + ": " + write.reason + ".");
         }
         return true;
     });
