@@ -10,10 +10,11 @@ namespace tamrix::cli {
 
 const char* UsageText() {
     return "Usage:\n"
-           "  tamrix-cli convert OLD.hhp NEW.hhp [--hpj OLD.hpj] [--css[=NAME]] [--popups]\n"
+           "  tamrix-cli convert OLD.hhp (NEW.hhp | DIR/) [--hpj OLD.hpj] [--css[=NAME]] [--popups]\n"
            "                     [--keep-zero-ids] [--yes | --no] [--answer ID=ANSWER]... [--quiet]\n"
            "  tamrix-cli scan OLD.hhp [--hpj OLD.hpj] [--log FILE] [--yes | --no]\n"
            "                  [--answer ID=ANSWER]...\n"
+           "  tamrix-cli convert --help | scan --help\n"
            "  tamrix-cli --help | --version\n"
            "\n"
            "ANSWER is yes, no, ok, cancel, abort, retry or ignore; ID is the number of the\n"
