@@ -46,6 +46,20 @@ now_ns() { date +%s%N; }
 median() { sort -g | awk '{ v[NR] = $1 } END { print (NR % 2) ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'; }
 max() { sort -g | tail -n 1; }
 checksum() { (cd "$1" && find . -type f -print0 | sort -z | xargs -0 md5sum | md5sum); }
+# Converts SRC into OUT (label for messages): sets t0 and t1 (ns), leaves
+# "peak-KiB user-s system-s" in $work/rss, and fails when the input changed.
+convert_once() {
+    local src="$1" out="$2" label="$3" sum
+    sum="$(checksum "$src")"
+    mkdir -p "$out"
+    t0=$(now_ns)
+    /usr/bin/time -f '%M %U %S' -o "$work/rss" \
+        "$cli" convert "$src/Bench.hhp" "$out/Bench.hhp" --hpj "$src/Bench.hpj" \
+        --popups --yes --quiet >"$work/convert.out" 2>&1 \
+        || { echo "convert failed ($label):" >&2; cat "$work/convert.out" >&2; exit 1; }
+    t1=$(now_ns)
+    [ "$(checksum "$src")" = "$sum" ] || { echo "the input changed ($label)" >&2; exit 1; }
+}
 
 # One conversion of a project whose popups hold K links and K images each.
 popup_rows=()
@@ -53,16 +67,8 @@ for k in "${popup_sizes[@]}"; do
     src="$work/popups-$k" out="$work/popups-out-$k"
     echo "popups of $k links and images: generating" >&2
     python3 "$here/make_project.py" "$src" 100 "$seed" "$k"
-    sum="$(checksum "$src")"
-    mkdir -p "$out"
-    t0=$(now_ns)
-    /usr/bin/time -f '%M %U %S' -o "$work/rss" \
-        "$cli" convert "$src/Bench.hhp" "$out/Bench.hhp" --hpj "$src/Bench.hpj" \
-        --popups --yes --quiet >"$work/convert.out" 2>&1 \
-        || { echo "convert failed (popups $k):" >&2; cat "$work/convert.out" >&2; exit 1; }
-    t1=$(now_ns)
-    [ "$(checksum "$src")" = "$sum" ] || { echo "the input changed (popups $k)" >&2; exit 1; }
-    sizes_mib="$(find "$src/html" -name 'popu*.htm' -size +1M -printf '%s\n' | sort -g | awk '{ printf "%s%.1f", (NR > 1 ? " / " : ""), $1 / 1048576 }')"
+    convert_once "$src" "$out" "popups $k"
+    sizes_mib="$(find "$src/html" -name 'popu*.htm' -printf '%s\n' | sort -g | tail -n 2 | awk '{ printf "%s%.1f", (NR > 1 ? " / " : ""), $1 / 1048576 }')"
     popup_rows+=("$(awk -v k="$k" -v s="$sizes_mib" -v a="$t0" -v b="$t1" -v r="$(cat "$work/rss")" 'BEGIN {
         split(r, f, " "); printf "| %d | %s | %.2f | %.2f | %.1f |", k, s, (b - a) / 1e9, f[2] + f[3], f[1] / 1024 }')")
     echo "${popup_rows[-1]}" >&2
@@ -94,18 +100,9 @@ for n in "${sizes[@]}"; do
     echo "N=$n: generating" >&2
     python3 "$here/make_project.py" "$src" "$n" "$seed"
     topics="$(find "$src/html" -name '*.htm' | wc -l)"
-    sum="$(checksum "$src")"
     conv_times=() copy_times=() rss=() cpu=()
     for ((r = 1; r <= runs; r++)); do
-        out="$work/out-$n-$r"
-        mkdir -p "$out"
-        t0=$(now_ns)
-        /usr/bin/time -f '%M %U %S' -o "$work/rss" \
-            "$cli" convert "$src/Bench.hhp" "$out/Bench.hhp" --hpj "$src/Bench.hpj" \
-            --popups --yes --quiet >"$work/convert.out" 2>&1 \
-            || { echo "convert failed (N=$n):" >&2; cat "$work/convert.out" >&2; exit 1; }
-        t1=$(now_ns)
-        [ "$(checksum "$src")" = "$sum" ] || { echo "the input changed (N=$n)" >&2; exit 1; }
+        convert_once "$src" "$work/out-$n-$r" "N=$n"
         conv_times+=("$(awk -v a="$t0" -v b="$t1" 'BEGIN { printf "%.4f", (b - a) / 1e9 }')")
         rss+=("$(tail -n 1 "$work/rss" | cut -d' ' -f1)")
         cpu+=("$(tail -n 1 "$work/rss" | awk '{ print $2 + $3 }')")

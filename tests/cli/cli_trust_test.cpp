@@ -9,22 +9,17 @@
 
 #include <chrono>
 #include <filesystem>
-#include <sstream>
 #include <thread>
 
-#include "cli/commands.h"
 #include "hostile/hostile_fixture.h"
+#include "support/cli_run.h"
 
 namespace tamrix {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct CliRun {
-    int status = -1;
-    std::string out;
-    std::string err;
-};
+using testing::CliRun;
 
 class CliTrust : public ::testing::Test {
 protected:
@@ -39,15 +34,7 @@ protected:
         EXPECT_TRUE(diff.empty()) << ::testing::PrintToString(diff);
         ::unsetenv("SOURCE_DATE_EPOCH");
     }
-    CliRun Run(std::vector<std::string> args) {
-        std::istringstream in;
-        std::ostringstream out, err;
-        CliRun run;
-        run.status = cli::RunCli(args, in, out, err, false, false);
-        run.out = out.str();
-        run.err = err.str();
-        return run;
-    }
+    CliRun Run(const std::vector<std::string>& args) { return testing::RunCliWith(args); }
     CliRun Convert(const std::string& target, std::vector<std::string> extra = {"--yes"}) {
         std::vector<std::string> args = {"convert", dir / "in/TideClock.hhp", target, "--hpj",
                                          dir / "in/TideClock.hpj"};
