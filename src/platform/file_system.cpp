@@ -228,13 +228,16 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
     writeRoot_ = folder.empty() ? std::string() : GetAbsolutePathName(folder);
     written_.clear();
     refused_.clear();
+    resolvedRoot_.clear();
     if (!writeRoot_.empty()) return;
     inputFolders_.clear();
+    inputTree_.clear();
     inputFiles_.clear();
 }
 
 void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
     inputFolders_.clear();
+    inputTree_.clear();
     for (const std::string& folder : folders)
         if (const auto id = folder.empty() ? std::nullopt
                                            : IdentityOf(DiskPath(GetAbsolutePathName(folder))))
@@ -254,35 +257,52 @@ std::optional<FileSystem::Identity> FileSystem::IdentityOf(const std::string& di
     return Identity{static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
 }
 
-// Whether `folder` is `path` or one of the folders that hold it.
-bool FileSystem::InTree(std::string path, const Identity& folder) {
-    while (true) {
-        if (IdentityOf(path) == folder) return true;
-        if (path == "/") return false;
-        path = ParentOf(path);
+std::string FileSystem::ResolvedRoot() {
+    if (resolvedRoot_.empty() && !writeRoot_.empty()) {
+        const std::string root = Resolved(DiskPath(writeRoot_));
+        if (IdentityOf(root)) resolvedRoot_ = root;  // a root not made yet may still change
+        return root;
     }
+    return resolvedRoot_;
 }
 
-std::string FileSystem::RefusalReason(const std::string& diskPath) {
-    const std::string target = Resolved(diskPath);
+// The nearest input folder that is `path` or holds it. Answers are kept per
+// resolved path: they hold for the run, as nothing moves folders meanwhile.
+std::optional<FileSystem::Identity> FileSystem::InputFolderOf(const std::string& path) {
+    if (inputFolders_.empty()) return std::nullopt;
+    if (auto it = inputTree_.find(path); it != inputTree_.end()) return it->second;
+    std::optional<Identity> found;
+    const auto id = IdentityOf(path);
+    if (id && std::find(inputFolders_.begin(), inputFolders_.end(), *id) != inputFolders_.end())
+        found = id;
+    else if (path != "/")
+        found = InputFolderOf(ParentOf(path));
+    inputTree_[path] = found;
+    return found;
+}
+
+std::string FileSystem::RefusalReason(const std::string& target) {
     if (target.empty()) return "its folder cannot be resolved";
-    const std::string root = writeRoot_.empty() ? std::string() : Resolved(DiskPath(writeRoot_));
+    const std::string root = ResolvedRoot();
     if (!writeRoot_.empty() && (root.empty() || !InsideOrSame(target, root)))
         return "it lies outside the new project folder";
-    for (const Identity& input : inputFolders_) {
-        if (!InTree(target, input)) continue;
+    const auto own = IdentityOf(target);
+    const bool isInput =
+        own && std::find(inputFolders_.begin(), inputFolders_.end(), *own) != inputFolders_.end();
+    if (const auto input = isInput ? own : InputFolderOf(ParentOf(target))) {
         // A new folder the user chose strictly inside the input folder may be written.
-        const bool nested = !root.empty() && InTree(root, input) && IdentityOf(root) != input;
+        const bool nested = !root.empty() && InputFolderOf(root) == input && IdentityOf(root) != input;
         if (!nested) return "it lies in the input project's folder";
     }
-    const auto file = IdentityOf(target);
-    if (file && !inputFolders_.empty() && inputFiles_.count(*file) != 0) return "it is a file of the input project";
+    if (own && !inputFolders_.empty() && inputFiles_.count(*own) != 0)
+        return "it is a file of the input project";
     return {};
 }
 
-void FileSystem::CheckWritable(const std::string& diskPath) {
-    const std::string reason = RefusalReason(diskPath);
-    if (reason.empty()) return;
+std::string FileSystem::CheckWritable(const std::string& diskPath) {
+    const std::string target = Resolved(diskPath);
+    const std::string reason = RefusalReason(target);
+    if (reason.empty()) return target;
     refused_.push_back({diskPath, reason});
     RaiseError(err::kOutsideNewFolder, "Refused to write \"" + diskPath + "\": " + reason + ".");
 }
@@ -292,8 +312,8 @@ void FileSystem::NoteRead(const std::string& diskPath) {
     if (const auto id = IdentityOf(diskPath)) inputFiles_.insert(*id);
 }
 
-void FileSystem::NoteWritten(const std::string& diskPath) {
-    written_.insert(Resolved(diskPath));
+void FileSystem::NoteWritten(const std::string& diskPath, const std::string& resolved) {
+    written_.insert(resolved);
     const std::string folder = ParentOf(diskPath);
     auto it = listings_.find(folder);
     if (it == listings_.end()) return;
@@ -331,7 +351,7 @@ void FileSystem::SweepTempFiles(const std::string& folder) {
 void FileSystem::WriteAll(std::string_view path, std::string_view content) {
     CheckInterrupt();
     const std::string disk = DiskPath(GetAbsolutePathName(path));
-    CheckWritable(disk);
+    const std::string resolved = CheckWritable(disk);
     struct stat st {};
     if (StatPath(disk, st) && S_ISDIR(st.st_mode))
         RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
@@ -360,7 +380,7 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content) {
         ::unlink(temp.c_str());
         RaiseError(ErrnoToError(e), disk);
     }
-    NoteWritten(disk);
+    NoteWritten(disk, resolved);
 }
 
 void FileSystem::CopyFile(std::string_view from, std::string_view to) { WriteAll(to, ReadAll(from)); }
@@ -368,10 +388,10 @@ void FileSystem::CopyFile(std::string_view from, std::string_view to) { WriteAll
 void FileSystem::CreateFolder(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     CheckInterrupt();
-    CheckWritable(disk);
+    const std::string resolved = CheckWritable(disk);
     const bool created = ::mkdir(disk.c_str(), 0777) == 0;
     if (!created && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
-    NoteWritten(disk);
+    NoteWritten(disk, resolved);
     if (created && !writeRoot_.empty() && SameEntry(disk, writeRoot_)) WriteRunMarker();
 }
 
@@ -382,9 +402,9 @@ void FileSystem::WriteRunMarker() {
 
 void FileSystem::RemoveFile(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
-    CheckWritable(disk);
+    const std::string resolved = CheckWritable(disk);
     if (::unlink(disk.c_str()) != 0 && errno != ENOENT) RaiseError(ErrnoToError(errno), disk);
-    written_.erase(Resolved(disk));
+    written_.erase(resolved);
 }
 
 bool FileSystem::Written(std::string_view path) {

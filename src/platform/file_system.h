@@ -94,20 +94,25 @@ private:
         std::size_t operator()(const Identity& id) const { return id.device * 31 + id.inode; }
     };
     static std::optional<Identity> IdentityOf(const std::string& diskPath);
-    static bool InTree(std::string path, const Identity& folder);
-    void NoteWritten(const std::string& diskPath);
+    std::optional<Identity> InputFolderOf(const std::string& path);
+    std::string ResolvedRoot();
+    void NoteWritten(const std::string& diskPath, const std::string& resolved);
     void CheckInterrupt() const {
         if (interruptCheck_ != nullptr) interruptCheck_();
     }
     void NoteRead(const std::string& diskPath);
-    // Raises error 600 (and keeps the refusal) unless `diskPath` may be written.
-    void CheckWritable(const std::string& diskPath);
-    std::string RefusalReason(const std::string& diskPath);
+    // Raises error 600 (and keeps the refusal) unless `diskPath` may be written;
+    // returns it with every link resolved.
+    std::string CheckWritable(const std::string& diskPath);
+    // Why the resolved path may not be written; empty when it may.
+    std::string RefusalReason(const std::string& target);
     void SweepTempFiles(const std::string& folder);
 
     std::unordered_map<std::string, Listing> listings_;
     std::string writeRoot_;
     std::vector<Identity> inputFolders_;
+    std::unordered_map<std::string, std::optional<Identity>> inputTree_;
+    std::string resolvedRoot_;
     std::unordered_set<Identity, IdentityHash> inputFiles_;
     std::vector<RefusedWrite> refused_;
     std::unordered_set<std::string> written_;
