@@ -6,8 +6,8 @@
 #include "cli/interruption.h"
 #include "cli/summary.h"
 #include "model/project_state.h"
-#include "platform/file_system.h"
 #include "platform/byte_text.h"
+#include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_identity.h"
 #include "wizard/wizard.h"
@@ -47,6 +47,10 @@ bool Scan(Wizard& wizard, const CliOptions& options, std::ostream& err) {
 // reason in `error`) when NEW names neither a folder nor a .hhp file.
 std::string NewProjectFile(const CliOptions& options, std::string& error) {
     const std::string& given = options.newProject;
+    if (given.empty()) {
+        error = "NEW is empty";
+        return {};
+    }
     const bool folder = given.back() == '/' || given.back() == '\\' ||
                         modUtilities::FolderExists(given);
     if (folder)
@@ -88,14 +92,16 @@ void ReportInterruption(const Wizard& wizard, std::ostream& err) {
     err << std::flush;
 }
 
-// The marker of a run in progress; one left by an earlier run means it was interrupted.
-void MarkRunInProgress(const std::string& folder, std::ostream& err) {
+// The marker of a run in progress; one left by an earlier run means it was
+// interrupted, and is said (and returned).
+bool MarkRunInProgress(const std::string& folder, std::ostream& err) {
     FileSystem& fs = SharedFileSystem();
     fs.SetRunMarker(kRunMarker);
-    if (!fs.FolderExists(folder)) return;  // written when the write step creates it
-    if (fs.FileExists(fs.BuildPath(folder, kRunMarker)))
-        err << "tamrix-cli: an earlier run into " << folder
-            << " was interrupted; its files there may be incomplete.\n";
+    if (!fs.FolderExists(folder)) return false;  // written when the write step creates it
+    if (!fs.FileExists(fs.BuildPath(folder, kRunMarker))) return false;
+    err << "tamrix-cli: an earlier run into " << folder
+        << " was interrupted; its files there may be incomplete.\n";
+    return true;
 }
 
 int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std::ostream& err) {
@@ -110,7 +116,7 @@ int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std:
     if (options.css) wizard.mnuOptionsHTML_Click();
     if (!Scan(wizard, options, err)) return 1;
     const std::string folder = modUtilities::FilePathOnly(newProject);
-    MarkRunInProgress(folder, err);
+    const bool earlierInterrupted = MarkRunInProgress(folder, err);
     wizard.controls.txtRootPath = newProject;
     FileSystem& fs = SharedFileSystem();
     ProtectInput(wizard);
@@ -126,8 +132,9 @@ int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std:
     const std::vector<std::string> problems =
         finished ? ConversionProblems(wizard, view.ErrorCount()) : std::vector<std::string>{};
     if (finished) PrintSummary(wizard, problems, options.quiet, out, err);
-    // A normal end, also one at a step: the folder holds what this run meant to write.
-    if (!fs.WriteRoot().empty())
+    // A normal end, also one at a step, unless the folder still holds what an
+    // interrupted run left there.
+    if (!fs.WriteRoot().empty() && (finished || !earlierInterrupted))
         Quietly([&] { fs.RemoveFile(fs.BuildPath(fs.WriteRoot(), kRunMarker)); });
     if (!finished) return 1;
     return problems.empty() ? 0 : 3;
