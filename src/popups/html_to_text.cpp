@@ -1,10 +1,9 @@
 #include "popups/html_to_text.h"
 
 #include <cstdint>
-#include <utility>
-#include <vector>
 
 #include "platform/program_error.h"
+#include "popups/char_chain.h"
 
 namespace tamrix::modStrings {
 namespace {
@@ -20,70 +19,6 @@ std::string ApplyInOrder(std::string text, std::initializer_list<Replacement> st
     for (const Replacement& step : steps) text = ReplaceAll(text, step.find, step.replacement);
     return text;
 }
-
-// The text as a chain of characters, so that removing a tag costs its own
-// length and not the length of what follows it. Positions are indices into the
-// original text; they stay valid while characters around them are removed.
-class CharChain {
-public:
-    static constexpr std::uint32_t kEnd = UINT32_MAX;
-
-    explicit CharChain(std::string_view text) : text_(text), next_(text.size()), prev_(text.size()) {
-        for (std::uint32_t i = 0; i < text.size(); ++i) {
-            next_[i] = i + 1 < text.size() ? i + 1 : kEnd;
-            prev_[i] = i > 0 ? i - 1 : kEnd;
-        }
-        head_ = text.empty() ? kEnd : 0;
-    }
-
-    std::uint32_t Head() const { return head_; }
-    std::uint32_t Next(std::uint32_t at) const { return at == kEnd ? kEnd : next_[at]; }
-    std::uint32_t Prev(std::uint32_t at) const { return at == kEnd ? kEnd : prev_[at]; }
-    std::uint32_t Step(std::uint32_t at, int count) const {
-        for (; count > 0 && at != kEnd; --count) at = next_[at];
-        return at;
-    }
-    std::uint32_t StepBack(std::uint32_t at, int count) const {
-        for (; count > 0 && prev_[at] != kEnd; --count) at = prev_[at];
-        return at;
-    }
-
-    // Whether `word` starts at `at`, without regard to case.
-    bool MatchAt(std::uint32_t at, std::string_view word) const {
-        for (const char c : word) {
-            if (at == kEnd || !EqualsNoCase(std::string_view(&text_[at], 1), std::string_view(&c, 1)))
-                return false;
-            at = next_[at];
-        }
-        return true;
-    }
-    std::uint32_t Find(std::string_view word, std::uint32_t from) const {
-        while (from != kEnd && !MatchAt(from, word)) from = next_[from];
-        return from;
-    }
-    std::uint32_t FindChar(char c, std::uint32_t from) const {
-        while (from != kEnd && text_[from] != c) from = next_[from];
-        return from;
-    }
-
-    // Removes the characters from `first` to `last`, both included.
-    void Remove(std::uint32_t first, std::uint32_t last) {
-        const std::uint32_t before = prev_[first], after = next_[last];
-        (before == kEnd ? head_ : next_[before]) = after;
-        if (after != kEnd) prev_[after] = before;
-    }
-
-    std::string Text() const {
-        std::string out;
-        for (std::uint32_t at = head_; at != kEnd; at = next_[at]) out += text_[at];
-        return out;
-    }
-
-private:
-    std::string_view text_;
-    std::vector<std::uint32_t> next_, prev_;
-    std::uint32_t head_ = kEnd;
-};
 
 // The links are taken apart one at a time from the first "<A"; nothing before
 // the last link's place can hold one, so each search goes on from there, and
