@@ -2,13 +2,15 @@
 """Writes a synthetic HTML Help project of N topic files as HTML Help Workshop
 generates it from a WinHelp project, with the .hpj and map header it came from.
 
-    make_project.py OUTDIR N [SEED]
+    make_project.py OUTDIR N [SEED [HUGE]]
 
 The same N and SEED always give the same bytes. Layout of OUTDIR:
     Bench.hhp, Bench.hpj, Bench.hh (map header), Contents.hhc, Bench.hhk,
     html\\<prefix><4 base-36>.htm, images\\*.gif
 About one topic in ten is an untitled popup; most popups are called by links,
-some only by map IDs from the application.
+some only by map IDs from the application. With HUGE, the first popup holds
+HUGE links and the second HUGE images, so that cleaning popup text is measured
+on bodies of many megabytes.
 """
 import os
 import random
@@ -44,6 +46,7 @@ class Topic:
         self.popup = popup
         self.extra = []        # further anchor names (link fragments)
         self.mapped = False    # defined in the map header
+        self.huge = None       # ("links" or "images", count) for a huge popup body
 
 
 def make_topics(rng, n):
@@ -87,6 +90,12 @@ def topic_html(rng, t, normals, popups):
     if t.popup:
         names = "".join('<A NAME="%s"></A>' % name for name in [t.context] + t.extra)
         lines += ['<P>%s%s</P>' % (names, sentence(rng, 12)), ""]
+        if t.huge and t.huge[0] == "links":
+            lines += ["".join('<A HREF="%s">w%d</A> ' % (t.file_name, i % 10)
+                              for i in range(t.huge[1]))]
+        elif t.huge:
+            lines += ["".join('<IMG SRC="../images/%s"> ' % IMAGES[i % len(IMAGES)]
+                              for i in range(t.huge[1]))]
     else:
         lines += ['<P><A NAME="%s"></A><B>%s</B></P>' % (t.context, t.title), ""]
         for _ in range(rng.randint(1, 3)):
@@ -110,10 +119,11 @@ def topic_html(rng, t, normals, popups):
 
 
 def main():
-    if len(sys.argv) not in (3, 4):
+    if len(sys.argv) not in (3, 4, 5):
         sys.exit(__doc__)
     out, n = sys.argv[1], int(sys.argv[2])
-    seed = int(sys.argv[3]) if len(sys.argv) == 4 else 1
+    seed = int(sys.argv[3]) if len(sys.argv) >= 4 else 1
+    huge = int(sys.argv[4]) if len(sys.argv) == 5 else 0
     rng = random.Random("%d/%d" % (n, seed))
     if os.path.isdir(out):
         shutil.rmtree(out)
@@ -126,6 +136,8 @@ def main():
     # Popups linked from topics are the first 70%; the rest are called only by
     # the application through map IDs.
     linked = popups[: (len(popups) * 7) // 10]
+    if huge:
+        linked[0].huge, linked[1].huge = ("links", huge), ("images", huge)
     for t in topics:
         with open(os.path.join(out, "html", t.file_name), "wb") as f:
             f.write(topic_html(rng, t, normals, linked))

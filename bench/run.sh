@@ -3,6 +3,10 @@
 # several project sizes and writes bench/RESULTS.md.
 #
 #   bench/run.sh [SIZES...]          (default: 1000 10000 30000)
+#   bench/run.sh --popups-only       only the large-popup table, replaced in RESULTS.md
+#
+# Every run also converts projects with one popup of POPUP_SIZES links and one of
+# as many images (default: 100000 1000000), and checks that no input changed.
 #
 # Environment: BUILD (default build-rel), WORK (default /tmp/tamrix-bench; a
 # fresh folder under it is used and removed at the end),
@@ -16,8 +20,11 @@ build="${BUILD:-$root/build-rel}"
 work="${WORK:-/tmp/tamrix-bench}"
 runs="${RUNS:-3}"
 seed="${SEED:-1}"
+popups_only=0
+if [ "${1:-}" = "--popups-only" ]; then popups_only=1; shift; fi
 sizes=("$@")
 [ ${#sizes[@]} -gt 0 ] || sizes=(1000 10000 30000)
+read -r -a popup_sizes <<<"${POPUP_SIZES:-100000 1000000}"
 cli="$build/src/tamrix-cli"
 [ -x "$cli" ] || cli="$(find "$build" -name tamrix-cli -type f -perm -u+x | head -n 1)"
 [ -x "$cli" ] || { echo "tamrix-cli not found under $build" >&2; exit 2; }
@@ -38,6 +45,52 @@ trap 'rm -rf "$work"' EXIT
 now_ns() { date +%s%N; }
 median() { sort -g | awk '{ v[NR] = $1 } END { print (NR % 2) ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'; }
 max() { sort -g | tail -n 1; }
+checksum() { (cd "$1" && find . -type f -print0 | sort -z | xargs -0 md5sum | md5sum); }
+# Converts SRC into OUT (label for messages): sets t0 and t1 (ns), leaves
+# "peak-KiB user-s system-s" in $work/rss, and fails when the input changed.
+convert_once() {
+    local src="$1" out="$2" label="$3" sum
+    sum="$(checksum "$src")"
+    mkdir -p "$out"
+    t0=$(now_ns)
+    /usr/bin/time -f '%M %U %S' -o "$work/rss" \
+        "$cli" convert "$src/Bench.hhp" "$out/Bench.hhp" --hpj "$src/Bench.hpj" \
+        --popups --yes --quiet >"$work/convert.out" 2>&1 \
+        || { echo "convert failed ($label):" >&2; cat "$work/convert.out" >&2; exit 1; }
+    t1=$(now_ns)
+    [ "$(checksum "$src")" = "$sum" ] || { echo "the input changed ($label)" >&2; exit 1; }
+}
+
+# One conversion of a project whose popups hold K links and K images each.
+popup_rows=()
+for k in "${popup_sizes[@]}"; do
+    src="$work/popups-$k" out="$work/popups-out-$k"
+    echo "popups of $k links and images: generating" >&2
+    python3 "$here/make_project.py" "$src" 100 "$seed" "$k"
+    convert_once "$src" "$out" "popups $k"
+    sizes_mib="$(find "$src/html" -name 'popu*.htm' -printf '%s\n' | sort -g | tail -n 2 | awk '{ printf "%s%.1f", (NR > 1 ? " / " : ""), $1 / 1048576 }')"
+    popup_rows+=("$(awk -v k="$k" -v s="$sizes_mib" -v a="$t0" -v b="$t1" -v r="$(cat "$work/rss")" 'BEGIN {
+        split(r, f, " "); printf "| %d | %s | %.2f | %.2f | %.1f |", k, s, (b - a) / 1e9, f[2] + f[3], f[1] / 1024 }')")
+    echo "${popup_rows[-1]}" >&2
+done
+popup_table() {
+    echo "## Large popups"
+    echo
+    echo "One conversion of a 100-topic project (\`make_project.py DIR 100 $seed K\`) whose first popup"
+    echo "holds K links and whose second holds K images, both called by links and by map IDs,"
+    echo "so each is cleaned for popups.js and for cshelp.txt. The input is checked unchanged afterwards."
+    echo
+    echo "| K | popup files MiB (links / images) | convert s | CPU s | peak RSS MiB |"
+    echo "|---:|---|---:|---:|---:|"
+    printf '%s\n' "${popup_rows[@]}"
+}
+if [ "$popups_only" = 1 ]; then
+    results="$here/RESULTS.md"
+    { sed '/^## Large popups/,$d' "$results"; popup_table; } >"$results.new"
+    mv "$results.new" "$results"
+    popup_table
+    exit 0
+fi
 
 build_type="$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build/CMakeCache.txt" 2>/dev/null || true)"
 load_before="$(cut -d' ' -f1-3 /proc/loadavg)"
@@ -49,14 +102,7 @@ for n in "${sizes[@]}"; do
     topics="$(find "$src/html" -name '*.htm' | wc -l)"
     conv_times=() copy_times=() rss=() cpu=()
     for ((r = 1; r <= runs; r++)); do
-        out="$work/out-$n-$r"
-        mkdir -p "$out"
-        t0=$(now_ns)
-        /usr/bin/time -f '%M %U %S' -o "$work/rss" \
-            "$cli" convert "$src/Bench.hhp" "$out/Bench.hhp" --hpj "$src/Bench.hpj" \
-            --popups --yes --quiet >"$work/convert.out" 2>&1 \
-            || { echo "convert failed (N=$n):" >&2; cat "$work/convert.out" >&2; exit 1; }
-        t1=$(now_ns)
+        convert_once "$src" "$work/out-$n-$r" "N=$n"
         conv_times+=("$(awk -v a="$t0" -v b="$t1" 'BEGIN { printf "%.4f", (b - a) / 1e9 }')")
         rss+=("$(tail -n 1 "$work/rss" | cut -d' ' -f1)")
         cpu+=("$(tail -n 1 "$work/rss" | awk '{ print $2 + $3 }')")
@@ -140,5 +186,7 @@ disk="$(df -hT "$work" | awk 'NR == 2 { print $2 " file system on " $1 ", " $3 "
         echo
         cat "$notes"
     fi
+    echo
+    popup_table
 } >"$here/RESULTS.md"
 cat "$here/RESULTS.md"

@@ -10,18 +10,60 @@ namespace tamrix::cli {
 
 const char* UsageText() {
     return "Usage:\n"
-           "  tamrix-cli convert OLD.hhp NEW.hhp [--hpj OLD.hpj] [--css[=NAME]] [--popups]\n"
+           "  tamrix-cli convert OLD.hhp (NEW.hhp | DIR/) [--hpj OLD.hpj] [--css[=NAME]] [--popups]\n"
            "                     [--keep-zero-ids] [--hm-maps] [--yes | --no]\n"
            "                     [--answer ID=ANSWER]... [--quiet]\n"
            "  tamrix-cli scan OLD.hhp [--hpj OLD.hpj] [--hm-maps] [--log FILE] [--yes | --no]\n"
            "                  [--answer ID=ANSWER]...\n"
            "  tamrix-cli check PROJECT.hhp [--json]\n"
            "  tamrix-cli compile PROJECT.hhp [-o FILE.chm]\n"
+           "  tamrix-cli convert --help | scan --help\n"
            "  tamrix-cli --help | --version\n"
            "\n"
            "ANSWER is yes, no, ok, cancel, abort, retry or ignore; ID is the number of the\n"
            "message asked. Unanswered questions are asked on a terminal, else answered No.\n"
-           "Exit status: 0 done, 1 the wizard stopped at a step, 2 usage error.\n";
+           "Exit status: 0 done, 3 done with problems (the summary names them), 1 the\n"
+           "wizard stopped at a step, 2 usage error, 130 interrupted.\n"
+           "tamrix-cli convert --help and tamrix-cli scan --help explain every option.\n";
+}
+
+const char* CommandUsageText(Command command) {
+    if (command == Command::kScan)
+        return "Usage: tamrix-cli scan OLD.hhp [options]\n"
+               "\n"
+               "Reads the HTML Help project OLD.hhp and prints its scan log.\n"
+               "\n"
+               "  --hpj OLD.hpj        the WinHelp project OLD.hhp was generated from\n"
+               "  --hm-maps            read Visual C++ map files' \"NAME  VALUE\" lines (.hm)\n"
+               "  --log FILE           write the scan log to FILE instead of standard output\n"
+               "  --yes | --no         answer every question Yes (or OK) | No (or Cancel)\n"
+               "  --answer ID=ANSWER   answer the question with message number ID; ANSWER is\n"
+               "                       yes, no, ok, cancel, abort, retry or ignore\n"
+               "  --help               show this text\n"
+               "\n"
+               "Exit status: 0 done, 1 the scan stopped, 2 usage error, 130 interrupted.\n";
+    return "Usage: tamrix-cli convert OLD.hhp NEW [options]\n"
+           "\n"
+           "Writes a new HTML Help project from OLD.hhp. NEW is the new project file\n"
+           "(NEW.hhp), or a folder (existing, or ending in a separator) that gets a\n"
+           "project file of OLD.hhp's name. The input project is never changed.\n"
+           "\n"
+           "  --hpj OLD.hpj        the WinHelp project OLD.hhp was generated from; its map\n"
+           "                       and alias definitions are carried over\n"
+           "  --css[=NAME]         link every topic to the style sheet NAME (HHStyles.css),\n"
+           "                       created when the new folder has none\n"
+           "  --popups             edit the topics that call popups to use script popups\n"
+           "  --keep-zero-ids      keep context IDs whose value is zero\n"
+           "  --hm-maps            read Visual C++ map files' \"NAME  VALUE\" lines (.hm)\n"
+           "  --yes | --no         answer every question Yes (or OK) | No (or Cancel)\n"
+           "  --answer ID=ANSWER   answer the question with message number ID; ANSWER is\n"
+           "                       yes, no, ok, cancel, abort, retry or ignore\n"
+           "  --quiet              print only errors\n"
+           "  --help               show this text\n"
+           "\n"
+           "Questions not answered by an option are asked on a terminal, else answered No.\n"
+           "Exit status: 0 done, 3 done with problems (the summary names them), 1 the\n"
+           "wizard stopped at a step, 2 usage error, 130 interrupted.\n";
 }
 
 int AnswerCode(const std::string& name) {
@@ -67,7 +109,11 @@ std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, s
             return args[++i];
         };
         const bool convert = options.command == Command::kConvert;
-        if (arg == "--hpj") {
+        if (arg == "--help" || arg == "-h") {
+            options.helpFor = options.command;
+            options.command = Command::kHelp;
+            return options;
+        } else if (arg == "--hpj") {
             auto v = value("--hpj");
             if (!v) return std::nullopt;
             options.hpj = *v;

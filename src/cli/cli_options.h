@@ -12,6 +12,7 @@ enum class DefaultAnswer { kAsk, kYes, kNo };
 
 struct CliOptions {
     Command command = Command::kNone;
+    Command helpFor = Command::kNone;  // "convert --help": the usage of that command
     std::string oldProject;
     std::string newProject;
     std::string hpj;
@@ -34,5 +35,7 @@ std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, s
 int AnswerCode(const std::string& name);
 
 const char* UsageText();
+// The usage of one command with every option explained.
+const char* CommandUsageText(Command command);
 
 }  // namespace tamrix::cli

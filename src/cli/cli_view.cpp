@@ -72,16 +72,19 @@ int CliView::MessageBox(const MessageRequest& request) {
     ClearProgress();
     int codes[3] = {};
     const bool question = ButtonsOfStyle(request.style, codes) > 1;
-    const bool shown = !options_.quiet || question || (request.style & 0x70) == mb::kExclamation ||
-                       (request.style & 0x70) == mb::kCritical;
-    if (shown || interactive_) {
+    // Quiet runs show warnings, and questions only when they are really asked.
+    const bool warning = (request.style & 0x70) == mb::kExclamation ||
+                         (request.style & 0x70) == mb::kCritical;
+    const bool asking = question && interactive_ && !Preanswered(request);
+    const bool shown = !options_.quiet || (warning && !question) || asking;
+    if (shown) {
         err_ << request.title << ": " << OneLine(request.text);
         if (request.catalogueId != 0 && question) err_ << "  [message " << request.catalogueId << "]";
         err_ << "\n";
     }
     bool asked = false;
     const int answer = Answer(request, asked);
-    if (question && !asked) err_ << "  -> " << ButtonName(answer) << "\n";
+    if (question && !asked && shown) err_ << "  -> " << ButtonName(answer) << "\n";
     err_ << std::flush;
     return answer;
 }
@@ -90,6 +93,17 @@ void CliView::ErrorBox(const std::string& text, const std::string& title) {
     ClearProgress();
     ++errors_;
     err_ << title << ": " << OneLine(text) << "\n" << std::flush;
+}
+
+void CliView::ErrorRepeated(const std::string& text, const std::string& title, int times) {
+    ClearProgress();
+    err_ << title << ": " << OneLine(text) << "\n    (repeated " << times << " times)\n"
+         << std::flush;
+}
+
+bool CliView::Preanswered(const MessageRequest& request) const {
+    return options_.defaultAnswer != DefaultAnswer::kAsk ||
+           (request.catalogueId != 0 && options_.answers.count(request.catalogueId) != 0);
 }
 
 std::optional<std::string> CliView::InputBox(const std::string& prompt, const std::string& title,

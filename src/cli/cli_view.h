@@ -17,6 +17,7 @@ public:
 
     int MessageBox(const MessageRequest& request) override;
     void ErrorBox(const std::string& text, const std::string& title) override;
+    void ErrorRepeated(const std::string& text, const std::string& title, int times) override;
     std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultText) override;
     std::string OpenFileDialog(const FileDialogRequest&) override { return {}; }
@@ -39,6 +40,7 @@ public:
 
 private:
     int Answer(const MessageRequest& request, bool& asked);
+    bool Preanswered(const MessageRequest& request) const;
     void DrawProgress();
     void ClearProgress();
     static std::string OneLine(const std::string& text);

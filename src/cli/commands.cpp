@@ -5,7 +5,10 @@
 #include "cli/check_command.h"
 #include "cli/cli_view.h"
 #include "cli/compile_command.h"
+#include "cli/interruption.h"
+#include "cli/summary.h"
 #include "model/project_state.h"
+#include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_identity.h"
@@ -42,52 +45,102 @@ bool Scan(Wizard& wizard, const CliOptions& options, std::ostream& err) {
     return Next(wizard, err);
 }
 
-long CarriedOverIds() {
-    long n = 0;
-    for (const auto& ids : {modGlobals::MapContextIDs, modGlobals::ProjectContextIDs})
-        if (ids)
-            for (const auto& id : *ids) n += id->FileDefined ? 1 : 0;
-    return n;
+// NEW as the user gave it, made the new project file: an existing folder, or a
+// path ending in a separator, gets the old project's file name. Empty (with the
+// reason in `error`) when NEW names neither a folder nor a .hhp file.
+std::string NewProjectFile(const CliOptions& options, std::string& error) {
+    const std::string& given = options.newProject;
+    if (given.empty()) {
+        error = "NEW is empty";
+        return {};
+    }
+    const bool folder = given.back() == '/' || given.back() == '\\' ||
+                        modUtilities::FolderExists(given);
+    if (folder)
+        return modUtilities::MakeFullPathforFile(given,
+                                                 modUtilities::FileNameNoPath(options.oldProject));
+    if (!EndsWithNoCase(given, ".hhp")) {
+        error = "NEW must be a .hhp file or a folder, and \"" + given +
+                "\" is neither (a folder must exist or end in \"/\")";
+        return {};
+    }
+    return Absolute(given);
 }
 
-void PrintSummary(const Wizard& wizard, std::ostream& out) {
-    long renamed = 0;
-    if (modGlobals::TopicFiles)
-        for (const auto& topic : *modGlobals::TopicFiles)
-            renamed += topic->NewFileName != topic->AutoFileName ? 1 : 0;
-    const std::string root = wizard.NewRootPath;
-    out << "New project:            " << modUtilities::MakeFullPathforFile(root, wizard.NewProjectName)
-        << "\n"
-        << "Topic files renamed:    " << renamed << " of "
-        << (modGlobals::TopicFiles ? modGlobals::TopicFiles->Count() : 0) << "\n"
-        << "Context IDs carried:    " << CarriedOverIds() << "\n"
-        << "Popups extracted:       " << wizard.NumPopupStrings << " to popups.js, "
-        << wizard.NumTextPopups << " to cshelp.txt\n"
-        << "Popup links activated:  " << (wizard.PopupsActivated ? "yes" : "no") << "\n"
-        << "Logs:                   ";
-    const char* logs[] = {"scan.log", "rewrite.log", "popups.log"};
-    bool first = true;
-    for (const char* log : logs) {
-        const std::string path = modUtilities::MakeFullPathforFile(root, log);
-        if (!modUtilities::FileExists(path)) continue;
-        out << (first ? "" : "\n                        ") << path;
-        first = false;
+// Nothing is written into the input project's folders, logs included.
+void ProtectInput(const Wizard& wizard) {
+    SharedFileSystem().SetInputFolders({modUtilities::FilePathOnly(wizard.Projectname),
+                                        modUtilities::FilePathOnly(wizard.WinHelpProjectName)});
+}
+
+// The marker is a courtesy: where it cannot be written, the run goes on without it.
+template <class F>
+void Quietly(F&& body) {
+    try {
+        body();
+    } catch (...) {
     }
-    out << "\n";
+    SharedFileSystem().ClearRefusedWrites();
+}
+
+// Said when SIGINT or SIGTERM stops the run between two files.
+void ReportInterruption(const Wizard& wizard, std::ostream& err) {
+    const int step = wizard.CurrentStep();
+    err << "\ntamrix-cli: interrupted at step " << step << " (" << kStepNames[step] << ")";
+    if (!wizard.ProgressCaption().empty()) err << ", " << wizard.ProgressCaption();
+    err << ".\n";
+    if (!wizard.NewRootPath.empty() && SharedFileSystem().FolderExists(wizard.NewRootPath))
+        err << "tamrix-cli: the new project folder " << wizard.NewRootPath
+            << " is incomplete; run the conversion again.\n";
+    err << std::flush;
+}
+
+// The marker of a run in progress; one left by an earlier run means it was
+// interrupted, and is said (and returned).
+bool MarkRunInProgress(const std::string& folder, std::ostream& err) {
+    FileSystem& fs = SharedFileSystem();
+    fs.SetRunMarker(kRunMarker);
+    if (!fs.FolderExists(folder)) return false;  // written when the write step creates it
+    if (!fs.FileExists(fs.BuildPath(folder, kRunMarker))) return false;
+    err << "tamrix-cli: an earlier run into " << folder
+        << " was interrupted; its files there may be incomplete.\n";
+    return true;
 }
 
 int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std::ostream& err) {
+    std::string error;
+    const std::string newProject = NewProjectFile(options, error);
+    if (newProject.empty()) {
+        err << "tamrix-cli: " << error << "\n\n" << CommandUsageText(Command::kConvert);
+        return 2;
+    }
     Wizard wizard(view);
+    SetInterruptReport([&] { ReportInterruption(wizard, err); });
     if (options.css) wizard.mnuOptionsHTML_Click();
     if (!Scan(wizard, options, err)) return 1;
-    wizard.controls.txtRootPath = Absolute(options.newProject);
-    if (!Next(wizard, err)) return 1;
-    wizard.controls.optYesPopups = options.popups;
-    wizard.controls.optNoPopups = !options.popups;
-    if (!Next(wizard, err)) return 1;
-    if (wizard.CurrentStep() != 5) return 1;
-    if (!options.quiet) PrintSummary(wizard, out);
-    return 0;
+    const std::string folder = modUtilities::FilePathOnly(newProject);
+    const bool earlierInterrupted = MarkRunInProgress(folder, err);
+    wizard.controls.txtRootPath = newProject;
+    FileSystem& fs = SharedFileSystem();
+    ProtectInput(wizard);
+    if (fs.FolderExists(folder)) {
+        fs.SetWriteRoot(folder);
+        Quietly([&] { fs.WriteRunMarker(); });  // the write step refuses a wrong folder
+    }
+    const bool finished = Next(wizard, err) && [&] {
+        wizard.controls.optYesPopups = options.popups;
+        wizard.controls.optNoPopups = !options.popups;
+        return Next(wizard, err) && wizard.CurrentStep() == 5;
+    }();
+    const std::vector<std::string> problems =
+        finished ? ConversionProblems(wizard, view.ErrorCount()) : std::vector<std::string>{};
+    if (finished) PrintSummary(wizard, problems, options.quiet, out, err);
+    // A normal end, also one at a step, unless the folder still holds what an
+    // interrupted run left there.
+    if (!fs.WriteRoot().empty() && (finished || !earlierInterrupted))
+        Quietly([&] { fs.RemoveFile(fs.BuildPath(fs.WriteRoot(), kRunMarker)); });
+    if (!finished) return 1;
+    return problems.empty() ? 0 : 3;
 }
 
 int RunScan(const CliOptions& options, CliView& view, std::ostream& out, std::ostream& err) {
@@ -102,6 +155,7 @@ int RunScan(const CliOptions& options, CliView& view, std::ostream& out, std::os
         out << log->Text();
         return 0;
     }
+    ProtectInput(wizard);
     if (!log->SaveAsTextFile(Absolute(*options.logFile))) {
         err << "tamrix-cli: cannot write " << *options.logFile << "\n";
         return 1;
@@ -124,15 +178,22 @@ int RunCli(const std::vector<std::string>& args, std::istream& in, std::ostream&
         return 2;
     }
     switch (options->command) {
-        case Command::kHelp: out << UsageText(); return 0;
+        case Command::kHelp:
+            out << (options->helpFor == Command::kNone ? UsageText()
+                                                       : CommandUsageText(options->helpFor));
+            return 0;
         case Command::kVersion: out << "Tamrix " << VersionString() << "\n"; return 0;
         default: break;
     }
     modGlobals::ResetAll();
     CliView view(*options, in, err, interactive, showProgress);
     ScopedActiveView active(view);
-    const int status = options->command == Command::kConvert ? RunConvert(*options, view, out, err)
-                                                             : RunScan(*options, view, out, err);
+    SetInterruptReport([&err] { err << "\ntamrix-cli: interrupted.\n" << std::flush; });
+    const int status = options->command == Command::kConvert
+                           ? RunConvert(*options, view, out, err)
+                           : RunScan(*options, view, out, err);
+    SetInterruptReport(nullptr);
+    SharedFileSystem().SetRunMarker({});
     SharedFileSystem().SetWriteRoot({});
     return status;
 }

@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/interruption.h"
 
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);
+    tamrix::cli::InstallInterruptHandlers();
     const bool interactive = ::isatty(STDIN_FILENO) != 0 && ::isatty(STDERR_FILENO) != 0;
     const bool progress = ::isatty(STDERR_FILENO) != 0;
     return tamrix::cli::RunCli(args, std::cin, std::cout, std::cerr, interactive, progress);

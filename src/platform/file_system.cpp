@@ -11,6 +11,7 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "platform/byte_text.h"
 #include "platform/program_error.h"
@@ -61,10 +62,22 @@ std::string JoinDisk(const std::string& folder, const std::string& name) {
     return folder == "/" ? "/" + name : folder + "/" + name;
 }
 
-std::string RealFolder(const std::string& path) {
+// The path with every existing ancestor resolved through links; empty when that
+// cannot be done (a dangling link, a file where a folder should be, no access).
+std::string Resolved(const std::string& absolute) {
     char buf[PATH_MAX];
-    if (::realpath(path.c_str(), buf) != nullptr) return buf;
-    return {};
+    if (::realpath(absolute.c_str(), buf) != nullptr) return buf;
+    struct stat st {};
+    if (errno != ENOENT || ::lstat(absolute.c_str(), &st) == 0 || absolute == "/") return {};
+    const std::string parent = Resolved(ParentOf(absolute));
+    if (parent.empty()) return {};
+    return JoinDisk(parent, absolute.substr(absolute.rfind('/') + 1));
+}
+
+bool InsideOrSame(const std::string& path, const std::string& folder) {
+    if (folder == "/") return true;
+    return path.compare(0, folder.size(), folder) == 0 &&
+           (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
 }  // namespace
@@ -141,6 +154,15 @@ bool FileSystem::FolderExists(std::string_view path) {
     return StatPath(DiskPath(path), st) && S_ISDIR(st.st_mode);
 }
 
+bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
+    const std::string diskA = DiskPath(GetAbsolutePathName(a));
+    const std::string diskB = DiskPath(GetAbsolutePathName(b));
+    const auto idA = IdentityOf(diskA), idB = IdentityOf(diskB);
+    if (idA || idB) return idA == idB;
+    const std::string resolvedA = Resolved(diskA);
+    return !resolvedA.empty() && resolvedA == Resolved(diskB);
+}
+
 std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
     std::string text = Slashes(path);
     if (text.empty() || text[0] != '/') {
@@ -176,6 +198,7 @@ std::string FileSystem::BuildPath(std::string_view folder, std::string_view name
 }
 
 std::string FileSystem::ReadAll(std::string_view path) {
+    CheckInterrupt();
     const std::string disk = DiskPath(path);
     struct stat st {};
     if (!StatPath(disk, st)) RaiseError(err::kFileNotFound, "File not found: " + disk);
@@ -197,33 +220,100 @@ std::string FileSystem::ReadAll(std::string_view path) {
         content.append(buf, static_cast<std::size_t>(n));
     }
     ::close(fd);
+    NoteRead(disk);
     return content;
 }
 
 void FileSystem::SetWriteRoot(std::string_view folder) {
     writeRoot_ = folder.empty() ? std::string() : GetAbsolutePathName(folder);
+    written_.clear();
+    refused_.clear();
+    resolvedRoot_.clear();
+    if (!writeRoot_.empty()) return;
+    inputFolders_.clear();
+    inputTree_.clear();
+    inputFiles_.clear();
+}
+
+void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
+    inputFolders_.clear();
+    inputTree_.clear();
+    for (const std::string& folder : folders)
+        if (const auto id = folder.empty() ? std::nullopt
+                                           : IdentityOf(DiskPath(GetAbsolutePathName(folder))))
+            inputFolders_.push_back(*id);
 }
 
 bool FileSystem::InsideWriteRoot(std::string_view path) {
     if (writeRoot_.empty()) return true;
-    const std::string abs = GetAbsolutePathName(path);
-    if (abs.size() <= writeRoot_.size() || abs.compare(0, writeRoot_.size(), writeRoot_) != 0 ||
-        abs[writeRoot_.size()] != '/')
-        return false;
-    // A link inside the new folder must not lead out of it either.
-    const std::string realRoot = RealFolder(DiskPath(writeRoot_));
-    const std::string realParent = RealFolder(DiskPath(ParentOf(abs)));
-    if (realRoot.empty() || realParent.empty()) return true;  // not created yet: nothing to follow
-    return realParent == realRoot || realParent.compare(0, realRoot.size() + 1, realRoot + "/") == 0;
+    const std::string root = Resolved(DiskPath(writeRoot_));
+    const std::string target = Resolved(DiskPath(GetAbsolutePathName(path)));
+    return !root.empty() && !target.empty() && target != root && InsideOrSame(target, root);
 }
 
-void FileSystem::CheckWritable(const std::string& diskPath) {
-    if (!InsideWriteRoot(diskPath))
-        RaiseError(err::kOutsideNewFolder, "Refused to write outside the new project folder: " +
-                                               diskPath);
+std::optional<FileSystem::Identity> FileSystem::IdentityOf(const std::string& diskPath) {
+    struct stat st {};
+    if (!StatPath(diskPath, st)) return std::nullopt;
+    return Identity{static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
 }
 
-void FileSystem::NoteWritten(const std::string& diskPath) {
+std::string FileSystem::ResolvedRoot() {
+    if (resolvedRoot_.empty() && !writeRoot_.empty()) {
+        const std::string root = Resolved(DiskPath(writeRoot_));
+        if (IdentityOf(root)) resolvedRoot_ = root;  // a root not made yet may still change
+        return root;
+    }
+    return resolvedRoot_;
+}
+
+// The nearest input folder that is `path` or holds it. Answers are kept per
+// resolved path: they hold for the run, as nothing moves folders meanwhile.
+std::optional<FileSystem::Identity> FileSystem::InputFolderOf(const std::string& path) {
+    if (inputFolders_.empty()) return std::nullopt;
+    if (auto it = inputTree_.find(path); it != inputTree_.end()) return it->second;
+    std::optional<Identity> found;
+    const auto id = IdentityOf(path);
+    if (id && std::find(inputFolders_.begin(), inputFolders_.end(), *id) != inputFolders_.end())
+        found = id;
+    else if (path != "/")
+        found = InputFolderOf(ParentOf(path));
+    inputTree_[path] = found;
+    return found;
+}
+
+std::string FileSystem::RefusalReason(const std::string& target) {
+    if (target.empty()) return "its folder cannot be resolved";
+    const std::string root = ResolvedRoot();
+    if (!writeRoot_.empty() && (root.empty() || !InsideOrSame(target, root)))
+        return "it lies outside the new project folder";
+    const auto own = IdentityOf(target);
+    const bool isInput =
+        own && std::find(inputFolders_.begin(), inputFolders_.end(), *own) != inputFolders_.end();
+    if (const auto input = isInput ? own : InputFolderOf(ParentOf(target))) {
+        // A new folder the user chose strictly inside the input folder may be written.
+        const bool nested = !root.empty() && InputFolderOf(root) == input && IdentityOf(root) != input;
+        if (!nested) return "it lies in the input project's folder";
+    }
+    if (own && !inputFolders_.empty() && inputFiles_.count(*own) != 0)
+        return "it is a file of the input project";
+    return {};
+}
+
+std::string FileSystem::CheckWritable(const std::string& diskPath) {
+    const std::string target = Resolved(diskPath);
+    const std::string reason = RefusalReason(target);
+    if (reason.empty()) return target;
+    refused_.push_back({diskPath, reason});
+    RaiseError(err::kOutsideNewFolder, "Refused to write \"" + diskPath + "\": " + reason + ".");
+}
+
+void FileSystem::NoteRead(const std::string& diskPath) {
+    if (!writeRoot_.empty()) return;
+    if (const auto id = IdentityOf(diskPath)) inputFiles_.insert(*id);
+}
+
+void FileSystem::NoteWritten(const std::string& diskPath, const std::string& resolved) {
+    written_.insert(resolved);
     const std::string folder = ParentOf(diskPath);
     auto it = listings_.find(folder);
     if (it == listings_.end()) return;
@@ -259,8 +349,9 @@ void FileSystem::SweepTempFiles(const std::string& folder) {
 }
 
 void FileSystem::WriteAll(std::string_view path, std::string_view content) {
+    CheckInterrupt();
     const std::string disk = DiskPath(GetAbsolutePathName(path));
-    CheckWritable(disk);
+    const std::string resolved = CheckWritable(disk);
     struct stat st {};
     if (StatPath(disk, st) && S_ISDIR(st.st_mode))
         RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
@@ -289,16 +380,35 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content) {
         ::unlink(temp.c_str());
         RaiseError(ErrnoToError(e), disk);
     }
-    NoteWritten(disk);
+    NoteWritten(disk, resolved);
 }
 
 void FileSystem::CopyFile(std::string_view from, std::string_view to) { WriteAll(to, ReadAll(from)); }
 
 void FileSystem::CreateFolder(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
-    CheckWritable(disk + "/x");
-    if (::mkdir(disk.c_str(), 0777) != 0 && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
-    NoteWritten(disk);
+    CheckInterrupt();
+    const std::string resolved = CheckWritable(disk);
+    const bool created = ::mkdir(disk.c_str(), 0777) == 0;
+    if (!created && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
+    NoteWritten(disk, resolved);
+    if (created && !writeRoot_.empty() && SameEntry(disk, writeRoot_)) WriteRunMarker();
+}
+
+void FileSystem::WriteRunMarker() {
+    if (!runMarker_.empty() && !writeRoot_.empty())
+        WriteAll(BuildPath(writeRoot_, runMarker_), "A conversion into this folder is running.\r\n");
+}
+
+void FileSystem::RemoveFile(std::string_view path) {
+    const std::string disk = DiskPath(GetAbsolutePathName(path));
+    const std::string resolved = CheckWritable(disk);
+    if (::unlink(disk.c_str()) != 0 && errno != ENOENT) RaiseError(ErrnoToError(errno), disk);
+    written_.erase(resolved);
+}
+
+bool FileSystem::Written(std::string_view path) {
+    return written_.count(Resolved(DiskPath(GetAbsolutePathName(path)))) != 0;
 }
 
 std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {

@@ -5,6 +5,7 @@
 // to case, or under its UTF-8 spelling when the text is Windows-1252, as a
 // checkout of a Windows project on Linux stores it.
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -21,6 +22,10 @@ public:
     bool FileExists(std::string_view path);
     bool FolderExists(std::string_view path);
 
+    // Whether two paths name the same file or folder: by device and inode when it
+    // exists, else by their spelling with every link resolved.
+    bool SameEntry(std::string_view a, std::string_view b);
+
     // Absolute path with "." and ".." resolved textually; "\" and "/" both separate.
     std::string GetAbsolutePathName(std::string_view path) const;
     // Joins a folder and a name with one separator.
@@ -34,15 +39,41 @@ public:
     void WriteAll(std::string_view path, std::string_view content);
     void CopyFile(std::string_view from, std::string_view to);
     void CreateFolder(std::string_view path);
+    // Removes a file; a missing file is no error. Checked like a write.
+    void RemoveFile(std::string_view path);
+    // Whether this run wrote the file (since the write root was last set).
+    bool Written(std::string_view path);
     // Names of the regular files directly in a folder, sorted.
     std::vector<std::string> ListFiles(std::string_view folder);
 
     // Every write must land inside this folder (empty: no restriction). A write
-    // elsewhere raises error 600 and nothing is written.
+    // elsewhere raises error 600 and nothing is written. Clearing it also forgets
+    // the input folders and the files read so far.
     void SetWriteRoot(std::string_view folder);
     const std::string& WriteRoot() const { return writeRoot_; }
-    // Whether an absolute path lies inside the write root.
+    // Whether an absolute path lies inside the write root, links followed.
     bool InsideWriteRoot(std::string_view path);
+    // The folders of the input project. Nothing is written into their trees, except
+    // inside a write root that lies strictly inside one; a file read while no write
+    // root was set is never replaced.
+    void SetInputFolders(const std::vector<std::string>& folders);
+
+    // Called before every read and write, so that a run can stop between two
+    // files and never in the middle of one.
+    void SetInterruptCheck(void (*check)()) { interruptCheck_ = check; }
+    // A file put into the write root as soon as the root is created, and taken
+    // away by the run that created it when it ends normally.
+    void SetRunMarker(std::string_view name) { runMarker_ = name; }
+    const std::string& RunMarker() const { return runMarker_; }
+    void WriteRunMarker();
+
+    // A write that was refused, and why.
+    struct RefusedWrite {
+        std::string path;
+        std::string reason;
+    };
+    const std::vector<RefusedWrite>& RefusedWrites() const { return refused_; }
+    void ClearRefusedWrites() { refused_.clear(); }
 
     // Drops the cached folder listings.
     void ForgetListings() { listings_.clear(); }
@@ -54,12 +85,39 @@ private:
     };
     const std::string* FindEntry(const std::string& folder, std::string_view component);
     Listing& ListingOf(const std::string& folder);
-    void NoteWritten(const std::string& diskPath);
-    void CheckWritable(const std::string& diskPath);
+    struct Identity {
+        std::uint64_t device = 0;
+        std::uint64_t inode = 0;
+        bool operator==(const Identity&) const = default;
+    };
+    struct IdentityHash {
+        std::size_t operator()(const Identity& id) const { return id.device * 31 + id.inode; }
+    };
+    static std::optional<Identity> IdentityOf(const std::string& diskPath);
+    std::optional<Identity> InputFolderOf(const std::string& path);
+    std::string ResolvedRoot();
+    void NoteWritten(const std::string& diskPath, const std::string& resolved);
+    void CheckInterrupt() const {
+        if (interruptCheck_ != nullptr) interruptCheck_();
+    }
+    void NoteRead(const std::string& diskPath);
+    // Raises error 600 (and keeps the refusal) unless `diskPath` may be written;
+    // returns it with every link resolved.
+    std::string CheckWritable(const std::string& diskPath);
+    // Why the resolved path may not be written; empty when it may.
+    std::string RefusalReason(const std::string& target);
     void SweepTempFiles(const std::string& folder);
 
     std::unordered_map<std::string, Listing> listings_;
     std::string writeRoot_;
+    std::vector<Identity> inputFolders_;
+    std::unordered_map<std::string, std::optional<Identity>> inputTree_;
+    std::string resolvedRoot_;
+    std::unordered_set<Identity, IdentityHash> inputFiles_;
+    std::vector<RefusedWrite> refused_;
+    std::unordered_set<std::string> written_;
+    void (*interruptCheck_)() = nullptr;
+    std::string runMarker_;
     std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files
 };
 

@@ -1,6 +1,9 @@
 #include "platform/program_error.h"
 
+#include <map>
 #include <new>
+#include <utility>
+#include <vector>
 
 #include "platform/format.h"
 #include "platform/view.h"
@@ -63,16 +66,78 @@ int CurrentErrorNumber() {
     }
 }
 
-void ReportProgramError(int number, std::string_view source) {
+std::string CurrentErrorDetail() {
     try {
-        if (number >= 512) {
-            ActiveView().ErrorBox(
-                "Program Error No. " + SignedText(number) + " From: " + std::string(source),
-                kProgramName);
-        } else {
-            ActiveView().ErrorBox(std::string(source) + "\r\nError: " + ErrorDescription(number),
-                                  "Error");
+        throw;
+    } catch (const BasicError& e) {
+        return e.what() == ErrorDescription(e.Number()) ? std::string() : std::string(e.what());
+    } catch (...) {
+        return {};
+    }
+}
+
+namespace {
+
+struct RepeatedReport {
+    std::string text;
+    std::string title;
+    int times = 0;  // shown once, then counted
+};
+
+struct OperationState {
+    int depth = 0;
+    std::map<std::pair<int, std::string>, RepeatedReport> reports;
+    std::vector<std::pair<int, std::string>> order;
+};
+
+OperationState& Operation() {
+    static OperationState state;
+    return state;
+}
+
+}  // namespace
+
+ErrorReportOperation::ErrorReportOperation() { ++Operation().depth; }
+
+ErrorReportOperation::~ErrorReportOperation() {
+    OperationState& state = Operation();
+    if (--state.depth > 0) return;
+    auto reports = std::move(state.reports);
+    auto order = std::move(state.order);
+    state.reports.clear();
+    state.order.clear();
+    try {
+        for (const auto& key : order) {
+            const RepeatedReport& report = reports[key];
+            if (report.times > 1)
+                ActiveView().ErrorRepeated(report.text, report.title, report.times - 1);
         }
+    } catch (...) {
+        // The count is a courtesy; it must never fail the operation.
+    }
+}
+
+void ReportProgramError(int number, std::string_view source, std::string_view detail) {
+    try {
+        std::string text, title;
+        if (number >= 512) {
+            text = "Program Error No. " + SignedText(number) + " From: " + std::string(source);
+            if (!detail.empty()) text += "\r\n" + std::string(detail);
+            title = kProgramName;
+        } else {
+            text = std::string(source) + "\r\nError: " + ErrorDescription(number);
+            title = "Error";
+        }
+        OperationState& state = Operation();
+        if (state.depth > 0) {
+            const auto key = std::make_pair(number, std::string(source));
+            RepeatedReport& report = state.reports[key];
+            if (report.times++ > 0) return;
+            state.order.push_back(key);
+            report.text = text;
+            report.title = title;
+        }
+        ActiveView().ErrorBox(text, title);
     } catch (...) {
         // The report itself must never fail its caller.
     }

@@ -46,8 +46,24 @@ std::string ErrorDescription(int number);
 // Error number of the exception being handled (call inside a catch block).
 int CurrentErrorNumber();
 
-// The common error report: errors from 512 up are the program's own.
-void ReportProgramError(int number, std::string_view source);
+// What the exception being handled says beyond its number (call inside a catch
+// block); empty when that is only the standard description.
+std::string CurrentErrorDetail();
+
+// The common error report: errors from 512 up are the program's own, and their
+// detail (which file, and why) follows on a line of its own.
+void ReportProgramError(int number, std::string_view source, std::string_view detail = {});
+
+// Within one operation (one user command), a report with the same number and
+// source is shown once; when the operation ends the view is told how many times
+// it came again. Operations nest; the outermost one counts.
+class ErrorReportOperation {
+public:
+    ErrorReportOperation();
+    ~ErrorReportOperation();
+    ErrorReportOperation(const ErrorReportOperation&) = delete;
+    ErrorReportOperation& operator=(const ErrorReportOperation&) = delete;
+};
 
 // Runs `body`; an exception becomes the error report for `source` ("module:Procedure")
 // and the result `failure`.
@@ -56,7 +72,7 @@ R Guarded(std::string_view source, R failure, F&& body) {
     try {
         return std::forward<F>(body)();
     } catch (...) {
-        ReportProgramError(CurrentErrorNumber(), source);
+        ReportProgramError(CurrentErrorNumber(), source, CurrentErrorDetail());
         return failure;
     }
 }
@@ -66,7 +82,7 @@ void GuardedVoid(std::string_view source, F&& body) {
     try {
         std::forward<F>(body)();
     } catch (...) {
-        ReportProgramError(CurrentErrorNumber(), source);
+        ReportProgramError(CurrentErrorNumber(), source, CurrentErrorDetail());
     }
 }
 

@@ -59,6 +59,10 @@ public:
     virtual int MessageBox(const MessageRequest& request) = 0;
     // The plain error box of the common error report.
     virtual void ErrorBox(const std::string& text, const std::string& title) = 0;
+    // The error shown last came `times` times more in the same operation; a
+    // window has nothing to add to the one box it showed.
+    virtual void ErrorRepeated(const std::string& /*text*/, const std::string& /*title*/,
+                               int /*times*/) {}
     // A line of text; nullopt when cancelled.
     virtual std::optional<std::string> InputBox(const std::string& prompt,
                                                 const std::string& title,

@@ -1,8 +1,9 @@
 #include "popups/html_to_text.h"
 
-#include <utility>
+#include <cstdint>
 
 #include "platform/program_error.h"
+#include "popups/char_chain.h"
 
 namespace tamrix::modStrings {
 namespace {
@@ -19,29 +20,66 @@ std::string ApplyInOrder(std::string text, std::initializer_list<Replacement> st
     return text;
 }
 
-// Takes apart the first link at or after `from`; false when the first "<A" there
-// is not a link that can be taken apart, which would otherwise be examined again
-// for ever. Nothing before `from` holds "<A", so each pass starts where the last
-// one ended (one character back, for an "<A" that the removal joined).
-bool RemoveFirstLink(std::string& text, std::size_t& from) {
-    const std::size_t open = FindNoCase(text, "<A", from);
-    if (open == kNotFound) return false;
-    // "HREF=" must begin three characters after "<A", as in "<A HREF=".
-    if (open + 3 > text.size() ||
-        !StartsWithNoCase(std::string_view(text).substr(open + 3), "HREF="))
-        return false;
-    const std::size_t close = FindNoCase(text, "</A>", open);
-    // The end of the opening tag as it will be once "</A>" is gone.
-    std::size_t end = text.find('>', open);
-    if (close != kNotFound && end != std::string::npos && end >= close) {
-        end = text.find('>', close + 4);
-        if (end != std::string::npos) end -= 4;
+// The links are taken apart one at a time from the first "<A"; nothing before
+// the last link's place can hold one, so each search goes on from there, and
+// no "</A>" lies between a link and the "</A>" the last link took, so that
+// search goes on from there too.
+std::string RemoveLinks(std::string_view text) {
+    constexpr auto kEnd = CharChain::kEnd;
+    CharChain chain(text);
+    std::uint32_t from = chain.Head();
+    std::uint32_t closeFrom = kEnd;  // no "</A>" before it, from the last link on
+    bool closes = true;              // once none is found, none comes back after a link
+    while (true) {
+        const std::uint32_t open = chain.Find("<A", from);
+        // "HREF=" must begin three characters after "<A", as in "<A HREF=".
+        if (open == kEnd || !chain.MatchAt(chain.Step(open, 3), "HREF=")) break;
+        std::uint32_t close = kEnd;
+        if (closes) {
+            close = chain.Find("</A>", closeFrom != kEnd && closeFrom > open ? closeFrom : open);
+            closes = close != kEnd;
+        }
+        // The end of the opening tag as it will be once "</A>" is gone.
+        std::uint32_t end = chain.FindChar('>', open);
+        if (close != kEnd && end != kEnd && end >= close)
+            end = chain.FindChar('>', chain.Step(close, 4));
+        if (end == kEnd) break;
+        if (close != kEnd) {
+            const std::uint32_t before = chain.Prev(close);
+            chain.Remove(close, chain.Step(close, 3));
+            // Removing it may join a new "</A>" from the three characters before it.
+            closeFrom = before == kEnd ? chain.Head() : chain.StepBack(before, 2);
+        }
+        if (closeFrom != kEnd && closeFrom >= open && closeFrom <= end) closeFrom = kEnd;
+        from = chain.Prev(open);  // "<" before the tag and "A" after it make a new "<A"
+        chain.Remove(open, end);
+        if (from == kEnd) from = chain.Head();
     }
-    if (end == std::string::npos) return false;
-    if (close != kNotFound) text.erase(close, 4);
-    text.erase(open, end - open + 1);
-    from = open > 0 ? open - 1 : 0;
-    return true;
+    return chain.Text();
+}
+
+// The images are replaced one at a time from the first "<IMG "; a replacement
+// joined to a "<IMG" before it makes a new image tag that ends at the next ">".
+std::string ReplaceImages(std::string_view text) {
+    std::string out;
+    std::size_t pos = 0;
+    while (true) {
+        const std::size_t img = FindNoCase(text, "<IMG ", pos);
+        if (img == kNotFound) break;
+        std::size_t end = text.find('>', img);
+        if (end == std::string_view::npos) break;
+        out.append(text.substr(pos, img - pos));
+        while (EndsWithNoCase(out, "<IMG")) {
+            const std::size_t further = text.find('>', end + 1);
+            if (further == std::string_view::npos) break;
+            out.resize(out.size() - 4);
+            end = further;
+        }
+        out += " (*) ";
+        pos = end + 1;
+    }
+    out.append(text.substr(pos));
+    return out;
 }
 
 }  // namespace
@@ -103,27 +141,14 @@ std::string RemoveAnchor(std::string_view text) {
 
 std::string RemoveHREFs(std::string_view text) {
     return Guarded("modStrings:RemoveHREFs", std::string(), [&] {
-        std::string result(text);
-        // Every pass removes at least "<A" and ">", so the loop ends. A link
-        // found holds "HREF=", so the text holds it for as long as links are found.
-        std::size_t from = 0;
-        while (RemoveFirstLink(result, from)) {
-        }
-        return result;
+        if (text.size() >= CharChain::kEnd) RaiseError(err::kOutOfMemory);
+        return RemoveLinks(text);
     });
 }
 
 std::string RemoveIMGs(std::string_view text) {
     return Guarded("modStrings:RemoveIMGs", std::string(), [&] {
-        std::string result(text);
-        // Every pass removes one ">" and inserts none, so the loop ends.
-        for (std::size_t img = FindNoCase(result, "<IMG "); img != kNotFound;
-             img = FindNoCase(result, "<IMG ")) {
-            const std::size_t end = result.find('>', img);
-            if (end == std::string::npos) break;
-            result.replace(img, end - img + 1, " (*) ");
-        }
-        return result;
+        return ReplaceImages(text);
     });
 }
 

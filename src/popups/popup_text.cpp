@@ -1,5 +1,7 @@
 #include "popups/popup_text.h"
 
+#include <algorithm>
+
 #include "model/project_state.h"
 #include "parser/tag_readers.h"
 #include "platform/byte_text.h"
@@ -26,13 +28,16 @@ std::string DropLeadingAnchors(std::string text, PopupKind kind, std::string& an
         modParser::HTMLAnchorName(close == kNotFound ? rest : rest.substr(0, close - open));
     if (close != kNotFound) text.erase(0, close + 4);
     text = Trim(text);
+    // Each anchor is dropped where the last one ended, not by copying the rest.
     const std::string_view leading = kind == PopupKind::Script ? "<A" : "<A NAME=";
-    while (StartsWithNoCase(text, leading)) {
-        std::string shorter = Trim(modStrings::RemoveAnchor(text));
-        if (shorter == text) break;  // an anchor without "</A>" cannot be removed
-        text = std::move(shorter);
+    std::string_view remaining = text;
+    while (StartsWithNoCase(remaining, leading)) {
+        const std::size_t end = FindNoCase(remaining, "</A>");
+        if (end == kNotFound) break;  // an anchor without "</A>" cannot be removed
+        remaining.remove_prefix(end + 4);
+        remaining.remove_prefix(std::min(remaining.size(), remaining.find_first_not_of(' ')));
     }
-    return text;
+    return std::string(remaining);
 }
 
 std::string RemoveScriptListTags(std::string text) {

@@ -1,5 +1,6 @@
 #include "messages/messages.h"
 #include "model/project_state.h"
+#include "platform/file_system.h"
 #include "platform/format.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
@@ -154,6 +155,12 @@ bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, 
                 "Topic files that keep their old names because their topic IDs cannot be file "
                 "names:");
             for (const std::string& name : keptNames) report.AddLine(name);
+        }
+        const auto& refusedWrites = SharedFileSystem().RefusedWrites();
+        if (!refusedWrites.empty()) {
+            report.AddLine("");
+            report.AddLine("Files not written:");
+            for (const auto& write : refusedWrites) report.AddLine(write.path + ": " + write.reason + ".");
         }
         return true;
     });

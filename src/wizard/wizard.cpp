@@ -109,6 +109,7 @@ void Wizard::ShowStep(int newStep) {
 }
 
 void Wizard::cmdNav_Click(int index) {
+    ErrorReportOperation operation;  // an error flood shows as one report
     switch (index) {
         case kNavHelp:
             if (view_.ShowHelp(kHelpContext, HelpContext())) helpShown_ = true;

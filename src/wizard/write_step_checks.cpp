@@ -15,11 +15,10 @@ void Show(WizardState& wizard, long id, const std::string& insert = {}) {
                              wizard.Box(), id);
 }
 
-// The same folder also when written another way ("x\.\", a relative path).
+// The same folder also when written another way: "x\.\", a relative path, a
+// link, another letter case where the file system ignores it.
 bool SameFolder(const std::string& a, const std::string& b) {
-    FileSystem& fs = SharedFileSystem();
-    return modUtilities::IsTheSamePath(a, b) ||
-           modUtilities::IsTheSamePath(fs.GetAbsolutePathName(a), fs.GetAbsolutePathName(b));
+    return modUtilities::IsTheSamePath(a, b) || SharedFileSystem().SameEntry(a, b);
 }
 
 }  // namespace
@@ -49,6 +48,8 @@ bool CheckNewProjectTarget(WizardState& wizard, const std::string& txtRootPath) 
             return false;
         }
         SharedFileSystem().SetWriteRoot(effectiveRoot);
+        SharedFileSystem().SetInputFolders(
+            {oldFolder, modUtilities::FilePathOnly(wizard.WinHelpProjectName)});
         if (!root.empty() && !modUtilities::FolderExists(root)) {
             const int answer = modMessages::AskMessage(
                 modMessages::GetMessageString(10011, root), mb::kYesNoCancel | mb::kQuestion,

@@ -9,6 +9,7 @@
 
 #include "cli/cli_options.h"
 #include "platform/view.h"
+#include "support/cli_run.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -16,21 +17,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct CliRun {
-    int status = -1;
-    std::string out;
-    std::string err;
-};
+using testing::CliRun;
 
 CliRun RunWith(const std::vector<std::string>& args, const std::string& input = {},
-            bool interactive = false) {
-    std::istringstream in(input);
-    std::ostringstream out, err;
-    CliRun run;
-    run.status = cli::RunCli(args, in, out, err, interactive, false);
-    run.out = out.str();
-    run.err = err.str();
-    return run;
+               bool interactive = false) {
+    return testing::RunCliWith(args, input, interactive);
 }
 
 std::string Sample(const std::string& name) {

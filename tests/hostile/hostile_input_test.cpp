@@ -33,6 +33,24 @@ TEST_F(HostileInput, FilesEntriesThatClimbOutAreRefused) {
     ExpectOnlyNewFolderWritten();
 }
 
+// out/html is a link to a folder elsewhere: every ancestor is resolved before a
+// folder is made, so html\sub\ is not created there.
+TEST_F(HostileInput, ALinkedFolderInTheNewFolderLeadsNowhere) {
+    WriteProject({"html\\sub\\gen00003.htm"});
+    WriteIn("html/sub/gen00003.htm", Topic("Deep", "IDH_DEEP"));
+    fs::create_directories(dir / "elsewhere");
+    fs::create_directories(Out(""));
+    fs::create_directory_symlink(dir / "elsewhere", Out("html"));
+    before = testing::TakeSnapshot(dir.Path(), kOut);
+    Convert();
+    EXPECT_TRUE(fs::is_empty(dir / "elsewhere")) << AllMessages();
+    ASSERT_FALSE(SharedFileSystem().RefusedWrites().empty());
+    EXPECT_EQ(SharedFileSystem().RefusedWrites()[0].reason,
+              "it lies outside the new project folder");
+    ExpectOnlyNewFolderWritten();
+}
+
+
 // Such topics keep their old names.
 TEST_F(HostileInput, AnchorNamesThatClimbOutAreRefused) {
     WriteProject({"html\\gen00003.htm", "html\\gen00004.htm", "html\\gen00005.htm"});

@@ -126,6 +126,66 @@ TEST(FileSystemWrites, NothingIsWrittenOutsideTheWriteRoot) {
     EXPECT_TRUE(dir.Exists("new/ok.htm"));
 }
 
+// The input project's folder tree is refused by what a path resolves to, not by
+// how it is spelled; a new folder strictly inside it is the one place to write.
+TEST(FileSystemWrites, TheInputFoldersAreRefusedByIdentity) {
+    testing::TempDir dir;
+    dir.Write("in/t.hhp", "x");
+    dir.Write("in/new/old.htm", "input");  // read before the write root is set
+    dir.Write("hpj/t.hpj", "x");
+    std::filesystem::create_directory_symlink(dir / "in", dir / "alias");
+    std::filesystem::create_directory_symlink(dir / "elsewhere", dir / "in/new/dangling");
+    struct Case {
+        std::string root;  // the write root, relative to dir
+        std::string path;  // what is written
+        bool folder;
+        bool refused;
+    };
+    const std::vector<Case> cases = {
+        {"alias", "alias/x.htm", false, true},         // the input folder under another name
+        {"in/./", "in/x.htm", false, true},             // ... or spelled another way
+        {"", "in/y.htm", false, true},                  // no write root: still the input
+        {"", "hpj/y.h", false, true},                   // the WinHelp project's folder too
+        {"in", "in/html", true, true},                  // the input folder chosen as the new one
+        {"in/new", "in/new/a.htm", false, false},       // a new folder inside the input
+        {"in/new", "in/new/sub", true, false},
+        {"alias/new", "alias/new/b.htm", false, false},
+        {"in/new", "in/new/old.htm", false, true},      // an input file is never replaced
+        {"in/new", "in/new/dangling/x.htm", false, true},  // cannot be resolved
+        {"in/new", "in/z.htm", false, true},
+        {"out", "out/a.htm", false, false},
+    };
+    FileSystem fs;
+    std::filesystem::create_directory(dir / "out");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.path);
+        fs.SetWriteRoot({});  // the scan, then the write
+        EXPECT_EQ(fs.ReadAll(dir / "in/new/old.htm"), "input");
+        fs.SetWriteRoot(c.root.empty() ? std::string() : dir / c.root);
+        fs.SetInputFolders({dir / "in", dir / "hpj/"});
+        const int error = ErrorOf([&] {
+            if (c.folder)
+                fs.CreateFolder(dir / c.path);
+            else
+                fs.WriteAll(dir / c.path, "new");
+        });
+        EXPECT_EQ(error, c.refused ? err::kOutsideNewFolder : 0);
+        ASSERT_EQ(fs.RefusedWrites().size(), c.refused ? 1u : 0u);
+        if (c.refused) {
+            EXPECT_NE(fs.RefusedWrites()[0].path.find(c.path.substr(c.path.rfind('/'))),
+                      std::string::npos);
+        } else {
+            EXPECT_TRUE(fs.Written(dir / c.path));
+        }
+    }
+    EXPECT_EQ(dir.Read("in/new/old.htm"), "input");
+    EXPECT_FALSE(dir.Exists("in/x.htm") || dir.Exists("in/y.htm") || dir.Exists("hpj/y.h") ||
+                 dir.Exists("elsewhere") || dir.Exists("in/html"));
+    EXPECT_TRUE(fs.SameEntry(dir / "alias/", dir / "in/./new/.."));
+    EXPECT_FALSE(fs.SameEntry(dir / "in", dir / "out"));
+    EXPECT_FALSE(fs.SameEntry(dir / "none", dir / "in"));
+}
+
 TEST(PathHelpers, SplitNamesTheWayProjectFilesWriteThem) {
     using namespace modUtilities;
     EXPECT_EQ(FileNameNoPath("html\\a/b.htm"), "a/b.htm");

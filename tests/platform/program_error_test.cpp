@@ -29,6 +29,36 @@ TEST(ProgramError, ProgramErrorsShowTheNumberWithASignPosition) {
     EXPECT_EQ(view.errors[0].second, "Tamrix");
 }
 
+// A flood of one report (same number and source) within one operation is one box
+// and a count; the detail of a program error says which file and why.
+TEST(ProgramError, RepeatsWithinAnOperationAreShownOnceAndCounted) {
+    testing::ScriptedView view;
+    ScopedActiveView active(view);
+    int failures = 0;
+    {
+        ErrorReportOperation operation;
+        ErrorReportOperation nested;  // the outermost one counts
+        for (int i = 0; i < 70000; ++i)
+            failures += Guarded("modUtilities:UpdateProgressBar", 0,
+                                []() -> int { RaiseError(err::kOverflow); }) == 0;
+        Guarded("m:Write", false, []() -> bool {
+            RaiseError(err::kOutsideNewFolder, "Refused to write \"/in/a.htm\": why.");
+        });
+        Guarded("m:Write", false, []() -> bool { RaiseError(err::kOutsideNewFolder, "b"); });
+        EXPECT_TRUE(view.repeats.empty());
+    }
+    EXPECT_EQ(failures, 70000);  // every call still fails as before
+    ASSERT_EQ(view.errors.size(), 2u);
+    EXPECT_EQ(view.errors[0].first, "modUtilities:UpdateProgressBar\r\nError: Overflow");
+    EXPECT_EQ(view.errors[1].first,
+              "Program Error No.  600 From: m:Write\r\nRefused to write \"/in/a.htm\": why.");
+    using Repeat = std::pair<std::string, int>;
+    EXPECT_EQ(view.repeats, (std::vector<Repeat>{{view.errors[0].first, 69999},
+                                                 {view.errors[1].first, 1}}));
+    ReportProgramError(6, "modUtilities:UpdateProgressBar");  // a new operation shows again
+    EXPECT_EQ(view.errors.size(), 3u);
+}
+
 TEST(ProgramError, GuardTurnsEveryExceptionIntoTheReportAndTheFailureValue) {
     testing::ScriptedView view;
     ScopedActiveView active(view);

@@ -21,6 +21,7 @@ const std::vector<std::string> kFragments = {
     "<B>",  "</b>", "<BR>",  "&amp;",   "&lt;",    "&gt;",    "&nbsp;", "\"",
     "'",    "?",    "\\",    "\t",      "\r\n",    "\r",      "\n",     "<P>",
     "</P>", " ",    "x",     "lt;",     "<BODY>",  "</BODY>", "<AREA ", "=",
+    "<IMG", "/A>",  "A>",    "</",      "<A HREF=", "<A HREF=x>",
 };
 
 std::vector<std::string> TagSoup(std::size_t count) {
@@ -83,14 +84,30 @@ std::string RemoveHREFsOneLinkAtATime(std::string text) {
     return text;
 }
 
-TEST(HtmlToTextFuzz, LinkRemovalAgreesWithTakingOneLinkAtATime) {
-    std::vector<std::string> inputs = TagSoup(3000);
+// The image replacement as first written: search again from the start after each image.
+std::string RemoveIMGsOneImageAtATime(std::string text) {
+    for (std::size_t img = FindNoCase(text, "<IMG "); img != kNotFound;
+         img = FindNoCase(text, "<IMG ")) {
+        const std::size_t end = text.find('>', img);
+        if (end == std::string::npos) break;
+        text.replace(img, end - img + 1, " (*) ");
+    }
+    return text;
+}
+
+// The program takes the text apart in one pass; the results must agree with the
+// forms that start again from the beginning after every change.
+TEST(HtmlToTextFuzz, OnePassAgreesWithOneChangeAtATime) {
+    std::vector<std::string> inputs = TagSoup(4000);
     for (std::string& s : TagSoup(3000)) inputs.push_back("<A HREF=\"x\">" + s + "</A>");
-    inputs.push_back("<<A HREF=\"a\">A HREF=\"b\">t</A></A>");
-    inputs.push_back("<A HREF=</A>x>y");
+    for (const char* s : {"<<A HREF=\"a\">A HREF=\"b\">t</A></A>", "<A HREF=</A>x>y",
+                          "</<A HREF=1>A>z</A>", "<A HREF=1><A HREF=2>x</<A HREF=3>A></A>",
+                          "<IMG<IMG <img x>>>", "<Img<IMG <IMG x>y", "a<IMG b>c<IMG d"})
+        inputs.emplace_back(s);
     for (const std::string& s : inputs) {
         SCOPED_TRACE(s);
         EXPECT_EQ(RemoveHREFs(s), RemoveHREFsOneLinkAtATime(s));
+        EXPECT_EQ(RemoveIMGs(s), RemoveIMGsOneImageAtATime(s));
     }
 }
 

@@ -30,6 +30,7 @@ public:
 
     std::vector<MessageRequest> messages;
     std::vector<std::pair<std::string, std::string>> errors;  // text, title
+    std::vector<std::pair<std::string, int>> repeats;          // text, further times
     std::vector<ProgressEvent> progress;
     int eventsProcessed = 0;
 
@@ -46,6 +47,9 @@ public:
     }
     void ErrorBox(const std::string& text, const std::string& title) override {
         errors.emplace_back(text, title);
+    }
+    void ErrorRepeated(const std::string& text, const std::string&, int times) override {
+        repeats.emplace_back(text, times);
     }
     std::optional<std::string> InputBox(const std::string&, const std::string&,
                                         const std::string&) override {

@@ -1,0 +1,96 @@
+#include "cli/summary.h"
+
+#include <ostream>
+
+#include "model/project_state.h"
+#include "platform/file_system.h"
+#include "platform/path_helpers.h"
+#include "rewrite/containment.h"
+#include "wizard/wizard.h"
+
+namespace tamrix::cli {
+namespace {
+
+std::string ProjectFile(const Wizard& wizard) {
+    return modUtilities::MakeFullPathforFile(wizard.NewRootPath, wizard.NewProjectName);
+}
+
+std::string TopicPath(const Wizard& wizard, const CTopicFile& topic) {
+    return modUtilities::MakeFullPathforFile(
+        wizard.NewRootPath, modUtilities::FilePathOnly(topic.AutoNamePath) + topic.NewFileName);
+}
+
+struct TopicCounts {
+    long total = 0;
+    long written = 0;
+    long renamed = 0;
+};
+
+TopicCounts CountTopics(const Wizard& wizard) {
+    TopicCounts counts;
+    if (!modGlobals::TopicFiles) return counts;
+    for (const auto& topic : *modGlobals::TopicFiles) {
+        ++counts.total;
+        if (!SharedFileSystem().Written(TopicPath(wizard, *topic))) continue;
+        ++counts.written;
+        counts.renamed += topic->NewFileName != topic->AutoFileName ? 1 : 0;
+    }
+    return counts;
+}
+
+long CarriedOverIds() {
+    long n = 0;
+    for (const auto& ids : {modGlobals::MapContextIDs, modGlobals::ProjectContextIDs})
+        if (ids)
+            for (const auto& id : *ids) n += id->FileDefined ? 1 : 0;
+    return n;
+}
+
+}  // namespace
+
+std::vector<std::string> ConversionProblems(const Wizard& wizard, int errorReports) {
+    std::vector<std::string> problems;
+    FileSystem& fs = SharedFileSystem();
+    if (!fs.Written(ProjectFile(wizard)))
+        problems.push_back("The new project file was not written: " + ProjectFile(wizard));
+    const TopicCounts topics = CountTopics(wizard);
+    if (topics.written < topics.total)
+        problems.push_back(std::to_string(topics.total - topics.written) + " of " +
+                           std::to_string(topics.total) + " topic files were not written.");
+    for (const auto& refused : fs.RefusedWrites())
+        problems.push_back("Refused to write " + refused.path + ": " + refused.reason + ".");
+    for (const std::string& name : modRewrite::RefusedFiles())
+        problems.push_back("Not written, it would lie outside the new project folder: " + name);
+    if (errorReports > 0)
+        problems.push_back(std::to_string(errorReports) + " error report(s) during the run.");
+    return problems;
+}
+
+void PrintSummary(const Wizard& wizard, const std::vector<std::string>& problems, bool quiet,
+                  std::ostream& out, std::ostream& err) {
+    if (!problems.empty()) {
+        err << "tamrix-cli: the conversion finished with problems:\n";
+        for (const std::string& problem : problems) err << "  " << problem << "\n";
+    }
+    if (quiet) return;
+    const std::string project = ProjectFile(wizard);
+    if (SharedFileSystem().Written(project))
+        out << "New project:            " << project << "\n";
+    const TopicCounts topics = CountTopics(wizard);
+    out << "Topic files renamed:    " << topics.renamed << " of " << topics.total << "\n"
+        << "Context IDs carried:    " << CarriedOverIds() << "\n"
+        << "Popups extracted:       " << wizard.NumPopupStrings << " to popups.js, "
+        << wizard.NumTextPopups << " to cshelp.txt\n"
+        << "Popup links activated:  " << (wizard.PopupsActivated ? "yes" : "no") << "\n"
+        << "Logs:                   ";
+    bool first = true;
+    for (const char* log : {"scan.log", "rewrite.log", "popups.log"}) {
+        const std::string path = modUtilities::MakeFullPathforFile(wizard.NewRootPath, log);
+        if (!SharedFileSystem().Written(path)) continue;
+        out << (first ? "" : "\n                        ") << path;
+        first = false;
+    }
+    out << "\n";
+}
+
+}  // namespace tamrix::cli

@@ -1,0 +1,21 @@
+#pragma once
+// What a conversion left on disk, told at its end. Only files this run wrote
+// count; every refused write, failed writer and error report is named.
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace tamrix {
+class Wizard;
+}
+
+namespace tamrix::cli {
+
+// The problems of a run that reached Finished: empty when there were none.
+std::vector<std::string> ConversionProblems(const Wizard& wizard, int errorReports);
+
+// Prints the summary of a finished conversion to `out` and its problems to `err`.
+void PrintSummary(const Wizard& wizard, const std::vector<std::string>& problems, bool quiet,
+                  std::ostream& out, std::ostream& err);
+
+}  // namespace tamrix::cli
