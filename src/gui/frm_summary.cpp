@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
@@ -41,9 +42,12 @@ const char* const kAlignKeys[] = {"Left", "Right", "Centre"};
 
 // "Courier New" where it is installed, else the platform's fixed-width font.
 QFont LogFont() {
-    QFont font = QFontDatabase::hasFamily("Courier New")
-                     ? QFont("Courier New")
-                     : QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QFont font("Courier New");
+    if (!QFontDatabase::hasFamily(font.family())) {
+        // The real family, not a generic name like "monospace", so the font box can show it.
+        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        font.setFamily(QFontInfo(font).family());
+    }
     font.setPointSize(9);
     font.setStyleHint(QFont::TypeWriter);
     font.setBold(false);

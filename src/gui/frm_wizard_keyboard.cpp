@@ -13,6 +13,7 @@
 #include <QUrl>
 
 #include "gui/frm_wizard.h"
+#include "platform/path_helpers.h"
 
 namespace tamrix::gui {
 namespace {
@@ -123,7 +124,8 @@ QString FrmWizard::ProjectSummary(const Wizard& wizard) {
         return name.empty() ? QString("none") : QString::fromStdString(name);
     };
     return QString("HTML Help project %1: %2 topic files, contents %3, index %4.")
-        .arg(QString::fromStdString(wizard.Projectname), QString::fromStdString(c.lblTopicCount),
+        .arg(QString::fromStdString(modUtilities::FileNameNoPath(wizard.Projectname)),
+             QString::fromStdString(c.lblTopicCount),
              orNone(c.lblContents), orNone(c.lblIndexFile));
 }
 

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QPrinter>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -110,7 +111,7 @@ TEST_F(FrmSummaryTest, SaveOffersTheFiltersAndTheProposedName) {
 QString LogFamily() {
     return QFontDatabase::hasFamily("Courier New")
                ? QString("Courier New")
-               : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+               : QFontInfo(QFontDatabase::systemFont(QFontDatabase::FixedFont)).family();
 }
 
 TEST_F(FrmSummaryTest, ShowsTheLogInCourierNew9) {
