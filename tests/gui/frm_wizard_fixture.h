@@ -17,33 +17,23 @@
 #include "gui/frm_wizard.h"
 #include "model/project_state.h"
 #include "platform/file_system.h"
+#include "support/sample_copy.h"
+#include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
 namespace tamrix::gui {
 
-namespace fs = std::filesystem;
 
 class FrmWizardTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
-        modGlobals::ResetAll();
-        fs::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
-                 fs::copy_options::recursive);
+        testing::PrepareSampleCopy(dir.Path());
         FrmWizard::Options options;
         options.printers = false;
         options.help = HelpProject::Load(TAMRIX_SOURCE_DIR "/help/Tamrix.hhp");
         options.dialogs.message = [this](QWidget*, const MessageRequest& request) {
-            messages.push_back(request);
             if (onMessage) onMessage(request);
-            if (!answers.empty()) {
-                const int answer = answers.front();
-                answers.pop_front();
-                return answer;
-            }
-            if (auto it = answersById.find(request.catalogueId); it != answersById.end())
-                return it->second;
-            return NegativeAnswerOfStyle(request.style);
+            return script.MessageBox(request);
         };
         options.dialogs.error = [this](QWidget*, const std::string& text, const std::string&) {
             errors.push_back(text);
@@ -109,10 +99,12 @@ class FrmWizardTest : public ::testing::Test {
     testing::TempDir dir;
     std::unique_ptr<FrmWizard> window;
     std::unique_ptr<ScopedActiveView> active;
-    std::vector<MessageRequest> messages;
+    // Messages are recorded and answered as by the scripted view.
+    testing::ScriptedView script;
+    std::vector<MessageRequest>& messages = script.messages;
     std::vector<std::string> errors;
-    std::deque<int> answers;
-    std::map<long, int> answersById;
+    std::deque<int>& answers = script.answers;
+    std::map<long, int>& answersById = script.answersById;
     std::deque<std::string> openAnswers;
     std::deque<std::string> saveAnswers;
     std::vector<std::string> openTitles;

@@ -10,6 +10,7 @@
 #include "model/project_state.h"
 #include "platform/file_system.h"
 #include "support/scripted_wizard_view.h"
+#include "support/sample_copy.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -20,10 +21,7 @@ namespace fs = std::filesystem;
 class WizardTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
-        modGlobals::ResetAll();
-        fs::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
-                 fs::copy_options::recursive);
+        testing::PrepareSampleCopy(dir.Path());
         wizard.Start();
     }
     void TearDown() override {
