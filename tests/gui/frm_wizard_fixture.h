@@ -23,7 +23,6 @@
 
 namespace tamrix::gui {
 
-
 class FrmWizardTest : public ::testing::Test {
   protected:
     void SetUp() override {
