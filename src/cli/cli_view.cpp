@@ -109,6 +109,8 @@ std::optional<std::string> CliView::InputBox(const std::string& prompt, const st
 
 void CliView::SetProgressCaption(const std::string& caption) {
     caption_ = caption;
+    // After a finished count a new caption is a new phase: its numbers are not known yet.
+    if (max_ > 0 && value_ >= max_) max_ = value_ = 0;
     DrawProgress(true);
 }
 
@@ -117,6 +119,7 @@ void CliView::SetProgressMax(int maximum) {
     max_ = maximum;
     value_ = 0;
     started_ = clock_();
+    DrawProgress(true);
 }
 
 void CliView::SetProgressValue(int value) {
@@ -141,11 +144,12 @@ void CliView::DrawProgress(bool force) {
     const int percent = max_ > 0 ? value * 100 / max_ : 0;
     const long seconds =
         static_cast<long>(std::chrono::duration_cast<std::chrono::seconds>(now - started_).count());
-    char numbers[64];
-    std::snprintf(numbers, sizeof numbers, "%3d%% %d/%d %ld:%02ld", percent, value, max_,
-                  seconds / 60, seconds % 60);
+    char numbers[64] = "";
+    if (max_ > 0)
+        std::snprintf(numbers, sizeof numbers, "%3d%% %d/%d %ld:%02ld  ", percent, value, max_,
+                      seconds / 60, seconds % 60);
     err_ << "\r\x1b[K[" << std::string(static_cast<std::size_t>(filled), '#')
-         << std::string(static_cast<std::size_t>(kWidth - filled), ' ') << "] " << numbers << "  "
+         << std::string(static_cast<std::size_t>(kWidth - filled), ' ') << "] " << numbers
          << caption_.substr(0, 50) << std::flush;
     drawn_ = true;
 }

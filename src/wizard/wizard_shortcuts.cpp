@@ -24,12 +24,14 @@ void Wizard::chkIgnoreZeroIDs_Click() {
 bool Wizard::FileDropped(const std::string& path) {
     if (busy_ || !browseEnabled_) return false;
     const std::string extension = FileExtension(path);
+    // The step of the file comes up, as Back would show it.
     if (EqualsNoCase(extension, "hhp")) {
-        if (currentStep_ == 0) ShowStep(1);
+        if (currentStep_ != 1) ShowStep(1);
         UseProjectFile(path);
         return true;
     }
     if (EqualsNoCase(extension, "hpj")) {
+        if (currentStep_ > 2) ShowStep(2);
         UseWinHelpFile(path);
         return true;
     }
@@ -38,7 +40,7 @@ bool Wizard::FileDropped(const std::string& path) {
 
 void Wizard::OpenRecentProject(std::size_t index) {
     if (index >= recentProjects_.size() || busy_ || !browseEnabled_) return;
-    const std::string path = recentProjects_[index];
+    const std::string path = recentProjects_[index];  // a copy: the list may change
     if (currentStep_ != 1) ShowStep(1);
     UseProjectFile(path);
 }
