@@ -65,7 +65,8 @@ void Wizard::SuggestNewProjectPath() {
     if (!controls.txtRootPath.empty() || ProjectFolder.size() < 2) return;
     const char separator = ProjectFolder.back();
     const std::string folder = ProjectFolder.substr(0, ProjectFolder.size() - 1);
-    if (modUtilities::FileNameNoPath(folder).empty()) return;  // a drive or file-system root
+    // Not beside a drive or file-system root.
+    if (modUtilities::FileNameNoPath(folder).empty() || folder.back() == ':') return;
     for (int n = 1; n <= kFolderTries; ++n) {
         const std::string candidate = folder + "-new" + (n == 1 ? "" : std::to_string(n));
         if (modUtilities::FolderExists(candidate) || modUtilities::FileExists(candidate)) continue;
