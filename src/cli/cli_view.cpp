@@ -1,5 +1,6 @@
 #include "cli/cli_view.h"
 
+#include <algorithm>
 #include <istream>
 #include <ostream>
 
@@ -122,14 +123,22 @@ std::optional<std::string> CliView::InputBox(const std::string& prompt, const st
 
 void CliView::SetProgressCaption(const std::string& caption) {
     caption_ = caption;
-    DrawProgress();
+    // After a finished count a new caption is a new phase: its numbers are not known yet.
+    if (max_ > 0 && value_ >= max_) max_ = value_ = 0;
+    DrawProgress(true);
 }
 
-void CliView::SetProgressMax(int maximum) { max_ = maximum; }
+void CliView::SetProgressMax(int maximum) {
+    // A new maximum starts a new operation and its clock.
+    max_ = maximum;
+    value_ = 0;
+    started_ = clock_();
+    DrawProgress(true);
+}
 
 void CliView::SetProgressValue(int value) {
     value_ = value;
-    DrawProgress();
+    DrawProgress(max_ > 0 && value_ >= max_);
 }
 
 void CliView::SetProgressVisible(bool visible) {
@@ -137,13 +146,25 @@ void CliView::SetProgressVisible(bool visible) {
     if (!visible) ClearProgress();
 }
 
-void CliView::DrawProgress() {
+void CliView::DrawProgress(bool force) {
     if (!showProgress_ || options_.quiet) return;
+    constexpr auto kRedrawInterval = std::chrono::milliseconds(100);
+    const auto now = clock_();
+    if (!force && drawn_ && now - lastDrawn_ < kRedrawInterval) return;
+    lastDrawn_ = now;
     constexpr int kWidth = 30;
-    const int filled = max_ > 0 ? std::min(kWidth, value_ * kWidth / max_) : 0;
+    const int value = std::clamp(value_, 0, std::max(max_, 0));
+    const int filled = max_ > 0 ? std::min(kWidth, value * kWidth / max_) : 0;
+    const int percent = max_ > 0 ? value * 100 / max_ : 0;
+    const long seconds =
+        static_cast<long>(std::chrono::duration_cast<std::chrono::seconds>(now - started_).count());
+    char numbers[64] = "";
+    if (max_ > 0)
+        std::snprintf(numbers, sizeof numbers, "%3d%% %d/%d %ld:%02ld  ", percent, value, max_,
+                      seconds / 60, seconds % 60);
     err_ << "\r\x1b[K[" << std::string(static_cast<std::size_t>(filled), '#')
-         << std::string(static_cast<std::size_t>(kWidth - filled), ' ') << "] "
-         << caption_.substr(0, 60) << std::flush;
+         << std::string(static_cast<std::size_t>(kWidth - filled), ' ') << "] " << numbers
+         << caption_.substr(0, 50) << std::flush;
     drawn_ = true;
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 // The wizard's view on a terminal or in a script: message boxes go to standard
 // error, questions are answered by the options, by the user on a terminal, or No.
+#include <chrono>
 #include <cstdio>
+#include <functional>
 #include <iosfwd>
 #include <string>
 
@@ -38,10 +40,15 @@ public:
 
     int ErrorCount() const { return errors_; }
 
-private:
+    using Clock = std::function<std::chrono::steady_clock::time_point()>;
+    // The progress bar's time source; tests pass their own.
+    void SetClock(Clock clock) { clock_ = std::move(clock); }
+
+  private:
     int Answer(const MessageRequest& request, bool& asked);
     bool Preanswered(const MessageRequest& request) const;
-    void DrawProgress();
+    // Redraws at most every kRedrawInterval unless `force` (a new caption, the last item).
+    void DrawProgress(bool force);
     void ClearProgress();
     static std::string OneLine(const std::string& text);
 
@@ -55,6 +62,9 @@ private:
     int value_ = 0;
     bool visible_ = false;
     bool drawn_ = false;
+    Clock clock_ = [] { return std::chrono::steady_clock::now(); };
+    std::chrono::steady_clock::time_point started_{};
+    std::chrono::steady_clock::time_point lastDrawn_{};
     int errors_ = 0;
 };
 

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include "wizard/options_dialog.h"
@@ -81,13 +82,39 @@ void FrmOptions::UpdateCssVisibility() {
     const bool shown = chkCssFile_->isChecked();
     lblCssFile_->setVisible(shown);
     txtCssFileName_->setVisible(shown);
+    // The window grows with the name row so the wrapped top label keeps its lines.
+    layout()->activate();
+    const int needed = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width())
+                                                     : sizeHint().height();
+    if (height() < needed) resize(width(), needed);
+}
+
+void FrmOptions::PutBackDefaultName() {
+    if (!dialog_ || !txtCssFileName_->text().isEmpty()) return;
+    dialog_->txtCssFileName.clear();
+    dialog_->Paint();
+    txtCssFileName_->setText(QString::fromStdString(dialog_->txtCssFileName));
+}
+
+void FrmOptions::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    PutBackDefaultName();
+}
+
+// Coming back to the front (after the refusal message, say) repaints the whole dialog.
+void FrmOptions::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) PutBackDefaultName();
 }
 
 void FrmOptions::OK() {
     if (!dialog_) return;
     Store();
     dialog_->OK();  // an empty name is refused with a message; the dialog stays
-    if (dialog_->Status) accept();
+    if (dialog_->Status)
+        accept();
+    else
+        PutBackDefaultName();  // the dialog is painted again once the message has gone
 }
 
 void FrmOptions::reject() {

@@ -34,7 +34,13 @@ public:
 
     void reject() override;
 
-private:
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    // An empty style-sheet name gets the default back whenever the dialog is painted.
+    void PutBackDefaultName();
     void Store();
     void UpdateCssVisibility();
     void OK();

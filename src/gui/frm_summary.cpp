@@ -1,21 +1,26 @@
 #include "gui/frm_summary.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QShowEvent>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextEdit>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <functional>
 
 #include "gui/c_print_rtf.h"
@@ -35,11 +40,33 @@ namespace {
 const char* const kToggleKeys[] = {"Bold", "Italic", "Underline", "Strike Through"};
 const char* const kAlignKeys[] = {"Left", "Right", "Centre"};
 
+// "Courier New" where it is installed, else the platform's fixed-width font.
 QFont LogFont() {
-    QFont font("Courier New", 9);
+    QFont font("Courier New");
+    if (!QFontDatabase::hasFamily(font.family())) {
+        // The real family, not a generic name like "monospace", so the font box can show it.
+        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        font.setFamily(QFontInfo(font).family());
+    }
+    font.setPointSize(9);
     font.setStyleHint(QFont::TypeWriter);
     font.setBold(false);
     return font;
+}
+
+QString LogFamily() {
+    return LogFont().family();
+}
+
+// "Family [Foundry]" and "Family" are one family in the list.
+QStringList FamilyNames(const QStringList& names) {
+    QStringList out;
+    for (const QString& name : names) {
+        const qsizetype foundry = name.indexOf(" [");
+        out << (foundry > 0 ? name.left(foundry) : name);
+    }
+    out.removeDuplicates();
+    return out;
 }
 
 // Whether every character of the selection (or the caret's format) satisfies `test`.
@@ -89,7 +116,7 @@ FrmSummary::FrmSummary(Options options, QWidget* parent)
     cmdClose_ = new QPushButton(tr("Close"), this);
     cmdClose_->setObjectName("cmdClose");
     connect(cmdClear_, &QPushButton::clicked, this, [this] { Clear(); });
-    connect(cmdClose_, &QPushButton::clicked, this, [this] { emit CloseForm(); });
+    connect(cmdClose_, &QPushButton::clicked, this, [this] { RequestClose(); });
 
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
@@ -119,17 +146,30 @@ void FrmSummary::BuildMenus() {
     file->setObjectName("mnuFile");
     QAction* save = file->addAction(ToolbarIcon("Save"), tr("&Save"), this, [this] { Save(); });
     save->setObjectName("mnuFileSave");
+    save->setShortcut(QKeySequence::Save);
     save->setData(QString("Save"));
     file->addAction(tr("Print Set&up"), this, [this] { PrintSetup(); })
         ->setObjectName("mnuFilePrintSetup");
     QAction* print = file->addAction(ToolbarIcon("Print"), tr("&Print"), this, [this] { Print(); });
     print->setObjectName("mnuFilePrint");
+    print->setShortcut(QKeySequence::Print);
     print->setData(QString("Print"));
     // Without a printer there is nothing to print on.
     print->setVisible(printerPresent_);
     print->setEnabled(printerPresent_);
     file->addSeparator();
-    file->addAction(tr("&Close"), this, [this] { emit CloseForm(); })->setObjectName("mnuFileClose");
+    QAction* close = file->addAction(tr("&Close"), this, [this] { RequestClose(); });
+    close->setObjectName("mnuFileClose");
+    close->setShortcut(Qt::Key_Escape);
+
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    edit->setObjectName("mnuEdit");
+    QAction* find = edit->addAction(tr("&Find..."), this, [this] { Find(); });
+    find->setObjectName("mnuEditFind");
+    find->setShortcut(QKeySequence::Find);
+    QAction* findNext = edit->addAction(tr("Find &Next"), this, [this] { FindNext(); });
+    findNext->setObjectName("mnuEditFindNext");
+    findNext->setShortcut(QKeySequence::FindNext);
 
     QMenu* format = menuBar()->addMenu(tr("F&ormat"));
     format->setObjectName("mnuFormat");
@@ -204,7 +244,9 @@ void FrmSummary::FillFontBoxes(bool printerFonts) {
     if (printerFonts && printerPresent_) names = QFontDatabase::families();
     if (names.isEmpty())
         names = {"Arial", "Courier New", "Tahoma", "Times New Roman", "Symbol", "WingDings"};
-    cmbFontName_->addItems(names);
+    // The log's own font is always there to go back to.
+    names << LogFamily();
+    cmbFontName_->addItems(FamilyNames(names));
     cmbFontSize_->clear();
     for (int size = 5; size <= 24; ++size) cmbFontSize_->addItem(QString::number(size));
     RefreshToolbar();
@@ -278,6 +320,7 @@ void FrmSummary::SetPlainText(const std::string& text) {
     QTextDocument* doc = rtfItems_->document();
     doc->setDefaultFont(LogFont());
     rtfItems_->setPlainText(decoded);
+    doc->setModified(false);
     rtfItems_->moveCursor(QTextCursor::Start);
     RefreshToolbar();
 }
@@ -300,6 +343,7 @@ bool FrmSummary::LoadFile(const std::string& path, FileKind kind) {
         QTextDocument* doc = rtfItems_->document();
         doc->setDefaultFont(LogFont());
         ReadRtf(bytes, *doc);
+        doc->setModified(false);
         rtfItems_->moveCursor(QTextCursor::Start);
         RefreshToolbar();
     } else {
@@ -325,22 +369,32 @@ const char* FrmSummary::SaveFilter() {
            "All Files (*.*)|*.*";
 }
 
-void FrmSummary::Save() {
-    GuardedVoid("frmSummary:mnuFileSave_Click", [&] {
+// The program's own folder is not writable once installed: the dialog starts
+// in the new project's folder, or else in the user's home.
+std::string FrmSummary::SaveFolder() const {
+    const std::string folder = options_.saveFolder ? options_.saveFolder() : std::string();
+    if (!folder.empty() && SharedFileSystem().FolderExists(folder)) return folder;
+    return QDir::homePath().toStdString();
+}
+
+bool FrmSummary::Save() {
+    return Guarded("frmSummary:mnuFileSave_Click", false, [&] {
         FileDialogRequest request;
         request.filter = SaveFilter();
         request.initialName = saveFileName_;
-        request.initialFolder = QCoreApplication::applicationDirPath().toStdString();
+        request.initialFolder = SaveFolder();
         const SaveChoice choice = options_.dialogs.saveFile(this, request);
-        if (choice.path.empty()) return;
+        if (choice.path.empty()) return false;
         if (readOnly_ && !loadedFile_.empty() &&
             EqualsNoCase(SharedFileSystem().GetAbsolutePathName(choice.path), loadedFile_)) {
             modMessages::ShowMessage(
                 "This file was opened as Read-Only.\r\nPlease save it under a different file name.",
                 mb::kExclamation, kProgramName, {}, 0);
-            return;
+            return false;
         }
-        SaveFile(choice.path, choice.filterIndex == 2 ? kRichText : kPlainText);
+        if (!SaveFile(choice.path, choice.filterIndex == 2 ? kRichText : kPlainText)) return false;
+        rtfItems_->document()->setModified(false);
+        return true;
     });
 }
 
@@ -408,7 +462,62 @@ void FrmSummary::Clear() {
 void FrmSummary::closeEvent(QCloseEvent* event) {
     // The owner decides what closing means (the report hides the window).
     event->ignore();
+    RequestClose();
+}
+
+void FrmSummary::RequestClose() {
+    if (rtfItems_->document()->isModified()) {
+        const int answer =
+            modMessages::AskMessage("The text has been changed. Do you want to save the changes?",
+                                    mb::kYesNoCancel + mb::kQuestion, kProgramName, {});
+        if (answer == mb::kCancel || (answer == mb::kYes && !Save())) return;
+        rtfItems_->document()->setModified(false);
+    }
     emit CloseForm();
+}
+
+void FrmSummary::Find() {
+    const std::optional<QString> text = options_.dialogs.findText(this, findText_);
+    if (!text || text->isEmpty()) return;
+    findText_ = *text;
+    FindNext();
+}
+
+// From the caret on, then once more from the top.
+bool FrmSummary::FindNext() {
+    if (findText_.isEmpty()) {
+        Find();
+        return rtfItems_->textCursor().hasSelection();
+    }
+    if (rtfItems_->find(findText_)) return true;
+    const QTextCursor before = rtfItems_->textCursor();
+    rtfItems_->moveCursor(QTextCursor::Start);
+    if (rtfItems_->find(findText_)) return true;
+    rtfItems_->setTextCursor(before);
+    modMessages::ShowMessage("\"" + findText_.toStdString() + "\" was not found.", mb::kInformation,
+                             kProgramName, {});
+    return false;
+}
+
+// Over the window it was opened from, the first time it is shown.
+void FrmSummary::showEvent(QShowEvent* event) {
+    if (!placed_ && !event->spontaneous()) {
+        placed_ = true;
+        QWidget* owner = options_.owner ? options_.owner : QApplication::activeWindow();
+        if (owner != nullptr && owner != this && owner->isVisible()) {
+            QRect frame = frameGeometry();
+            frame.moveCenter(owner->frameGeometry().center());
+            if (const QScreen* screen = owner->screen()) {
+                const QRect area = screen->availableGeometry();
+                frame.moveLeft(std::clamp(frame.left(), area.left(),
+                                          std::max(area.left(), area.right() - frame.width())));
+                frame.moveTop(std::clamp(frame.top(), area.top(),
+                                         std::max(area.top(), area.bottom() - frame.height())));
+            }
+            move(frame.topLeft());
+        }
+    }
+    QMainWindow::showEvent(event);
 }
 
 void FrmSummary::hideEvent(QHideEvent* event) {

@@ -2,6 +2,7 @@
 // The log viewer window: a rich-text editor showing a log in "Courier New"
 // 9 pt, with formatting, saving as text or RTF, page setup and printing.
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +24,9 @@ struct SummaryOptions {
     SummaryDialogs dialogs = QtSummaryDialogs();
     std::optional<bool> printerPresent;  // default: whether a printer is installed
     QPrinter* printer = nullptr;         // default: the shared printer
+    QWidget* owner = nullptr;            // shown over it; default: the active window
+    // Where Save starts; default (or when it names no folder): the home folder.
+    std::function<std::string()> saveFolder;
 };
 
 class FrmSummary : public QMainWindow {
@@ -55,12 +59,17 @@ public:
     bool SaveFile(const std::string& path, FileKind kind);
 
     // The menu and button actions.
-    void Save();
+    // False when cancelled, refused or failed.
+    bool Save();
     void PrintSetup();
     void Print();
     void ShowHelp();
     void Clear();
     void FormatFont();
+    void Find();
+    bool FindNext();
+    // Asks about unsaved edits, then raises CloseForm.
+    void RequestClose();
 
     static std::string HelpText(bool printerPresent);
     static const char* SaveFilter();
@@ -83,6 +92,7 @@ signals:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void BuildMenus();
@@ -92,6 +102,7 @@ private:
     void RefreshToolbar();
     void FillFontBoxes(bool printerFonts);
     void MergeFormat(const QTextCharFormat& format);
+    std::string SaveFolder() const;
 
     Options options_;
     std::string saveFileName_;
@@ -99,6 +110,8 @@ private:
     bool printerPresent_ = false;
     std::string loadedFile_;
     std::unique_ptr<CPrintRTF> printing_;
+    QString findText_;
+    bool placed_ = false;
 
     QTextEdit* rtfItems_ = nullptr;
     QComboBox* cmbFontName_ = nullptr;

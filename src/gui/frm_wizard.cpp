@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QFormLayout>
 #include <QFrame>
 #include <QGroupBox>
@@ -18,6 +19,7 @@
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QStyle>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "gui/about_box.h"
@@ -32,9 +34,9 @@
 namespace tamrix::gui {
 namespace {
 
-constexpr int kF1 = 112;
-
-QString Q(const std::string& text) { return QString::fromStdString(text); }
+QString Q(const std::string& text) {
+    return QString::fromStdString(text);
+}
 
 void Tag(QWidget* widget, int id) { widget->setProperty(kTagProperty, QString::number(id)); }
 
@@ -70,6 +72,8 @@ QLineEdit* PathEdit(const char* name, QWidget* parent) {
     edit->setObjectName(name);
     edit->setClearButtonEnabled(true);
     edit->setMinimumWidth(300);
+    // A file dropped on the box goes to the window, which opens it.
+    edit->setAcceptDrops(false);
     return edit;
 }
 
@@ -95,6 +99,16 @@ QLayout* PathRow(int tag, QLineEdit* edit, QPushButton* browse, QWidget* parent)
     return column;
 }
 
+// A small grey line under a check box that says how far its choice reaches.
+QLabel* NoteLabel(const char* name, const QString& text, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setObjectName(name);
+    label->setWordWrap(true);
+    label->setIndent(22);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
 QFormLayout* ResultForm(QGroupBox* group) {
     auto* form = new QFormLayout(group);
     form->setLabelAlignment(Qt::AlignLeft);
@@ -110,6 +124,9 @@ FrmWizard::FrmWizard(Options options, QWidget* parent)
     setObjectName("frmWizard");
     setWindowTitle("Tamrix HTML Help Project Wizard");
     setWindowIcon(AppIcon());
+    setAcceptDrops(true);
+    if (!options_.openUrl)
+        options_.openUrl = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
     wizard_ = std::make_unique<Wizard>(*this);
 
     fraStep_ = new QStackedWidget(this);
@@ -147,6 +164,7 @@ FrmWizard::FrmWizard(Options options, QWidget* parent)
     layout->addWidget(BuildNavigation());
     setCentralWidget(central);
     BuildMenus();
+    SetTabOrder();
 
     help_ = new HelpWindow(this);
     if (options_.help) help_->SetProject(options_.help);
@@ -226,6 +244,7 @@ QWidget* FrmWizard::BuildIntroduction() {
     chkShowIntro_->setObjectName("chkShowIntro");
     connect(chkShowIntro_, &QCheckBox::toggled, this,
             [this](bool on) { wizard_->controls.chkShowIntro = on; });
+    chkShowIntro_->setToolTip("Applies to this run only");
     lblPrinter1_ = new QLabel(frame);
     lblPrinter1_->setObjectName("lblPrinter1");
     lblPrinter1_->setToolTip("printers");
@@ -243,6 +262,10 @@ QWidget* FrmWizard::BuildIntroduction() {
     layout->addWidget(note);
     layout->addLayout(printers);
     layout->addWidget(chkShowIntro_);
+    layout->addWidget(NoteLabel("lblShowIntroNote",
+                                "For this run: when unticked, a restart goes straight to step 1. "
+                                "Nothing is saved on disk.",
+                                frame));
     return frame;
 }
 
@@ -251,7 +274,7 @@ QWidget* FrmWizard::BuildProjectFile() {
     txtProjectName_ = PathEdit("txtProjectName", body);
     connect(txtProjectName_, &QLineEdit::textEdited, this,
             [this](const QString& text) { wizard_->controls.txtProjectName = text.toStdString(); });
-    cmdBrowseHHP_ = BrowseButton("cmdBrowseHHP", "Br&owse...", body);
+    cmdBrowseHHP_ = BrowseButton("cmdBrowseHHP", "Brow&se...", body);
     connect(cmdBrowseHHP_, &QPushButton::clicked, this, [this] { wizard_->cmdBrowseHHP_Click(); });
     auto* frame = new QGroupBox("HTML Project File Properties", body);
     frame->setObjectName("fraHHPOpen");
@@ -280,8 +303,13 @@ QWidget* FrmWizard::BuildWinHelpFile() {
     connect(cmdbrowseHPJ_, &QPushButton::clicked, this, [this] { wizard_->cmdbrowseHPJ_Click(); });
     chkIgnoreZeroIDs_ = new QCheckBox("Ignore Zero Value Context  ID's", body);
     chkIgnoreZeroIDs_->setObjectName("chkIgnoreZeroIDs");
-    connect(chkIgnoreZeroIDs_, &QCheckBox::toggled, this,
-            [this](bool on) { wizard_->controls.chkIgnoreZeroIDs = on; });
+    chkIgnoreZeroIDs_->setToolTip("The same switch as Options/Ignore Zero IDs");
+    connect(chkIgnoreZeroIDs_, &QCheckBox::clicked, this,
+            [this] { wizard_->chkIgnoreZeroIDs_Click(); });
+    lblHHPSummary_ = new QLabel(body);
+    lblHHPSummary_->setObjectName("lblHHPSummary");
+    lblHHPSummary_->setWordWrap(true);
+    lblHHPSummary_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     fraHPJOpen_ = new QGroupBox("WinHelp Project File Properties", body);
     fraHPJOpen_->setObjectName("fraHPJOpen");
     chkMapData_ = DisplayCheck("chkMapData", "Has Map Data", fraHPJOpen_);
@@ -294,6 +322,7 @@ QWidget* FrmWizard::BuildWinHelpFile() {
     auto* layout = new QVBoxLayout(body);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(14);
+    layout->addWidget(lblHHPSummary_);
     layout->addLayout(PathRow(4002, txtWinhelpProjectName_, cmdbrowseHPJ_, body));
     layout->addWidget(chkIgnoreZeroIDs_);
     layout->addWidget(fraHPJOpen_);
@@ -331,7 +360,8 @@ QWidget* FrmWizard::BuildPopups() {
     frame->setObjectName("fraPopups");
     optYesPopups_ = new QRadioButton("&Yes", frame);
     optYesPopups_->setObjectName("optYesPopups");
-    optNoPopups_ = new QRadioButton("N&o", frame);
+    // Alt+N is Next and Alt+O Options: No is chosen with the arrow keys.
+    optNoPopups_ = new QRadioButton("No", frame);
     optNoPopups_->setObjectName("optNoPopups");
     auto store = [this] {
         wizard_->controls.optYesPopups = optYesPopups_->isChecked();
@@ -357,12 +387,32 @@ QWidget* FrmWizard::BuildFinished() {
     connect(chkSaveSettings_, &QCheckBox::toggled, this,
             [this](bool on) { wizard_->controls.chkSaveSettings = on; });
     auto* check = new QPushButton("&Check New Project\u2026", frame);
+    check->setAutoDefault(false);
     check->setObjectName("cmdCheckProject");
     connect(check, &QPushButton::clicked, this, &FrmWizard::CheckNewProject);
+    chkSaveSettings_->setToolTip("Applies to this run only");
+    cmdOpenFolder_ = new QPushButton("Open New &Project Folder", frame);
+    cmdOpenFolder_->setObjectName("cmdOpenFolder");
+    cmdOpenFolder_->setAutoDefault(false);
+    connect(cmdOpenFolder_, &QPushButton::clicked, this, [this] {
+        options_.openUrl(QUrl::fromLocalFile(QString::fromStdString(wizard_->NewRootPath)));
+    });
+    // The buttons that act on the new project.
+    auto* actions = new QHBoxLayout;
+    actions->setObjectName("layFinishedActions");
+    actions->addWidget(cmdOpenFolder_);
+    actions->addWidget(check);
+    actions->addStretch(1);
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(lblNewProject_);
+    layout->addLayout(actions);
+    layout->addSpacing(8);
     layout->addWidget(chkSaveSettings_);
-    layout->addWidget(check, 0, Qt::AlignLeft);
+    layout->addWidget(
+        NoteLabel("lblSaveSettingsNote",
+                  "For this run: when ticked, a restart with Cancel keeps the options "
+                  "for the next project. Nothing is saved on disk.",
+                  frame));
     return frame;
 }
 
@@ -435,6 +485,10 @@ QAction* FrmWizard::AddEntry(QMenu* menu, const char* name, const QString& capti
 void FrmWizard::BuildMenus() {
     using W = WizardMenus;
     QMenu* file = AddMenu("mnuFile", "&File", &W::mnuFile);
+    mnuFileRecent_ = file->addMenu("Recent &Projects");
+    mnuFileRecent_->setObjectName("mnuFileRecent");
+    mnuFileRecent_->setEnabled(false);
+    file->addSeparator();
     AddEntry(file, "mnuFileExit", "E&xit", &W::mnuFileExit, &Wizard::mnuFileExit_Click);
 
     QMenu* view = AddMenu("mnuView", "&View", &W::mnuView);
@@ -453,7 +507,7 @@ void FrmWizard::BuildMenus() {
     AddEntry(view, "mnuViewPopupLog", "Popup &Extraction Log", &W::mnuViewPopupLog,
              &Wizard::mnuViewPopupLog_Click);
 
-    QMenu* options = AddMenu("mnuOptions", "Op&tions", &W::mnuOptions);
+    QMenu* options = AddMenu("mnuOptions", "&Options", &W::mnuOptions);
     AddEntry(options, "mnuOptionsHTML", "&HTML Options...", &W::mnuOptionsHTML,
              &Wizard::mnuOptionsHTML_Click);
     AddEntry(options, "mnuOptionsIgnoreZeroIDs", "Ignore &Zero IDs", &W::mnuOptionsIgnoreZeroIDs,
@@ -508,7 +562,7 @@ void FrmWizard::Start(const std::string& projectName) {
         wizard_->controls.txtProjectName = SharedFileSystem().GetAbsolutePathName(projectName);
         WizardChanged(*wizard_);
     }
-    cmdNav_[kNavNext]->setFocus();
+    FocusStep(wizard_->CurrentStep());
 }
 
 void FrmWizard::WizardChanged(const Wizard& wizard) {
@@ -536,7 +590,12 @@ void FrmWizard::WizardChanged(const Wizard& wizard) {
     for (QPushButton* browse : {cmdBrowseHHP_, cmdbrowseHPJ_, cmdBrowseNewRoot_})
         browse->setEnabled(wizard.BrowseEnabled());
     RefreshControls(wizard);
+    RefreshRecentProjects(wizard);
     fraProgress_->setVisible(wizard.FrameProgressVisible());
+    if (step != shownStep_) {
+        shownStep_ = step;
+        FocusStep(step);
+    }
 }
 
 void FrmWizard::RefreshControls(const Wizard& wizard) {
@@ -567,6 +626,10 @@ void FrmWizard::RefreshControls(const Wizard& wizard) {
     else
         lblNewProject_->clear();
     lblNewProject_->setVisible(wizard.RewriteDone);
+    cmdOpenFolder_->setEnabled(wizard.RewriteDone &&
+                               modUtilities::FolderExists(wizard.NewRootPath));
+    lblHHPSummary_->setText(ProjectSummary(wizard));
+    lblHHPSummary_->setVisible(!wizard.Projectname.empty());
 }
 
 void FrmWizard::UpdateBoxPosition() {
@@ -657,15 +720,6 @@ void FrmWizard::closeEvent(QCloseEvent* event) {
     wizard_->mnuFileExit_Click();  // ends in ExitProgram
     inCloseEvent_ = false;
     event->setAccepted(closing_);
-}
-
-void FrmWizard::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
-        wizard_->Form_KeyDown(kF1);
-        event->accept();
-        return;
-    }
-    QMainWindow::keyPressEvent(event);
 }
 
 void FrmWizard::moveEvent(QMoveEvent* event) {

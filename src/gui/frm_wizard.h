@@ -4,6 +4,7 @@
 // user's clicks and edits back to it.
 #include <QMainWindow>
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,7 +22,9 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QRadioButton;
+class QMenu;
 class QStackedWidget;
+class QUrl;
 
 namespace tamrix::gui {
 
@@ -29,8 +32,10 @@ class FrmOptions;
 
 struct WizardWindowOptions {
     WizardDialogs dialogs = QtWizardDialogs();
-    std::optional<bool> printers;        // default: whether a printer is installed
-    std::optional<HelpProject> help;     // default: the installed help project
+    std::optional<bool> printers;     // default: whether a printer is installed
+    std::optional<HelpProject> help;  // default: the installed help project
+    // Opens a folder in the file manager; default: the desktop's handler.
+    std::function<bool(const QUrl&)> openUrl;
 };
 
 class FrmWizard : public QMainWindow, public IWizardView {
@@ -85,6 +90,8 @@ signals:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -113,6 +120,11 @@ private:
     QMenu* AddMenu(const char* name, const QString& caption, MenuEntry WizardMenus::*entry);
     void RefreshControls(const Wizard& wizard);
     void UpdateBoxPosition();
+    void SetTabOrder();
+    // Puts the keyboard on the step's first control.
+    void FocusStep(int step);
+    void RefreshRecentProjects(const Wizard& wizard);
+    static QString ProjectSummary(const Wizard& wizard);
 
     Options options_;
     std::unique_ptr<Wizard> wizard_;
@@ -147,6 +159,11 @@ private:
     QRadioButton* optNoPopups_ = nullptr;
     QCheckBox* chkSaveSettings_ = nullptr;
     QLabel* lblNewProject_ = nullptr;
+    QPushButton* cmdOpenFolder_ = nullptr;
+    QLabel* lblHHPSummary_ = nullptr;
+    QMenu* mnuFileRecent_ = nullptr;
+    std::vector<std::string> recentShown_;
+    int shownStep_ = -1;
     HelpWindow* help_ = nullptr;
     std::unique_ptr<FrmOptions> frmOptions_;
     std::unique_ptr<CSummary> checkReport_;  // the last project check shown

@@ -23,8 +23,11 @@ int main(int argc, char** argv) {
     parser.addPositionalArgument("project", "The HTML Help project (.hhp) to convert.", "[OLD.hhp]");
     parser.process(app);
 
-    tamrix::gui::InstallSummaryViewer();
     tamrix::gui::FrmWizard wizard;
+    tamrix::gui::FrmSummary::Options viewer;
+    viewer.owner = &wizard;
+    viewer.saveFolder = [&wizard] { return wizard.GetWizard().NewRootPath; };
+    tamrix::gui::InstallSummaryViewer(viewer);
     tamrix::ScopedActiveView active(wizard);
     QObject::connect(&wizard, &tamrix::gui::FrmWizard::ExitRequested, &app, &QApplication::quit,
                      Qt::QueuedConnection);

@@ -2,8 +2,9 @@
 // window and saves a picture of every step (not installed).
 //   tamrix-screenshots IN_FOLDER OUT_FOLDER PICTURE_FOLDER
 // IN_FOLDER holds TideClock.hhp and TideClock.hpj; pictures are wizard-step-N.png,
-// message-form.png and html-options.png.
+// message-form.png, html-options.png and log-viewer.png (the scan log).
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QEventLoop>
 #include <QPushButton>
@@ -14,6 +15,7 @@
 #include "gui/frm_options.h"
 #include "gui/frm_wizard.h"
 #include "gui/message_form.h"
+#include "gui/summary_viewer.h"
 #include "messages/messages.h"
 #include "wizard/options_dialog.h"
 #include "platform/file_system.h"
@@ -68,6 +70,11 @@ int main(int argc, char** argv) {
     };
     FrmWizard window(options);
     tamrix::ScopedActiveView active(window);
+    tamrix::gui::FrmSummary::Options viewer;
+    viewer.owner = &window;
+    viewer.printerPresent = true;
+    tamrix::gui::InstallSummaryViewer(viewer);
+    window.move(120, 100);
     window.show();
     window.Start();
 
@@ -88,6 +95,16 @@ int main(int argc, char** argv) {
     ok = Save(window, pictures, 5) && ok;
     tamrix::SharedFileSystem().SetWriteRoot({});
 
+    // The scan log from the new folder, in the viewer over the wizard.
+    window.MenuAction("mnuViewScanLog")->trigger();
+    Settle();
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+        auto* form = qobject_cast<tamrix::gui::FrmSummary*>(top);
+        if (form == nullptr || !form->isVisible()) continue;
+        ok = form->grab().save(QDir(pictures).filePath("log-viewer.png")) && ok;
+        form->hide();
+    }
+
     // The message window with the results shown on entering step 4, and the options dialog.
     tamrix::gui::MessageForm message;
     message.Prepare(tamrix::modMessages::GetMessageString(10064, "cshelp.txt", "popups.js") +
@@ -96,11 +113,13 @@ int main(int argc, char** argv) {
     message.show();
     Settle();
     ok = message.grab().save(QDir(pictures).filePath("message-form.png")) && ok;
+    // Ticked after it opened, so the picture shows the window grown by the name row.
     tamrix::OptionsDialog optionsData;
-    optionsData.chkCssFile = true;
     tamrix::gui::FrmOptions optionsForm;
     optionsForm.Load(optionsData);
     optionsForm.show();
+    Settle();
+    optionsForm.CssFile()->click();
     Settle();
     ok = optionsForm.grab().save(QDir(pictures).filePath("html-options.png")) && ok;
     return ok ? 0 : 1;

@@ -2,6 +2,8 @@
 
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -82,6 +84,13 @@ SummaryDialogs QtSummaryDialogs() {
         const QFont font = QFontDialog::getFont(&ok, current, parent);
         if (!ok) return std::nullopt;
         return font;
+    };
+    d.findText = [](QWidget* parent, const QString& last) -> std::optional<QString> {
+        bool ok = false;
+        const QString text =
+            QInputDialog::getText(parent, "Find", "Find what:", QLineEdit::Normal, last, &ok);
+        if (!ok) return std::nullopt;
+        return text;
     };
     return d;
 }

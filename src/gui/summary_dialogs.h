@@ -35,6 +35,8 @@ struct SummaryDialogs {
                                              bool hasSelection)>
         print;
     std::function<std::optional<QFont>(QWidget* parent, const QFont& current)> chooseFont;
+    // The text to find; nullopt when cancelled.
+    std::function<std::optional<QString>(QWidget* parent, const QString& last)> findText;
 };
 
 // The Qt dialogs.

@@ -50,11 +50,15 @@ void Wizard::cmdBrowseHHP_Click() {
         if (path.empty() ||
             !AcceptExtension(path, "hhp", 10067, "Open WinHelp Help Project", Box()))
             return;
-        controls.txtProjectName = path;
-        int count = 0;
-        if (modParser::OpenProjectFile(*this, path, count)) FillProjectLabels(controls.lblTopicCount);
-        Changed();
+        UseProjectFile(path);
     });
+}
+
+void Wizard::UseProjectFile(const std::string& path) {
+    controls.txtProjectName = path;
+    int count = 0;
+    if (modParser::OpenProjectFile(*this, path, count)) FillProjectLabels(controls.lblTopicCount);
+    Changed();
 }
 
 void Wizard::cmdbrowseHPJ_Click() {
@@ -69,16 +73,21 @@ void Wizard::cmdbrowseHPJ_Click() {
             Changed();
             return;
         }
-        controls.txtWinhelpProjectName = path;
-        controls.chkMapData = controls.chkAliasData = false;
-        bool hasAlias = false;
-        bool hasMap = false;
-        if (modParser::OpenWinProjectFile(*this, path, hasAlias, hasMap)) {
-            controls.chkMapData = hasMap;
-            controls.chkAliasData = hasAlias;
-        }
-        Changed();
+        UseWinHelpFile(path);
     });
+}
+
+void Wizard::UseWinHelpFile(const std::string& path) {
+    controls.fraHPJOpenVisible = true;
+    controls.txtWinhelpProjectName = path;
+    controls.chkMapData = controls.chkAliasData = false;
+    bool hasAlias = false;
+    bool hasMap = false;
+    if (modParser::OpenWinProjectFile(*this, path, hasAlias, hasMap)) {
+        controls.chkMapData = hasMap;
+        controls.chkAliasData = hasAlias;
+    }
+    Changed();
 }
 
 void Wizard::cmdBrowseNewRoot_Click() {

@@ -37,6 +37,8 @@ int Wizard::NextStep(int currentStep) {
                         return currentStep;
                     Projectname = controls.txtProjectName;
                     ProjectFolder = modUtilities::FilePathOnly(Projectname);
+                    RememberProject(Projectname);
+                    ProposeWinHelpProject();
                     controls.lblContextCount = DisplayTopicCount;
                     controls.lblTopicCount = DisplayTopicCount;
                     IndexFile.clear();
@@ -116,6 +118,7 @@ bool Wizard::NextFromWinHelpFile() {
         const long ids = (modGlobals::MapContextIDs ? modGlobals::MapContextIDs->Count() : 0) +
                          (modGlobals::ProjectAliases ? modGlobals::ProjectAliases->Count() : 0);
         controls.lblContextIDs = std::to_string(ids);
+        SuggestNewProjectPath();
     }
     modUtilities::ShowProgressBar(*this, false);
     Changed();

@@ -123,6 +123,7 @@ void Wizard::cmdNav_Click(int index) {
                                             mb::kYesNo + mb::kQuestion, "Cancel", Box()) == mb::kYes) {
                     ResetProject();
                     ShowStep(0);
+                    if (!controls.chkShowIntro) ShowStep(1);
                 }
             } else if (modMessages::AskMessage("Do you want to exit the program?",
                                                mb::kYesNo + mb::kQuestion, "Cancel", Box()) == mb::kYes) {
@@ -190,9 +191,19 @@ void Wizard::ResetProject() {
     scanLog_.reset();
     rewriteLog_.reset();
     popupLog_.reset();
-    const bool printerLabel = controls.lblPrinterVisible;
+    // The options outlive the project only when the user asked to keep them.
+    const WizardControls kept = controls;
     controls = WizardControls{};
-    controls.lblPrinterVisible = printerLabel;
+    controls.lblPrinterVisible = kept.lblPrinterVisible;
+    controls.chkShowIntro = kept.chkShowIntro;
+    controls.chkSaveSettings = kept.chkSaveSettings;
+    if (kept.chkSaveSettings) {
+        controls.chkIgnoreZeroIDs = kept.chkIgnoreZeroIDs;
+        controls.optYesPopups = kept.optYesPopups;
+        controls.optNoPopups = kept.optNoPopups;
+    } else {
+        ResetOptions();
+    }
     SharedFileSystem().SetWriteRoot({});
 }
 

@@ -30,7 +30,7 @@ struct MenuEntry {
 // The controls of the six step frames, as values.
 struct WizardControls {
     // Step 0
-    bool chkShowIntro = false;  // shown, inert
+    bool chkShowIntro = true;  // unticked, a restart in this run begins at step 1
     bool lblPrinterVisible = false;
     // Step 1
     std::string txtProjectName;
@@ -39,7 +39,7 @@ struct WizardControls {
     std::string lblIndexFile;
     // Step 2
     std::string txtWinhelpProjectName;
-    bool chkIgnoreZeroIDs = true;  // shown; the Options menu governs the flag
+    bool chkIgnoreZeroIDs = true;  // mirrors Options/Ignore Zero IDs
     bool chkMapData = false;
     bool chkAliasData = false;
     bool fraHPJOpenVisible = false;
@@ -52,7 +52,7 @@ struct WizardControls {
     bool optYesPopups = false;
     bool optNoPopups = true;
     // Step 5
-    bool chkSaveSettings = false;  // read at unload and ignored
+    bool chkSaveSettings = false;  // ticked, a restart in this run keeps the options
 };
 
 struct WizardMenus {
@@ -86,6 +86,15 @@ public:
     void cmdBrowseHHP_Click();
     void cmdbrowseHPJ_Click();
     void cmdBrowseNewRoot_Click();
+    // The step 2 check box, the same switch as Options/Ignore Zero IDs.
+    void chkIgnoreZeroIDs_Click();
+
+    // A .hhp or .hpj dropped on the window fills its step; false for other files.
+    bool FileDropped(const std::string& path);
+    // The projects opened in this run, newest first.
+    const std::vector<std::string>& RecentProjects() const { return recentProjects_; }
+    // Fills step 1 with a project of this run and shows that step.
+    void OpenRecentProject(std::size_t index);
 
     // Menus.
     void mnuFileExit_Click() { ExitProgram(); }
@@ -146,6 +155,12 @@ private:
     bool NextFromNewProject();
     void WriteLogsAndPopups();
     void FillProjectLabels(std::string& topicLabel);
+    void UseProjectFile(const std::string& path);
+    void UseWinHelpFile(const std::string& path);
+    void RememberProject(const std::string& path);
+    void ProposeWinHelpProject();
+    void SuggestNewProjectPath();
+    void ResetOptions();
     void ViewReportOrFile(std::unique_ptr<CSummary>& log, const std::string& fileName);
     void ViewFile(const std::string& path, const std::string& filter, bool readOnly);
 
@@ -165,6 +180,7 @@ private:
     std::unique_ptr<CSummary> rewriteLog_;
     std::unique_ptr<CSummary> popupLog_;
     std::vector<std::unique_ptr<CSummary>> viewers_;
+    std::vector<std::string> recentProjects_;
 };
 
 }  // namespace tamrix

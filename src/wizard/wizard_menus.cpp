@@ -84,6 +84,7 @@ void Wizard::mnuOptionsHTML_Click() {
 void Wizard::mnuOptionsIgnoreZeroIDs_Click() {
     menus.mnuOptionsIgnoreZeroIDs.checked = !menus.mnuOptionsIgnoreZeroIDs.checked;
     modGlobals::IgnoreZeroIDs = menus.mnuOptionsIgnoreZeroIDs.checked;
+    controls.chkIgnoreZeroIDs = menus.mnuOptionsIgnoreZeroIDs.checked;
     Changed();
 }
 

@@ -1,8 +1,11 @@
 // The HTML Options dialog over the toolkit-free OptionsDialog.
 #include "gui/frm_options.h"
 
+#include <gtest/gtest.h>
+
 #include <QCheckBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <gtest/gtest.h>
@@ -23,9 +26,14 @@ TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
     EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
     EXPECT_TRUE(form.CssFileName()->isHidden());
     EXPECT_TRUE(form.CssFileLabel()->isHidden());
+    form.show();
+    const int before = form.height();
     form.CssFile()->click();
     EXPECT_FALSE(form.CssFileName()->isHidden());
     EXPECT_FALSE(form.CssFileLabel()->isHidden());
+    // The window grows by the row, so nothing above it is squeezed.
+    EXPECT_GT(form.height(), before);
+    EXPECT_GE(form.height(), form.layout()->totalHeightForWidth(form.width()));
 }
 
 TEST(FrmOptionsTest, OKWithAnEmptyNameIsRefusedAndTheDialogStays) {
@@ -42,6 +50,8 @@ TEST(FrmOptionsTest, OKWithAnEmptyNameIsRefusedAndTheDialogStays) {
     EXPECT_EQ(view.messages[0].text, "There must be a valid name for the style sheet");
     EXPECT_FALSE(dialog.Status);
     EXPECT_TRUE(form.isVisible());
+    // Painted again once the message has gone, the dialog has its default name back.
+    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
 
     form.CssFileName()->setText("site.css");
     form.OKButton()->click();
@@ -65,6 +75,10 @@ TEST(FrmOptionsTest, AnEmptyNameIsPutBackWhenShownAgain) {
     dialog.txtCssFileName.clear();
     FrmOptions form;
     form.Load(dialog);
+    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
+    // Emptied while hidden, it is back as soon as the window shows.
+    form.CssFileName()->clear();
+    form.show();
     EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
 }
 

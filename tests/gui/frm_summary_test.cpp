@@ -4,11 +4,16 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDir>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QPrinter>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTextCursor>
 #include <QTextEdit>
+#include <QWindow>
 #include <deque>
 
 #include "gui/gui_test_helpers.h"
@@ -102,6 +107,13 @@ TEST_F(FrmSummaryTest, SaveOffersTheFiltersAndTheProposedName) {
     EXPECT_TRUE(view.messages.empty());
 }
 
+// "Courier New", or the platform's fixed font where it is missing.
+QString LogFamily() {
+    return QFontDatabase::hasFamily("Courier New")
+               ? QString("Courier New")
+               : QFontInfo(QFontDatabase::systemFont(QFontDatabase::FixedFont)).family();
+}
+
 TEST_F(FrmSummaryTest, ShowsTheLogInCourierNew9) {
     FrmSummary form(Options());
     form.SetPlainText(kLog);
@@ -111,10 +123,10 @@ TEST_F(FrmSummaryTest, ShowsTheLogInCourierNew9) {
     const QFont font = FormatAt(*form.RTFItems()->document(), 0)
                            .font()
                            .resolve(form.RTFItems()->document()->defaultFont());
-    EXPECT_EQ(font.family(), "Courier New");
+    EXPECT_EQ(font.family(), LogFamily());
     EXPECT_EQ(font.pointSize(), 9);
     EXPECT_FALSE(font.bold());
-    EXPECT_EQ(form.FontNameBox()->currentText(), "Courier New");
+    EXPECT_EQ(form.FontNameBox()->currentText(), LogFamily());
     EXPECT_EQ(form.FontSizeBox()->currentText(), "9");
 }
 
@@ -131,8 +143,10 @@ TEST_F(FrmSummaryTest, WithoutPrinterPrintIsHiddenAndHelpIsShort) {
 
     QStringList names;
     for (int i = 0; i < form.FontNameBox()->count(); ++i) names << form.FontNameBox()->itemText(i);
-    EXPECT_EQ(names, (QStringList{"Arial", "Courier New", "Tahoma", "Times New Roman", "Symbol",
-                                  "WingDings"}));
+    QStringList expected{"Arial",           "Courier New", "Tahoma",
+                         "Times New Roman", "Symbol",      "WingDings"};
+    if (!expected.contains(LogFamily())) expected << LogFamily();
+    EXPECT_EQ(names, expected);
     ASSERT_EQ(form.FontSizeBox()->count(), 20);
     EXPECT_EQ(form.FontSizeBox()->itemText(0), "5");
     EXPECT_EQ(form.FontSizeBox()->itemText(19), "24");
@@ -158,6 +172,11 @@ TEST_F(FrmSummaryTest, WithPrinterTheTextWrapsAtThePageWidth) {
     EXPECT_EQ(form.RTFItems()->lineWrapMode(), QTextEdit::FixedPixelWidth);
     // 8.5 inches less 1 inch and half an inch of margins
     EXPECT_NEAR(form.RTFItems()->lineWrapColumnOrWidth(), 7.0 * form.RTFItems()->logicalDpiX(), 1);
+    // The printer's (the system's) families, each once, the log's own among them.
+    QStringList names;
+    for (int i = 0; i < form.FontNameBox()->count(); ++i) names << form.FontNameBox()->itemText(i);
+    EXPECT_EQ(names.removeDuplicates(), 0);
+    EXPECT_TRUE(names.contains(LogFamily()));
 
     form.ShowHelp();
     ASSERT_EQ(view.messages.size(), 1u);
@@ -227,6 +246,58 @@ TEST_F(FrmSummaryTest, ToolbarFollowsTheSelection) {
     EXPECT_EQ(form.FontSizeBox()->currentText(), "9");
     select(0, 3);
     EXPECT_EQ(form.FontSizeBox()->currentText(), "14");
+}
+
+// Ctrl+F, F3, Ctrl+S, Ctrl+P and Escape, pressed as the platform delivers them.
+TEST_F(FrmSummaryTest, KeysFindSavePrintAndClose) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    auto options = Options(true);
+    options.printer = &printer;
+    int printDialogs = 0;
+    options.dialogs.print = [&](QWidget*, QPrinter&, int, bool) {
+        ++printDialogs;
+        return std::optional<PrintChoice>();
+    };
+    options.dialogs.findText = [](QWidget*, const QString&) {
+        return std::optional<QString>("version");
+    };
+    options.saveFolder = [this] { return dir.Path(); };
+    FrmSummary form(options);
+    form.SetPlainText(kLog);
+    QSignalSpy closing(&form, &FrmSummary::CloseForm);
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QWindow* window = form.windowHandle();
+
+    QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(form.RTFItems()->textCursor().selectedText(), "Version");
+    QTest::keyClick(window, Qt::Key_F3);  // the only match again, from the top
+    EXPECT_EQ(form.RTFItems()->textCursor().selectionStart(), 20);
+    QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);
+    ASSERT_EQ(saveRequests.size(), 1u);
+    EXPECT_EQ(saveRequests[0].initialFolder, dir.Path());
+    QTest::keyClick(window, Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(printDialogs, 1);
+
+    // An edit is asked about: Cancel stays, No closes without saving.
+    QTest::keyClicks(form.RTFItems(), "x");
+    view.answers = {mb::kCancel, mb::kNo};
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_EQ(view.messages.back().text,
+              "The text has been changed. Do you want to save the changes?");
+    EXPECT_EQ(closing.count(), 0);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_EQ(closing.count(), 1);
+    EXPECT_EQ(view.messages.size(), 2u);
+}
+
+TEST_F(FrmSummaryTest, SaveStartsInTheHomeFolderWithoutANewProject) {
+    FrmSummary form(Options());
+    form.Save();
+    ASSERT_EQ(saveRequests.size(), 1u);
+    EXPECT_EQ(saveRequests[0].initialFolder, QDir::homePath().toStdString());
 }
 
 TEST_F(FrmSummaryTest, CloseRaisesCloseFormAndClearEmpties) {

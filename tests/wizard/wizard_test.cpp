@@ -11,6 +11,7 @@
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "support/scripted_wizard_view.h"
+#include "support/sample_copy.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -21,10 +22,7 @@ namespace fs = std::filesystem;
 class WizardTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
-        modGlobals::ResetAll();
-        fs::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
-                 fs::copy_options::recursive);
+        testing::PrepareSampleCopy(dir.Path());
         wizard.Start();
     }
     void TearDown() override {
@@ -333,6 +331,7 @@ TEST_F(WizardTest, BrowseButtonsCheckTheExtensionWithCrossedTitles) {
 
 TEST_F(WizardTest, AnEmptyOrNamelessNewPathIsRefused) {
     ScanSample();
+    wizard.controls.txtRootPath.clear();  // the suggestion taken back
     Next();
     EXPECT_EQ(wizard.CurrentStep(), 3);
     EXPECT_EQ(view.messages.back().text,
@@ -341,6 +340,69 @@ TEST_F(WizardTest, AnEmptyOrNamelessNewPathIsRefused) {
     Next();
     EXPECT_EQ(wizard.CurrentStep(), 3);
     EXPECT_EQ(view.messages.back().text, "Check syntax of New Path");
+}
+
+// After step 1 the .hpj of the same name is proposed when it is there; after
+// the scan a new folder beside the input one that does not exist yet.
+TEST_F(WizardTest, ProposesTheWinHelpProjectBesideAndAFreshFolder) {
+    const struct {
+        bool hpjThere;
+        std::vector<std::string> takenFolders;
+        std::string hpj, root;
+    } cases[] = {
+        {true, {}, "in/TideClock.hpj", "in-new/TideClock.hhp"},
+        {false, {"in-new"}, "", "in-new2/TideClock.hhp"},
+        {true, {"in-new", "in-new2"}, "in/TideClock.hpj", "in-new3/TideClock.hhp"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.root);
+        if (wizard.CurrentStep() != 0) {  // a fresh start
+            view.answers = {mb::kYes};
+            wizard.cmdNav_Click(kNavCancel);
+        }
+        if (!c.hpjThere) fs::remove(dir / "in/TideClock.hpj");
+        for (const std::string& taken : c.takenFolders) fs::create_directories(dir / taken);
+        Next();
+        wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
+        Next();
+        EXPECT_EQ(wizard.controls.txtWinhelpProjectName, c.hpj.empty() ? "" : dir / c.hpj);
+        Next();
+        ASSERT_EQ(wizard.CurrentStep(), 3);
+        EXPECT_EQ(wizard.controls.txtRootPath, dir / c.root);
+        fs::copy_file(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock/TideClock.hpj",
+                      dir / "in/TideClock.hpj", fs::copy_options::overwrite_existing);
+    }
+}
+
+// "Show this introduction at start", "Save these settings" and step 2's
+// zero-ID box act within the run: on a restart, and on the Options menu.
+TEST_F(WizardTest, TheRunsCheckBoxesActOnTheRestart) {
+    const struct {
+        bool showIntro, saveSettings;
+        int stepAfterRestart;
+        bool ignoreZeroAfter, htmlOptionsKept;
+    } cases[] = {// the first case puts every default back for the second
+                 {true, false, 0, true, false},
+                 {false, true, 1, false, true}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.stepAfterRestart);
+        Next();
+        wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
+        Next();
+        wizard.chkIgnoreZeroIDs_Click();
+        EXPECT_FALSE(wizard.menus.mnuOptionsIgnoreZeroIDs.checked);
+        EXPECT_FALSE(modGlobals::IgnoreZeroIDs);
+        wizard.mnuOptionsHTML_Click();
+        wizard.controls.chkShowIntro = c.showIntro;
+        wizard.controls.chkSaveSettings = c.saveSettings;
+        view.answers = {mb::kYes};
+        wizard.cmdNav_Click(kNavCancel);
+        EXPECT_EQ(wizard.CurrentStep(), c.stepAfterRestart);
+        EXPECT_TRUE(wizard.controls.txtProjectName.empty());
+        EXPECT_EQ(modGlobals::IgnoreZeroIDs, c.ignoreZeroAfter);
+        EXPECT_EQ(wizard.controls.chkIgnoreZeroIDs, c.ignoreZeroAfter);
+        EXPECT_EQ(wizard.Options() != nullptr, c.htmlOptionsKept);
+    }
 }
 
 }  // namespace

@@ -1,0 +1,19 @@
+#pragma once
+// The start of every test that converts the bundled sample: a fixed date, an
+// empty project model and a copy of the sample in DIR/in.
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "model/project_state.h"
+
+namespace tamrix::testing {
+
+inline void PrepareSampleCopy(const std::filesystem::path& dir) {
+    ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+    modGlobals::ResetAll();
+    std::filesystem::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
+                          std::filesystem::copy_options::recursive);
+}
+
+}  // namespace tamrix::testing
