@@ -386,7 +386,7 @@ QWidget* FrmWizard::BuildFinished() {
     chkSaveSettings_->setObjectName("chkSaveSettings");
     connect(chkSaveSettings_, &QCheckBox::toggled, this,
             [this](bool on) { wizard_->controls.chkSaveSettings = on; });
-    auto* check = new QPushButton("&Check New Project\u2026", frame);
+    auto* check = new QPushButton("Chec&k New Project\u2026", frame);
     check->setAutoDefault(false);
     check->setObjectName("cmdCheckProject");
     connect(check, &QPushButton::clicked, this, &FrmWizard::CheckNewProject);
@@ -524,7 +524,7 @@ void FrmWizard::BuildMenus() {
     QMenu* tools = AddMenu("mnuTools", "&Tools", &W::mnuTools);
     AddEntry(tools, "mnuToolsFormatMapFiles", "Format Map Files", &W::mnuToolsFormatMapFiles,
              &Wizard::mnuToolsFormatMapFiles_Click);
-    QAction* check = tools->addAction("&Check New Project\u2026");
+    QAction* check = tools->addAction("Chec&k New Project\u2026");
     check->setObjectName("mnuToolsCheckProject");
     connect(check, &QAction::triggered, this, &FrmWizard::CheckNewProject);
 

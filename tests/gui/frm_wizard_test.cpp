@@ -15,7 +15,9 @@
 #include <QTest>
 #include <QTextBrowser>
 
+#include "gui/frm_summary.h"
 #include "gui/frm_wizard_fixture.h"
+#include "gui/summary_viewer.h"
 
 namespace tamrix::gui {
 namespace {
