@@ -35,8 +35,6 @@ public:
     void ShowOptionsDialog(OptionsDialog& dialog) override;
     bool HasAnyPrinters() override { return false; }
 
-    int ErrorCount() const { return errors_; }
-
 private:
     int Answer(const MessageRequest& request, bool& asked);
     void DrawProgress();
@@ -53,7 +51,6 @@ private:
     int value_ = 0;
     bool visible_ = false;
     bool drawn_ = false;
-    int errors_ = 0;
 };
 
 }  // namespace tamrix::cli

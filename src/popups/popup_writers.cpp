@@ -22,7 +22,7 @@ constexpr const char* kHeaderFile = "cshelp.h";
 
 void AdvanceProgress(WizardState& wizard, long& visited) {
     ++visited;
-    modUtilities::UpdateProgressBar(wizard, std::min(visited, 32767L));
+    modUtilities::UpdateProgressBar(wizard, std::min(visited, Counter16::kMax));
 }
 
 void WriteFile(const std::string& root, const std::string& fileName, const std::string& content) {

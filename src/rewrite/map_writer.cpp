@@ -75,9 +75,9 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
         }
         std::string path = modUtilities::MakeFullPathforFile(folder, name);
         if (modUtilities::FileExists(path) &&
-            modMessages::AskMessage(modMessages::GetMessageString(10018, path),
-                                    mb::kYesNo | mb::kQuestion, "Writing Map File", {},
-                                    10018) == mb::kNo) {
+            modMessages::AskMessage(modMessages::FromCatalogue(10018, path),
+                                    mb::kYesNo | mb::kQuestion, "Writing Map File",
+                                    {}) == mb::kNo) {
             const std::optional<std::string> answer = ActiveView().InputBox(
                 "Please enter the name for the map file.", "New Map File", mapFileName);
             if (!answer || answer->empty()) {

@@ -5,6 +5,7 @@
 #include "messages/messages.h"
 #include "model/project_state.h"
 #include "platform/byte_text.h"
+#include "platform/counter16.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
@@ -70,7 +71,7 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
         TextBuffer buffer;
         long visited = 0;
         for (const auto& caller : *topics) {
-            modUtilities::UpdateProgressBar(wizard, std::min(++visited, 32767L));
+            modUtilities::UpdateProgressBar(wizard, std::min(++visited, Counter16::kMax));
             current = caller->NewFileName;
             const std::string path =
                 modUtilities::MakeFullPathforFile(root, "html\\" + caller->NewFileName);
