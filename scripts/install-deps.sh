@@ -2,7 +2,8 @@
 # Installs what Tamrix needs to build and test on Debian 12 (run as root).
 set -euo pipefail
 packages=(build-essential cmake ninja-build pkg-config libgtest-dev libgmock-dev
-          qt6-base-dev libgl-dev unrtf poppler-utils xvfb xauth fp-utils nodejs libchm-dev)
+          qt6-base-dev libgl-dev unrtf poppler-utils xvfb xauth fp-utils nodejs libchm-dev
+          clang-14 libclang-rt-14-dev clang-format-14)
 missing=()
 for p in "${packages[@]}"; do
     dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")

@@ -92,7 +92,6 @@ int CliView::MessageBox(const MessageRequest& request) {
 
 void CliView::ErrorBox(const std::string& text, const std::string& title) {
     ClearProgress();
-    ++errors_;
     err_ << title << ": " << OneLine(text) << "\n" << std::flush;
 }
 

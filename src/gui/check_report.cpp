@@ -14,7 +14,6 @@ std::unique_ptr<CSummary> CheckProjectAndShowReport(const std::string& projectFi
     QApplication::restoreOverrideCursor();
 
     auto summary = std::make_unique<CSummary>();
-    summary->SetCaptionBase("Project Check - ");
     summary->SetName("check.log");
     summary->OpenSummary(0);
     for (const std::string& line : Split(check::ReportText(report), '\n'))

@@ -68,6 +68,20 @@ std::string GetMessageString(long id, std::string_view insertText, std::string_v
     });
 }
 
+CatalogueMessage FromCatalogue(long id, std::string_view insertText, std::string_view insertText2) {
+    return {id, GetMessageString(id, insertText, insertText2)};
+}
+
+void ShowMessage(const CatalogueMessage& message, int style, std::string_view title,
+                 BoxPosition position) {
+    ShowMessage(message.text, style, title, position, message.id);
+}
+
+int AskMessage(const CatalogueMessage& message, int style, std::string_view title,
+               BoxPosition position) {
+    return AskMessage(message.text, style, title, position, message.id);
+}
+
 int AskMessage(std::string_view text, int style, std::string_view title, BoxPosition position,
                long catalogueId) {
     try {

@@ -19,6 +19,14 @@ std::optional<std::string> CatalogueText(long id);
 std::string GetMessageString(long id, std::string_view insertText = {},
                              std::string_view insertText2 = {});
 
+// A catalogue text with its placeholders filled, and the ID it came from.
+struct CatalogueMessage {
+    long id;
+    std::string text;
+};
+CatalogueMessage FromCatalogue(long id, std::string_view insertText = {},
+                               std::string_view insertText2 = {});
+
 // Shows a catalogue text (placeholders unfilled) followed by CR LF and `extra`.
 void ShowMessageID(long id, int style, std::string_view title, std::string_view extra = {},
                    BoxPosition position = {});
@@ -31,5 +39,11 @@ void ShowMessage(std::string_view text, int style, std::string_view title,
                  BoxPosition position = {}, long catalogueId = 0);
 int AskMessage(std::string_view text, int style, std::string_view title,
                BoxPosition position = {}, long catalogueId = 0);
+
+// Shows a filled catalogue text; an automated answer can name it by its ID.
+void ShowMessage(const CatalogueMessage& message, int style, std::string_view title,
+                 BoxPosition position = {});
+int AskMessage(const CatalogueMessage& message, int style, std::string_view title,
+               BoxPosition position = {});
 
 }  // namespace tamrix::modMessages

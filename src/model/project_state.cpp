@@ -32,6 +32,7 @@ int AnchorState = 0;
 int AreaState = 0;
 int ObjectState = 0;
 std::string PendingAnchorText;
+std::size_t PendingAnchorStart = 0;
 
 void ClearWinHelpData() {
     MapContextIDs.reset();
@@ -64,6 +65,7 @@ void ResetAll() {
     RemoveScriptLinks = RemoveTextLinks = RemovePopupImages = true;
     HeadState = BodyState = AnchorState = AreaState = ObjectState = 0;
     PendingAnchorText.clear();
+    PendingAnchorStart = 0;
 }
 
 }  // namespace tamrix::modGlobals

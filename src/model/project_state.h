@@ -1,6 +1,7 @@
 #pragma once
 // The single project in memory. Each scan clears and refills it; writers and
 // logs only read it, except for the flags the writers set on its records.
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -48,6 +49,9 @@ extern int AnchorState;
 extern int AreaState;
 extern int ObjectState;
 extern std::string PendingAnchorText;
+// Where the next "<A" starts in PendingAnchorText when the tag readers left it
+// there, so a long line is not copied once per anchor; 0 for text put there otherwise.
+extern std::size_t PendingAnchorStart;
 
 // Drops the WinHelp data: context IDs, aliases, duplicates, map and alias files.
 void ClearWinHelpData();

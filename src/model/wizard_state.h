@@ -60,7 +60,6 @@ public:
     bool ProgressVisible() const { return progressVisible_; }
 
     IView& View() const { return view_ != nullptr ? *view_ : ActiveView(); }
-    void SetView(IView* view) { view_ = view; }
 
 private:
     IView* view_;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "platform/byte_text.h"
 #include "platform/format.h"
 
 namespace tamrix::modParser {
@@ -108,6 +109,12 @@ bool ContextIDValue(std::string_view text, std::int32_t& value) {
     }
     if (!ok) value = -1;
     return ok;
+}
+
+std::string CHeaderValue(std::string_view value) {
+    if (StartsWithNoCase(value, "&H")) return "0x" + std::string(value.substr(2));
+    if (StartsWithNoCase(value, "&O")) return "0" + std::string(value.substr(2));
+    return std::string(value);
 }
 
 }  // namespace tamrix::modParser

@@ -3,6 +3,7 @@
 // compiler's tools always read it: "&H" hexadecimal, "&O" octal, otherwise a
 // decimal number with sign, fraction and exponent.
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tamrix::modParser {
@@ -12,5 +13,8 @@ namespace tamrix::modParser {
 // up to &HFFFFFFFF 32-bit patterns. Decimals round halves to even. Returns false
 // (value -1) when the result lies outside the signed 32-bit range.
 bool ContextIDValue(std::string_view text, std::int32_t& value);
+
+/// The value text in C form for a header: "&H1A" becomes "0x1A", "&O17" "017".
+std::string CHeaderValue(std::string_view value);
 
 }  // namespace tamrix::modParser

@@ -82,15 +82,14 @@ bool OpenProjectFile(WizardState& wizard, const std::string& projectFile, int& h
     htmCount = 0;
     return Guarded("modParser:OpenProjectFile", false, [&] {
         if (!modUtilities::FileExists(projectFile)) {
-            modMessages::ShowMessage(modMessages::GetMessageString(10069, projectFile),
-                                     mb::kExclamation, "Opening HTML Project File", wizard.Box(),
-                                     10069);
+            modMessages::ShowMessage(modMessages::FromCatalogue(10069, projectFile),
+                                     mb::kExclamation, "Opening HTML Project File", wizard.Box());
             return false;
         }
         TextReader reader(projectFile);
         if (!SkipToFilesSection(reader)) {
-            modMessages::ShowMessage(modMessages::GetMessageString(5004), mb::kOKOnly,
-                                     "Opening Project File", wizard.Box(), 5004);
+            modMessages::ShowMessage(modMessages::FromCatalogue(5004), mb::kOKOnly,
+                                     "Opening Project File", wizard.Box());
             return false;
         }
         Counter16 count;
@@ -137,9 +136,9 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
             if (!modUtilities::FileExists(fullPath)) {
                 ++missing;
                 missingCount = missing;
-                const int answer = modMessages::AskMessage(
-                    modMessages::GetMessageString(10044, fullPath), mb::kYesNo,
-                    "Scanning Project File", wizard.Box(), 10044);
+                const int answer =
+                    modMessages::AskMessage(modMessages::FromCatalogue(10044, fullPath), mb::kYesNo,
+                                            "Scanning Project File", wizard.Box());
                 if (answer != mb::kYes) {
                     stoppedHere = true;
                     break;
@@ -163,8 +162,8 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
             }
             if (!topicId.empty() && ContainsNoCase(entry, topicId)) {
                 const int answer =
-                    modMessages::AskMessage(modMessages::GetMessageString(10005, entry), mb::kYesNo,
-                                            "Parsing HTMl Project File", wizard.Box(), 10005);
+                    modMessages::AskMessage(modMessages::FromCatalogue(10005, entry), mb::kYesNo,
+                                            "Parsing HTMl Project File", wizard.Box());
                 if (answer != mb::kYes) return false;
             }
 
@@ -185,9 +184,9 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
             RenameDuplicateID(*topic, byContext, duplicates);
 
             if (topicFiles.Find(topic->AutoFileName) != nullptr) {
-                modMessages::ShowMessage(modMessages::GetMessageString(10056, topic->AutoFileName),
+                modMessages::ShowMessage(modMessages::FromCatalogue(10056, topic->AutoFileName),
                                          mb::kInformation, "Parsing HTML Project File",
-                                         wizard.Box(), 10056);
+                                         wizard.Box());
             } else {
                 topicFiles.Add(topic, topic->AutoFileName);
                 if (!topic->Context.empty()) byContext[Fold(topic->Context)].push_back(topic);

@@ -67,8 +67,8 @@ bool UpdateInternalReferences(WizardState& wizard) {
                     continue;
                 }
                 const int answer = modMessages::AskMessage(
-                    modMessages::GetMessageString(10052, file), mb::kOKCancel,
-                    "Checking internal references to topic files", wizard.Box(), 10052);
+                    modMessages::FromCatalogue(10052, file), mb::kOKCancel,
+                    "Checking internal references to topic files", wizard.Box());
                 if (answer == mb::kCancel) return false;
                 // The unresolved link is counted for the file of the last link that resolved.
                 if (!previous) RaiseError(kObjectNotSet);
@@ -91,8 +91,8 @@ bool CheckProjectValidity(const CTopicFiles* topicFiles) {
         }
         if (withoutId * 4 <= total) return true;
         const int answer = modMessages::AskMessage(
-            modMessages::GetMessageString(10023, SignedText(withoutId), SignedText(total)),
-            mb::kYesNo | mb::kQuestion, "HTML Project Check", {}, 10023);
+            modMessages::FromCatalogue(10023, SignedText(withoutId), SignedText(total)),
+            mb::kYesNo | mb::kQuestion, "HTML Project Check", {});
         return answer == mb::kYes;
     });
 }

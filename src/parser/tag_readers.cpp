@@ -26,28 +26,21 @@ std::string QuotedValueAfter(std::string_view tag, std::string_view keyword,
 }
 
 // The pending anchor text is handed from call to call without copying it: the
-// buffer stays in PendingAnchorText and only where it starts moves on, so a long
-// line full of anchors is read in linear time. The buffer is recognised by its
-// address and size; text put there by anyone else is taken whole.
-struct PendingMark {
-    const char* data = nullptr;
-    std::size_t size = 0;
-    std::size_t start = 0;
-};
-PendingMark g_pending;
-
-std::size_t PendingStart() {
+// buffer stays in PendingAnchorText and only PendingAnchorStart moves on, so a
+// long line full of anchors is read in linear time. A start that does not point
+// at an "<A" of the text takes the text whole.
+std::size_t TakePendingStart() {
     const std::string& text = modGlobals::PendingAnchorText;
-    if (text.data() == g_pending.data && text.size() == g_pending.size &&
-        g_pending.start < text.size() &&
-        StartsWithNoCase(std::string_view(text).substr(g_pending.start), "<A"))
-        return g_pending.start;
+    const std::size_t start = modGlobals::PendingAnchorStart;
+    modGlobals::PendingAnchorStart = 0;
+    if (start < text.size() && StartsWithNoCase(std::string_view(text).substr(start), "<A"))
+        return start;
     return 0;
 }
 
 void KeepPending(std::string&& buffer, std::size_t start) {
     modGlobals::PendingAnchorText = std::move(buffer);
-    g_pending = {modGlobals::PendingAnchorText.data(), modGlobals::PendingAnchorText.size(), start};
+    modGlobals::PendingAnchorStart = start;
 }
 
 // Reads lines until one holds `keyword`; that line goes into `line` and the
@@ -94,10 +87,11 @@ std::string HTMLAnchor(TextReader& stream) {
         std::string text;
         std::size_t from = 0;
         if (!modGlobals::PendingAnchorText.empty()) {
-            from = PendingStart();
+            from = TakePendingStart();
             text = std::move(modGlobals::PendingAnchorText);
             modGlobals::PendingAnchorText.clear();
         } else {
+            modGlobals::PendingAnchorStart = 0;
             from = ReadToLineWith(stream, text, "<A");
             if (from == kNotFound) return std::string();
             text += ' ';

@@ -43,8 +43,8 @@ bool ExtractTopicTitle(std::string_view head, std::string& title) {
     return Guarded("modParser:ExtractTopicTitle", false, [&] {
         const std::size_t open = FindNoCase(head, "<TITLE>");
         if (open == kNotFound) {
-            modMessages::ShowMessage(modMessages::GetMessageString(5003), mb::kOKOnly,
-                                     "ExtractTopicTitle", {}, 5003);
+            modMessages::ShowMessage(modMessages::FromCatalogue(5003), mb::kOKOnly,
+                                     "ExtractTopicTitle", {});
             return false;
         }
         const std::size_t start = open + 7;

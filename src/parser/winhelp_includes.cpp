@@ -56,8 +56,8 @@ std::string FullPathofIncludeFile(std::string_view line, std::string_view baseFo
         // A folder is no include file either.
         if (name.empty() || !modUtilities::FileExists(path)) {
             const long id = angleForm ? 10036 : 10037;
-            modMessages::ShowMessage(modMessages::GetMessageString(id), mb::kOKOnly,
-                                     "Parsing #include reference", position, id);
+            modMessages::ShowMessage(modMessages::FromCatalogue(id), mb::kOKOnly,
+                                     "Parsing #include reference", position);
             return std::string();
         }
         found = true;
@@ -79,8 +79,8 @@ void AddIncludedAliasFiles(const std::string& aliasFile) {
 void CheckCommentFormat(const std::string& aliasFile) {
     GuardedVoid("modParser:CheckCommentFormat", [&] {
         if (!modUtilities::FileExists(aliasFile)) {
-            modMessages::ShowMessage(modMessages::GetMessageString(10050), mb::kOKOnly,
-                                     "Checking Alias File Format", {}, 10050);
+            modMessages::ShowMessage(modMessages::FromCatalogue(10050), mb::kOKOnly,
+                                     "Checking Alias File Format", {});
             return;
         }
         TextReader reader(aliasFile);
@@ -90,8 +90,8 @@ void CheckCommentFormat(const std::string& aliasFile) {
             if (trimmed.empty() || trimmed[0] == ';') continue;
             if (trimmed.rfind("/*", 0) == 0) {
                 modMessages::ShowMessage(
-                    modMessages::GetMessageString(10049, aliasFile, "C-type /*  */"),
-                    mb::kExclamation, "Scanning Header Files", {}, 10049);
+                    modMessages::FromCatalogue(10049, aliasFile, "C-type /*  */"), mb::kExclamation,
+                    "Scanning Header Files", {});
                 return;
             }
         }

@@ -77,21 +77,21 @@ bool OpenWinProjectFile(WizardState& wizard, const std::string& projectFile, boo
     return Guarded("modParser:OpenWinProjectFile", false, [&] {
         if (!modUtilities::FileExists(projectFile)) {
             modMessages::ShowMessage(
-                modMessages::GetMessageString(10069, modUtilities::FileNameNoPath(projectFile)),
-                mb::kOKOnly, "Opening WinHelp Project File", wizard.Box(), 10069);
+                modMessages::FromCatalogue(10069, modUtilities::FileNameNoPath(projectFile)),
+                mb::kOKOnly, "Opening WinHelp Project File", wizard.Box());
             return false;
         }
         std::string section;
         const long aliasChars = profile::GetSection(projectFile, "ALIAS", section);
         hasAlias = aliasChars > 0;
         if (aliasChars >= kSectionTooLong)
-            modMessages::ShowMessage(modMessages::GetMessageString(10034), mb::kOKOnly, "Warning",
-                                     wizard.Box(), 10034);
+            modMessages::ShowMessage(modMessages::FromCatalogue(10034), mb::kOKOnly, "Warning",
+                                     wizard.Box());
         const long mapChars = profile::GetSection(projectFile, "MAP", section);
         hasMap = mapChars > 0;
         if (mapChars >= kSectionTooLong)
-            modMessages::ShowMessage(modMessages::GetMessageString(10035), mb::kOKOnly, "Warning",
-                                     wizard.Box(), 10035);
+            modMessages::ShowMessage(modMessages::FromCatalogue(10035), mb::kOKOnly, "Warning",
+                                     wizard.Box());
         return true;
     });
 }

@@ -42,8 +42,6 @@ void AppendUtf8(std::string& out, unsigned cp) {
 
 }  // namespace
 
-unsigned char FoldByte(unsigned char c) { return kFold[c]; }
-
 std::string Fold(std::string_view text) {
     std::string out(text);
     for (char& c : out) c = static_cast<char>(kFold[static_cast<unsigned char>(c)]);

@@ -9,7 +9,6 @@ namespace tamrix {
 
 inline constexpr std::size_t kNotFound = std::string_view::npos;
 
-unsigned char FoldByte(unsigned char c);
 std::string Fold(std::string_view text);
 
 bool EqualsNoCase(std::string_view a, std::string_view b);

@@ -9,6 +9,8 @@ namespace tamrix {
 
 class Counter16 {
 public:
+    static constexpr long kMax = INT16_MAX;
+
     Counter16() = default;
     Counter16(long value) { Set(value); }  // NOLINT: used like a plain integer
 

@@ -13,8 +13,8 @@
 #include "platform/program_error.h"
 #include "platform/program_identity.h"
 #include "popups/popup_text.h"
-#include "rewrite/header_file_names.h"
-#include "rewrite/popup_activation.h"
+#include "parser/context_id_value.h"
+#include "platform/script_identifier.h"
 
 namespace tamrix::modPopups {
 namespace {
@@ -24,7 +24,7 @@ constexpr const char* kHeaderFile = "cshelp.h";
 
 void AdvanceProgress(WizardState& wizard, long& visited) {
     ++visited;
-    modUtilities::UpdateProgressBar(wizard, std::min(visited, 32767L));
+    modUtilities::UpdateProgressBar(wizard, std::min(visited, Counter16::kMax));
 }
 
 void WriteFile(const std::string& root, const std::string& fileName, const std::string& content) {
@@ -83,16 +83,16 @@ bool WriteJavaPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
         long visited = 0;
         for (const auto& topic : topicFiles) {
             AdvanceProgress(wizard, visited);
-            if (!IsJavaPopupTopic(*topic) || !modRewrite::IsScriptIdentifier(topic->Context))
+            if (!IsJavaPopupTopic(*topic) || !IsScriptIdentifier(topic->Context))
                 continue;
             const PopupText popup = ReadPopupTopic(root, *topic, PopupKind::Script);
             const std::string value = " = \"" + popup.text + "\"" + kCrLf;
             const std::string name = PopupName(*topic, popup.anchorName);
-            out += (modRewrite::IsScriptIdentifier(name) ? name : topic->Context) + value;
+            out += (IsScriptIdentifier(name) ? name : topic->Context) + value;
             ++written;
             // Each extra ID gets the same string, so that every ID can be called.
             for (const std::string& id : Split(topic->ExtraIds, '^')) {
-                if (!modRewrite::IsScriptIdentifier(id)) continue;
+                if (!IsScriptIdentifier(id)) continue;
                 out += id + value;
                 ++written;
             }
@@ -115,7 +115,7 @@ bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
             // The text ends its line and one more line break leaves an empty line
             // between entries.
             text += ".topic " + id + kCrLf + body + kCrLf + kCrLf;
-            header += "#define " + id + " " + modRewrite::CHeaderValue(value) + kCrLf;
+            header += "#define " + id + " " + modParser::CHeaderValue(value) + kCrLf;
             ++written;
         };
         const ContextIDIndex definitions = AllDefinitions();
@@ -144,7 +144,7 @@ bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
 std::vector<std::string> LeftOutScriptPopups(const CTopicFiles& topicFiles) {
     std::vector<std::string> names;
     for (const auto& topic : topicFiles)
-        if (IsJavaPopupTopic(*topic) && !modRewrite::IsScriptIdentifier(topic->Context))
+        if (IsJavaPopupTopic(*topic) && !IsScriptIdentifier(topic->Context))
             names.push_back(Described(*topic));
     return names;
 }

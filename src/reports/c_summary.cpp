@@ -50,7 +50,7 @@ bool CSummary::OpenSummary(int /*mode*/) {
         EnsureViewer();
         document_.clear();
         if (viewer_) {
-            viewer_->SetCaption(captionBase_ + Name());
+            viewer_->SetCaption(Name());
             viewer_->SetSaveFileName(Name());
             viewer_->SetDocument(document_);
             viewer_->InitRTFWidth();

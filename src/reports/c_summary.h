@@ -49,7 +49,6 @@ public:
     void AddLine(const std::string& data) override;
     void AddString(const std::string& data) override;
 
-    void SetCaptionBase(const std::string& value) { captionBase_ = value; }
     const std::string& Text() const { return document_; }
     // Saves the document as plain text; false (and no message) on failure.
     bool SaveAsTextFile(const std::string& fileName) const;
@@ -68,7 +67,6 @@ private:
     void EnsureViewer();
 
     IReport base_;
-    std::string captionBase_;
     std::string document_;
     std::unique_ptr<ISummaryViewer> viewer_;
 };

@@ -223,9 +223,9 @@ bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
                 report.AddLine(line + " = " + found->NewFileName + anchor);
                 continue;
             }
-            const int answer = modMessages::AskMessage(
-                modMessages::GetMessageString(10052, file), mb::kOKCancel | mb::kInformation,
-                "Reporting Scan Results", wizard.Box(), 10052);
+            const int answer = modMessages::AskMessage(modMessages::FromCatalogue(10052, file),
+                                                       mb::kOKCancel | mb::kInformation,
+                                                       "Reporting Scan Results", wizard.Box());
             if (answer == mb::kCancel) return false;
             report.AddLine(line);
         }

@@ -131,9 +131,9 @@ bool RewriteOneAliasFile(const std::string& oldAliasFile, const std::string& new
         newName = name;
         // No keeps the existing file, which is still included.
         if (modUtilities::FileExists(path) &&
-            modMessages::AskMessage(modMessages::GetMessageString(10018, path),
-                                    mb::kYesNo | mb::kQuestion, "Writing Alias Files", {},
-                                    10018) == mb::kNo)
+            modMessages::AskMessage(modMessages::FromCatalogue(10018, path),
+                                    mb::kYesNo | mb::kQuestion, "Writing Alias Files",
+                                    {}) == mb::kNo)
             return true;
 
         std::string text = HeaderBanner("; Alias File written automatically by ");

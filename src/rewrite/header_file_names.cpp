@@ -32,10 +32,4 @@ std::string HeaderBanner(std::string_view bannerText) {
     return BannerLine(bannerText) + std::string(kCrLf) + "; " + FileDateText() + std::string(kCrLf);
 }
 
-std::string CHeaderValue(std::string_view value) {
-    if (StartsWithNoCase(value, "&H")) return "0x" + std::string(value.substr(2));
-    if (StartsWithNoCase(value, "&O")) return "0" + std::string(value.substr(2));
-    return std::string(value);
-}
-
 }  // namespace tamrix::modRewrite

@@ -16,9 +16,6 @@ std::string NameInNewFolder(std::string_view path);
 std::string WithHeaderExtension(std::string_view name);
 // Tells the user that a file was not written because of its name.
 void ShowRefusedName(std::string_view name, std::string_view title);
-// A context ID value as C reads it: "&H1A" as "0x1A", "&O17" as "017", others as
-// they are. The model keeps the Basic form for the logs.
-std::string CHeaderValue(std::string_view value);
 // The banner line and the date line that begin every generated header file.
 std::string HeaderBanner(std::string_view bannerText);
 

@@ -5,6 +5,7 @@
 #include "messages/messages.h"
 #include "model/project_state.h"
 #include "parser/winhelp_reader.h"
+#include "parser/context_id_value.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
@@ -90,9 +91,9 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
         }
         std::string path = modUtilities::MakeFullPathforFile(folder, name);
         if (modUtilities::FileExists(path) &&
-            modMessages::AskMessage(modMessages::GetMessageString(10018, path),
-                                    mb::kYesNo | mb::kQuestion, "Writing Map File", {},
-                                    10018) == mb::kNo) {
+            modMessages::AskMessage(modMessages::FromCatalogue(10018, path),
+                                    mb::kYesNo | mb::kQuestion, "Writing Map File",
+                                    {}) == mb::kNo) {
             const std::optional<std::string> answer = ActiveView().InputBox(
                 "Please enter the name for the map file.", "New Map File", mapFileName);
             if (!answer || answer->empty()) {
@@ -114,7 +115,7 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
         text += kCrLf;
         for (const auto& id : *ids) {
             text +=
-                "#define " + id->ContextString + " " + CHeaderValue(id->ContextID) + id->Comment;
+                "#define " + id->ContextString + " " + modParser::CHeaderValue(id->ContextID) + id->Comment;
             text += kCrLf;
         }
         SharedFileSystem().WriteAll(path, text);

@@ -4,7 +4,9 @@
 
 #include "messages/messages.h"
 #include "model/project_state.h"
+#include "platform/script_identifier.h"
 #include "platform/byte_text.h"
+#include "platform/counter16.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
@@ -63,29 +65,7 @@ bool IsPopupToActivate(const CTopicFile& target, const CTopicFile& caller) {
            IsScriptIdentifier(target.Context);
 }
 
-bool IsReservedWord(std::string_view name) {
-    static constexpr std::string_view kReserved[] = {
-        "break",  "case",     "catch",  "class",  "const",  "continue",   "debugger", "default",
-        "delete", "do",       "else",   "enum",   "export", "extends",    "false",    "finally",
-        "for",    "function", "if",     "import", "in",     "instanceof", "new",      "null",
-        "return", "super",    "switch", "this",   "throw",  "true",       "try",      "typeof",
-        "var",    "void",     "while",  "with"};
-    for (const std::string_view word : kReserved)
-        if (name == word) return true;
-    return false;
-}
-
 }  // namespace
-
-bool IsScriptIdentifier(std::string_view name) {
-    auto isStart = [](char c) {
-        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '$';
-    };
-    if (name.empty() || !isStart(name.front())) return false;
-    for (const char c : name)
-        if (!isStart(c) && !(c >= '0' && c <= '9')) return false;
-    return !IsReservedWord(name);
-}
 
 std::string PopupScriptPath(std::string_view folder) {
     std::string path;
@@ -112,7 +92,7 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
         TextBuffer buffer;
         long visited = 0;
         for (const auto& caller : *topics) {
-            modUtilities::UpdateProgressBar(wizard, std::min(++visited, 32767L));
+            modUtilities::UpdateProgressBar(wizard, std::min(++visited, Counter16::kMax));
             current = caller->NewFileName;
             if (!TopicTargetIsSafe(*caller)) continue;  // never written
             // Where the topic rewriter wrote it: the [FILES] folder and the new name.

@@ -10,11 +10,6 @@
 
 namespace tamrix::modRewrite {
 
-// Whether `name` can name a script string of popups.js: an ASCII letter, "_" or
-// "$", then letters, digits, "_" or "$", and not a reserved word. Popups named
-// otherwise are left out of popups.js and their links are not converted.
-bool IsScriptIdentifier(std::string_view name);
-
 // The script reference of a topic file in `folder` (Windows-style, relative to
 // the project folder): the path from there to popups.js in the project folder.
 std::string PopupScriptPath(std::string_view folder);

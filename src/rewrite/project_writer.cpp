@@ -53,8 +53,8 @@ bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
         const auto& topics = modGlobals::TopicFiles;
         if (!topics) {
             const long id = oldProjectFile.empty() ? 10010 : 10009;
-            modMessages::ShowMessage(GetMessageString(id), mb::kInformation, kProjectCaption,
-                                     wizard.Box(), id);
+            modMessages::ShowMessage(modMessages::FromCatalogue(id), mb::kInformation,
+                                     kProjectCaption, wizard.Box());
             return false;
         }
         TextBuffer buffer;
@@ -95,13 +95,13 @@ bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
                 if (ContainsNoCase(name.replacement, name.name) ||
                     ContainsNoCase(name.name, name.replacement)) {
                     const int answer = modMessages::AskMessage(
-                        GetMessageString(10005, name.name), mb::kYesNo | mb::kQuestion,
-                        kProjectCaption, wizard.Box(), 10005);
+                        modMessages::FromCatalogue(10005, name.name), mb::kYesNo | mb::kQuestion,
+                        kProjectCaption, wizard.Box());
                     if (answer != mb::kYes) return false;
                 }
                 if (outcome.counts[k++] > kMaxOccurrences) {
-                    modMessages::ShowMessage(GetMessageString(10005, name.name), mb::kOKOnly,
-                                             kProjectCaption, wizard.Box(), 10005);
+                    modMessages::ShowMessage(modMessages::FromCatalogue(10005, name.name),
+                                             mb::kOKOnly, kProjectCaption, wizard.Box());
                     return false;
                 }
             }
@@ -172,14 +172,14 @@ bool CopyImageFolder(WizardState& wizard, const std::string& oldProjectFile,
                 bool clash = false;
                 for (const std::string& name : fs.ListFiles(newImages))
                     clash = clash || old.count(name) != 0;
-                if (clash &&
-                    modMessages::AskMessage(GetMessageString(10007), mb::kYesNo | mb::kQuestion,
-                                            kImagesCaption, wizard.Box(), 10007) != mb::kYes)
+                if (clash && modMessages::AskMessage(modMessages::FromCatalogue(10007),
+                                                     mb::kYesNo | mb::kQuestion, kImagesCaption,
+                                                     wizard.Box()) != mb::kYes)
                     return true;
             }
         } else if (!modUtilities::CreateFolder(newImages, "")) {
-            modMessages::ShowMessage(GetMessageString(10013, newImages), mb::kExclamation,
-                                     kImagesCaption, wizard.Box(), 10013);
+            modMessages::ShowMessage(modMessages::FromCatalogue(10013, newImages), mb::kExclamation,
+                                     kImagesCaption, wizard.Box());
             return false;
         }
 

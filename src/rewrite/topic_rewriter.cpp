@@ -50,8 +50,8 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
             const std::string& t = target->TargetString;
             if (names[k].probeOnly && outcome.counts[k] > 0 && !t.empty() && t.front() != '#')
                 modMessages::ShowMessage(
-                    modMessages::GetMessageString(10032, t, modUtilities::FileNameNoPath(oldPath)),
-                    mb::kExclamation, "Rewriting Topic File", wizard.Box(), 10032);
+                    modMessages::FromCatalogue(10032, t, modUtilities::FileNameNoPath(oldPath)),
+                    mb::kExclamation, "Rewriting Topic File", wizard.Box());
             ++k;
         }
 

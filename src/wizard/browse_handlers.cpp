@@ -24,8 +24,8 @@ bool AcceptExtension(const std::string& path, const char* extension, long messag
                      const char* title, BoxPosition box) {
     return EqualsNoCase(FileExtension(path), extension) ||
            modMessages::AskMessage(
-               modMessages::GetMessageString(messageId, modUtilities::FileNameNoPath(path)),
-               mb::kYesNo + mb::kExclamation, title, box, messageId) != mb::kNo;
+               modMessages::FromCatalogue(messageId, modUtilities::FileNameNoPath(path)),
+               mb::kYesNo + mb::kExclamation, title, box) != mb::kNo;
 }
 
 }  // namespace

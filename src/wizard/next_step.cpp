@@ -26,8 +26,8 @@ int Wizard::NextStep(int currentStep) {
             case 1: {
                 StepMessage.clear();
                 if (controls.txtProjectName.empty() && Projectname.empty()) {
-                    modMessages::ShowMessage(modMessages::GetMessageString(10008), mb::kInformation,
-                                             "HTML Help Project File", Box(), 10008);
+                    modMessages::ShowMessage(modMessages::FromCatalogue(10008), mb::kInformation,
+                                             "HTML Help Project File", Box());
                     return currentStep;
                 }
                 if (controls.txtProjectName != Projectname) {

@@ -93,8 +93,8 @@ std::string ScanSummary() {
 bool ScanProjectFiles(WizardState& wizard) {
     return Guarded("frmWizard:ScanProjectFiles", false, [&]() -> bool {
         if (wizard.Projectname.empty()) {
-            modMessages::ShowMessage(GetMessageString(10008), mb::kOKOnly, "Parsing Project File",
-                                     wizard.Box(), 10008);
+            modMessages::ShowMessage(modMessages::FromCatalogue(10008), mb::kOKOnly,
+                                     "Parsing Project File", wizard.Box());
             return false;
         }
         modGlobals::CloseProject();

@@ -22,10 +22,6 @@ std::string Wizard::StepCaption(int step) const {
     return modMessages::GetMessageString(1000 + step);
 }
 
-std::string Wizard::StepInstruction(int step) const {
-    return modMessages::GetMessageString(2000 + step);
-}
-
 std::string Wizard::NavCaption(int index) const { return modMessages::GetMessageString(100 + index); }
 
 std::string Wizard::Caption() const { return "Tamrix - " + StepCaption(currentStep_); }

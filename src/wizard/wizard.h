@@ -122,12 +122,10 @@ public:
     // Read by the views.
     int CurrentStep() const { return currentStep_; }
     bool Finished() const { return finished_; }
-    bool Busy() const { return busy_; }
     bool HelpShown() const { return helpShown_; }
     bool Exited() const { return exited_; }
     std::string Caption() const;
     std::string StepCaption(int step) const;
-    std::string StepInstruction(int step) const;
     std::string NavCaption(int index) const;
     int HelpContext() const { return 5000 + 10 * (currentStep_ + 1); }
     const std::array<ControlState, 5>& NavButtons() const { return nav_; }
@@ -142,7 +140,6 @@ public:
     WizardMenus menus;
 
 private:
-    IWizardView& WizardView() const { return view_; }
     void Changed();
     // Disables the navigation and browse buttons and the menus while an operation runs.
     void BusyUI(bool on);
@@ -150,7 +147,6 @@ private:
     void ExitProgram();
     void ResetProject();
     void ResetViewMenus();
-    void NextFromProjectFile();
     bool NextFromWinHelpFile();
     bool NextFromNewProject();
     void WriteLogsAndPopups();

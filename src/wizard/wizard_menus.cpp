@@ -100,7 +100,7 @@ void Wizard::mnuOptionsReadNameValue_Click() {
 }
 
 void Wizard::mnuOptionstest_Click() {
-    modMessages::ShowMessage(modMessages::GetMessageString(10000), mb::kYesNo, "testing", Box(), 10000);
+    modMessages::ShowMessage(modMessages::FromCatalogue(10000), mb::kYesNo, "testing", Box());
 }
 
 void Wizard::mnuHelpAbout_Click() { view_.ShowAbout(); }

@@ -11,8 +11,8 @@ namespace {
 constexpr const char* kTitle = "Writing New Project Files";
 
 void Show(WizardState& wizard, long id, const std::string& insert = {}) {
-    modMessages::ShowMessage(modMessages::GetMessageString(id, insert), mb::kOKOnly, kTitle,
-                             wizard.Box(), id);
+    modMessages::ShowMessage(modMessages::FromCatalogue(id, insert), mb::kOKOnly, kTitle,
+                             wizard.Box());
 }
 
 // The same folder also when written another way: "x\.\", a relative path, a
@@ -31,8 +31,7 @@ bool CheckNewProjectTarget(WizardState& wizard, const std::string& txtRootPath) 
             return false;
         }
         if (!topics || !wizard.ScanComplete) {
-            modMessages::ShowMessage(modMessages::GetMessageString(10009), mb::kOKOnly, kTitle, {},
-                                     10009);
+            modMessages::ShowMessage(modMessages::FromCatalogue(10009), mb::kOKOnly, kTitle, {});
             return false;
         }
         if (topics->Count() == 0) {
@@ -51,17 +50,17 @@ bool CheckNewProjectTarget(WizardState& wizard, const std::string& txtRootPath) 
         SharedFileSystem().SetInputFolders(
             {oldFolder, modUtilities::FilePathOnly(wizard.WinHelpProjectName)});
         if (!root.empty() && !modUtilities::FolderExists(root)) {
-            const int answer = modMessages::AskMessage(
-                modMessages::GetMessageString(10011, root), mb::kYesNoCancel | mb::kQuestion,
-                kTitle, wizard.Box(), 10011);
+            const int answer =
+                modMessages::AskMessage(modMessages::FromCatalogue(10011, root),
+                                        mb::kYesNoCancel | mb::kQuestion, kTitle, wizard.Box());
             if (answer == mb::kCancel) return false;
             if (answer == mb::kNo) {
                 Show(wizard, 10014);  // the same-folder text, shown here on purpose
                 return false;
             }
             if (!modUtilities::CreateFolder(root, "")) {
-                modMessages::ShowMessage(modMessages::GetMessageString(10013, root),
-                                         mb::kExclamation, kTitle, wizard.Box(), 10013);
+                modMessages::ShowMessage(modMessages::FromCatalogue(10013, root), mb::kExclamation,
+                                         kTitle, wizard.Box());
                 return false;
             }
         }
@@ -71,8 +70,8 @@ bool CheckNewProjectTarget(WizardState& wizard, const std::string& txtRootPath) 
         }
         if (modUtilities::FileExists(root + "\\" + wizard.NewProjectName)) {
             const int answer = modMessages::AskMessage(
-                modMessages::GetMessageString(10038, wizard.NewProjectName, root),
-                mb::kYesNo | mb::kQuestion, kTitle, wizard.Box(), 10038);
+                modMessages::FromCatalogue(10038, wizard.NewProjectName, root),
+                mb::kYesNo | mb::kQuestion, kTitle, wizard.Box());
             if (answer != mb::kYes) return false;
         }
         return true;

@@ -88,44 +88,6 @@ TEST_F(ModelTest, IndexedLookupsKeepTheFirstMatchInCollectionOrder) {
     EXPECT_EQ(topics.FirstWithContext("help"), nullptr);
 }
 
-TEST_F(ModelTest, AliasStringStoresIntoContextStringAndReadsEmpty) {
-    CContextID id;
-    id.SetAliasString("IDH_X");
-    EXPECT_EQ(id.AliasString(), "");
-    EXPECT_EQ(id.ContextString, "IDH_X");
-}
-
-TEST_F(ModelTest, TargetsOfANewTopicFileExistAndAreEmpty) {
-    CTopicFile topic;
-    EXPECT_EQ(topic.targets().Count(), 0);
-    topic.targets().Add("html\\A.htm");
-    EXPECT_TRUE(topic.targets().ContainsNoCase("HTML\\a.HTM"));
-    topic.targets().Delete(1);
-    EXPECT_FALSE(topic.targets().ContainsNoCase("html\\a.htm"));
-    EXPECT_EQ(topic.InternalReferences, 0);
-    EXPECT_FALSE(topic.HasTitle);
-}
-
-TEST_F(ModelTest, ClearingDropsWinHelpDataAndClosingDropsTheProject) {
-    modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
-    modGlobals::IndexTargets = std::make_shared<CTargets>();
-    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::ProjectAliases = std::make_shared<CAliases>();
-    modGlobals::MapFiles = {"/a.h"};
-    modGlobals::MapFileCount = 1;
-    modGlobals::DuplicateIncludes = "/a.h";
-    modGlobals::ClearWinHelpData();
-    EXPECT_EQ(modGlobals::MapContextIDs, nullptr);
-    EXPECT_EQ(modGlobals::ProjectAliases, nullptr);
-    EXPECT_EQ(modGlobals::MapFileCount, 0);
-    EXPECT_TRUE(modGlobals::MapFiles.empty());
-    EXPECT_TRUE(modGlobals::DuplicateIncludes.empty());
-    EXPECT_NE(modGlobals::TopicFiles, nullptr);
-    modGlobals::CloseProject();
-    EXPECT_EQ(modGlobals::TopicFiles, nullptr);
-    EXPECT_EQ(modGlobals::IndexTargets, nullptr);
-}
-
 TEST_F(ModelTest, ProgressIgnoresValuesAboveTheMaximumAndRepaintsEveryTenth) {
     WizardState wizard(&view);
     modUtilities::InitializeProgressBar(wizard, 0, "Parsing Project File");

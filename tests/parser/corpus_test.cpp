@@ -15,7 +15,8 @@ class CorpusProjects : public testing::ProjectFixture {
   protected:
     void SetUp() override {
         ProjectFixture::SetUp();
-        if (CorpusPath("").empty()) GTEST_SKIP() << "no corpus";
+        ASSERT_FALSE(CorpusPath("").empty())
+            << "no corpus at " TAMRIX_CORPUS_DIR " (set TAMRIX_CORPUS_DIR)";
         view.answersById[10044] = mb::kYes;
         view.answersById[10005] = mb::kYes;
         view.answersById[10052] = mb::kOK;

@@ -6,6 +6,7 @@
 
 #include "messages/messages.h"
 #include "model/project_state.h"
+#include "platform/script_identifier.h"
 #include "platform/byte_text.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"

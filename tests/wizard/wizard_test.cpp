@@ -52,21 +52,6 @@ protected:
     Wizard wizard{view};
 };
 
-TEST_F(WizardTest, StartsAtStepZeroWithOnlyNextEnabled) {
-    EXPECT_EQ(wizard.CurrentStep(), 0);
-    EXPECT_EQ(wizard.Caption(), "Tamrix - Introduction");
-    EXPECT_FALSE(wizard.NavButtons()[kNavBack].enabled);
-    EXPECT_TRUE(wizard.NavButtons()[kNavNext].enabled);
-    EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled);
-    EXPECT_TRUE(modGlobals::IgnoreZeroIDs);
-    EXPECT_TRUE(wizard.menus.mnuOptionsIgnoreZeroIDs.checked);
-    EXPECT_FALSE(wizard.menus.mnuOptionstest.visible);
-    EXPECT_FALSE(wizard.menus.mnuViewScanLog.enabled);
-    EXPECT_FALSE(wizard.menus.mnuToolsFormatMapFiles.enabled);
-    EXPECT_TRUE(wizard.controls.lblPrinterVisible);  // no printer in the test view
-    EXPECT_EQ(wizard.NavCaption(kNavNext), "&Next >");
-}
-
 TEST_F(WizardTest, NextAtStepOneWithNothingEnteredShows10008AndStays) {
     Next();
     ASSERT_EQ(wizard.CurrentStep(), 1);
@@ -234,16 +219,6 @@ TEST_F(WizardTest, CancelOffersARestartAndClearsTheProject) {
     EXPECT_EQ(view.exits, 1);
 }
 
-TEST_F(WizardTest, ExitIsDisabledBeforeTheLastStep) {
-    for (int step = 0; step < 3; ++step) {
-        EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled) << step;
-        Next();
-        if (step == 0) wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
-    }
-    EXPECT_EQ(wizard.CurrentStep(), 3);
-    EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled);
-}
-
 TEST_F(WizardTest, StyleSheetOptionsReachTheWriterOnlyThroughTheDialog) {
     EXPECT_TRUE(wizard.GetHTMLOptions());
     EXPECT_FALSE(wizard.AddCssLink);
@@ -259,29 +234,6 @@ TEST_F(WizardTest, StyleSheetOptionsReachTheWriterOnlyThroughTheDialog) {
     EXPECT_TRUE(wizard.AddCssLink);
     EXPECT_EQ(wizard.CssFileName, "Tide.css");
     EXPECT_FALSE(wizard.SetTopicClass);  // offered, never passed on
-}
-
-TEST_F(WizardTest, OptionsDialogPutsTheDefaultNameBackWhenPainted) {
-    OptionsDialog dialog;
-    EXPECT_EQ(dialog.txtCssFileName, "HHStyles.css");
-    EXPECT_FALSE(dialog.CssNameVisible());
-    dialog.chkCssFile = true;
-    EXPECT_TRUE(dialog.CssNameVisible());
-    dialog.txtCssFileName.clear();
-    dialog.Paint();
-    EXPECT_EQ(dialog.txtCssFileName, "HHStyles.css");
-    dialog.Cancel();
-    EXPECT_FALSE(dialog.Status);
-}
-
-TEST_F(WizardTest, ZeroIdToggleFollowsItsCheckMark) {
-    wizard.mnuOptionsIgnoreZeroIDs_Click();
-    EXPECT_FALSE(modGlobals::IgnoreZeroIDs);
-    EXPECT_FALSE(wizard.menus.mnuOptionsIgnoreZeroIDs.checked);
-    wizard.mnuOptionsIgnoreZeroIDs_Click();
-    EXPECT_TRUE(modGlobals::IgnoreZeroIDs);
-    wizard.mnuOptionsReformatMap_Click();
-    EXPECT_TRUE(wizard.menus.mnuOptionsReformatMap.checked);
 }
 
 TEST_F(WizardTest, ViewEntriesChooseTheirFileOrMessage) {
