@@ -27,7 +27,7 @@ std::string WithoutTrailingComment(const std::string& text) {
 }
 
 class MapReader {
-  public:
+public:
     MapReader(const ProjectSections& project, std::vector<Problem>& problems)
         : project_(project), problems_(problems) {}
 
@@ -51,7 +51,7 @@ class MapReader {
 
     ContextMap Take() { return std::move(map_); }
 
-  private:
+private:
     void Problem(ProblemKind kind, const SourceLine& line, std::string message) {
         problems_.push_back({kind, line.file, line.line, std::move(message)});
     }

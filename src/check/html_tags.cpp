@@ -5,15 +5,11 @@
 namespace tamrix::check {
 namespace {
 
-bool IsSpace(char c) {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f';
-}
-bool IsLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
+bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f'; }
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 class TagScanner {
-  public:
+public:
     explicit TagScanner(std::string_view text) : text_(text) {}
 
     void Run(const std::function<void(const HtmlTag&)>& visit) {
@@ -34,7 +30,7 @@ class TagScanner {
         }
     }
 
-  private:
+private:
     // The line of `at`; positions asked for never go backwards.
     long LineAt(std::size_t at) {
         for (; counted_ < at && counted_ < text_.size(); ++counted_) {

@@ -14,7 +14,7 @@
 namespace tamrix::check {
 
 class LinkChecker {
-  public:
+public:
     // `folder` is the project's folder, ending in a separator.
     explicit LinkChecker(std::string folder);
     ~LinkChecker();
@@ -25,7 +25,7 @@ class LinkChecker {
     // Checks every link noted so far.
     void Check(std::vector<Problem>& problems);
 
-  private:
+private:
     struct Link {
         std::string target;  // as written
         long line = 0;

@@ -18,12 +18,10 @@ bool IsHtml(const std::string& name) {
     return EndsWithNoCase(name, ".htm") || EndsWithNoCase(name, ".html");
 }
 
-std::string FilePart(const std::string& target) {
-    return std::string(Before(target, '#'));
-}
+std::string FilePart(const std::string& target) { return std::string(Before(target, '#')); }
 
 class ProjectChecker {
-  public:
+public:
     ProjectChecker(const ProjectSections& project, CheckReport& report)
         : project_(project), report_(report), links_(project.Folder()) {}
 
@@ -39,7 +37,7 @@ class ProjectChecker {
                 problem.file.erase(0, project_.Folder().size());
     }
 
-  private:
+private:
     bool Exists(const std::string& name) {
         return !name.empty() && SharedFileSystem().FileExists(project_.Folder() + name);
     }
@@ -128,21 +126,11 @@ std::string JsonString(const std::string& text) {
     std::string out = "\"";
     for (const char c : Cp1252ToUtf8(text)) {
         switch (c) {
-            case '"':
-                out += "\\\"";
-                break;
-            case '\\':
-                out += "\\\\";
-                break;
-            case '\n':
-                out += "\\n";
-                break;
-            case '\r':
-                out += "\\r";
-                break;
-            case '\t':
-                out += "\\t";
-                break;
+            case '"': out += "\\\""; break;
+            case '\\': out += "\\\\"; break;
+            case '\n': out += "\\n"; break;
+            case '\r': out += "\\r"; break;
+            case '\t': out += "\\t"; break;
             default:
                 if (static_cast<unsigned char>(c) < 32) {
                     static const char kHex[] = "0123456789abcdef";

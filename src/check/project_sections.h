@@ -15,7 +15,7 @@ struct SourceLine {
 };
 
 class ProjectSections {
-  public:
+public:
     // Raises BasicError when the file cannot be read.
     explicit ProjectSections(const std::string& projectFile);
 
@@ -27,7 +27,7 @@ class ProjectSections {
     // A key of [OPTIONS], or empty.
     std::string Option(std::string_view key) const;
 
-  private:
+private:
     std::string projectFile_;
     std::string folder_;
     std::map<std::string, std::vector<SourceLine>> sections_;  // by folded name

@@ -10,9 +10,7 @@ namespace {
 bool IsIdentifierStart(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$';
 }
-bool IsIdentifierPart(char c) {
-    return IsIdentifierStart(c) || (c >= '0' && c <= '9');
-}
+bool IsIdentifierPart(char c) { return IsIdentifierStart(c) || (c >= '0' && c <= '9'); }
 
 bool IsReservedWord(std::string_view word) {
     static constexpr std::array<std::string_view, 46> kWords = {
@@ -27,7 +25,7 @@ bool IsReservedWord(std::string_view word) {
 }
 
 class ScriptChecker {
-  public:
+public:
     ScriptChecker(std::string_view text, const std::string& file, std::vector<Problem>& problems)
         : text_(text), file_(file), problems_(problems) {}
 
@@ -42,7 +40,7 @@ class ScriptChecker {
         }
     }
 
-  private:
+private:
     // Skips blanks and comments; line breaks too when `newlines`.
     void SkipBlank(bool newlines) {
         while (pos_ < text_.size()) {

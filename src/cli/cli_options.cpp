@@ -68,8 +68,9 @@ const char* CommandUsageText(Command command) {
 
 int AnswerCode(const std::string& name) {
     static const std::pair<const char*, int> kNames[] = {
-        {"yes", mb::kYes},     {"no", mb::kNo},       {"ok", mb::kOK},       {"cancel", mb::kCancel},
-        {"abort", mb::kAbort}, {"retry", mb::kRetry}, {"ignore", mb::kIgnore}};
+        {"yes", mb::kYes},       {"no", mb::kNo},       {"ok", mb::kOK},
+        {"cancel", mb::kCancel}, {"abort", mb::kAbort}, {"retry", mb::kRetry},
+        {"ignore", mb::kIgnore}};
     for (const auto& [text, code] : kNames)
         if (EqualsNoCase(name, text)) return code;
     return 0;
@@ -134,7 +135,8 @@ std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, s
             const long id = eq == std::string::npos ? 0 : std::strtol(answer.c_str(), &end, 10);
             const int code = eq == std::string::npos ? 0 : AnswerCode(answer.substr(eq + 1));
             if (eq == std::string::npos || errno != 0 || end != answer.c_str() + eq || code == 0) {
-                error = "--answer takes ID=yes|no|ok|cancel|abort|retry|ignore, not \"" + answer + "\"";
+                error =
+                    "--answer takes ID=yes|no|ok|cancel|abort|retry|ignore, not \"" + answer + "\"";
                 return std::nullopt;
             }
             options.answers[id] = code;

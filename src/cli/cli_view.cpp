@@ -27,7 +27,11 @@ const char* ButtonName(int code) {
 
 CliView::CliView(const CliOptions& options, std::istream& in, std::ostream& err, bool interactive,
                  bool showProgress)
-    : options_(options), in_(in), err_(err), interactive_(interactive), showProgress_(showProgress) {}
+    : options_(options),
+      in_(in),
+      err_(err),
+      interactive_(interactive),
+      showProgress_(showProgress) {}
 
 std::string CliView::OneLine(const std::string& text) {
     std::string out = ReplaceAll(ReplaceAll(text, "\r\n", "\n"), "\r", "\n");
@@ -49,7 +53,8 @@ int CliView::Answer(const MessageRequest& request, bool& asked) {
     if (auto it = options_.answers.find(request.catalogueId);
         request.catalogueId != 0 && it != options_.answers.end() && allowed(it->second))
         return it->second;
-    if (options_.defaultAnswer == DefaultAnswer::kYes) return AffirmativeAnswerOfStyle(request.style);
+    if (options_.defaultAnswer == DefaultAnswer::kYes)
+        return AffirmativeAnswerOfStyle(request.style);
     if (options_.defaultAnswer == DefaultAnswer::kNo) return NegativeAnswerOfStyle(request.style);
     if (interactive_) {
         std::string choices;
@@ -74,13 +79,14 @@ int CliView::MessageBox(const MessageRequest& request) {
     int codes[3] = {};
     const bool question = ButtonsOfStyle(request.style, codes) > 1;
     // Quiet runs show warnings, and questions only when they are really asked.
-    const bool warning = (request.style & 0x70) == mb::kExclamation ||
-                         (request.style & 0x70) == mb::kCritical;
+    const bool warning =
+        (request.style & 0x70) == mb::kExclamation || (request.style & 0x70) == mb::kCritical;
     const bool asking = question && interactive_ && !Preanswered(request);
     const bool shown = !options_.quiet || (warning && !question) || asking;
     if (shown) {
         err_ << request.title << ": " << OneLine(request.text);
-        if (request.catalogueId != 0 && question) err_ << "  [message " << request.catalogueId << "]";
+        if (request.catalogueId != 0 && question)
+            err_ << "  [message " << request.catalogueId << "]";
         err_ << "\n";
     }
     bool asked = false;

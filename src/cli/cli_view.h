@@ -44,7 +44,7 @@ public:
     // The progress bar's time source; tests pass their own.
     void SetClock(Clock clock) { clock_ = std::move(clock); }
 
-  private:
+private:
     int Answer(const MessageRequest& request, bool& asked);
     bool Preanswered(const MessageRequest& request) const;
     // Redraws at most every kRedrawInterval unless `force` (a new caption, the last item).

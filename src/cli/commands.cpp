@@ -17,7 +17,7 @@
 namespace tamrix::cli {
 namespace {
 
-const char* const kStepNames[] = {"Introduction", "HTML Project File", "WinHelp Project File",
+const char* const kStepNames[] = {"Introduction",     "HTML Project File", "WinHelp Project File",
                                   "New HTML Project", "Activating Popups", "Finished"};
 
 // Presses Next; false (with a note) when the wizard stays where it is.
@@ -54,8 +54,8 @@ std::string NewProjectFile(const CliOptions& options, std::string& error) {
         error = "NEW is empty";
         return {};
     }
-    const bool folder = given.back() == '/' || given.back() == '\\' ||
-                        modUtilities::FolderExists(given);
+    const bool folder =
+        given.back() == '/' || given.back() == '\\' || modUtilities::FolderExists(given);
     if (folder)
         return modUtilities::MakeFullPathforFile(given,
                                                  modUtilities::FileNameNoPath(options.oldProject));
@@ -169,7 +169,8 @@ int RunCli(const std::vector<std::string>& args, std::istream& in, std::ostream&
            std::ostream& err, bool interactive, bool showProgress) {
     if (!args.empty() && (args[0] == "check" || args[0] == "compile")) {
         const std::vector<std::string> rest(args.begin() + 1, args.end());
-        return args[0] == "check" ? RunCheckCommand(rest, out, err) : RunCompileCommand(rest, out, err);
+        return args[0] == "check" ? RunCheckCommand(rest, out, err)
+                                  : RunCompileCommand(rest, out, err);
     }
     std::string error;
     const auto options = ParseArguments(args, error);
@@ -189,9 +190,8 @@ int RunCli(const std::vector<std::string>& args, std::istream& in, std::ostream&
     CliView view(*options, in, err, interactive, showProgress);
     ScopedActiveView active(view);
     SetInterruptReport([&err] { err << "\ntamrix-cli: interrupted.\n" << std::flush; });
-    const int status = options->command == Command::kConvert
-                           ? RunConvert(*options, view, out, err)
-                           : RunScan(*options, view, out, err);
+    const int status = options->command == Command::kConvert ? RunConvert(*options, view, out, err)
+                                                             : RunScan(*options, view, out, err);
     SetInterruptReport(nullptr);
     SharedFileSystem().SetRunMarker({});
     SharedFileSystem().SetWriteRoot({});

@@ -74,8 +74,7 @@ void PrintSummary(const Wizard& wizard, const std::vector<std::string>& problems
     }
     if (quiet) return;
     const std::string project = ProjectFile(wizard);
-    if (SharedFileSystem().Written(project))
-        out << "New project:            " << project << "\n";
+    if (SharedFileSystem().Written(project)) out << "New project:            " << project << "\n";
     const TopicCounts topics = CountTopics(wizard);
     out << "Topic files renamed:    " << topics.renamed << " of " << topics.total << "\n"
         << "Context IDs carried:    " << CarriedOverIds() << "\n"

@@ -39,9 +39,7 @@ std::string TextAt(const std::string& bytes, std::size_t at) {
 
 }  // namespace
 
-bool ChmReaderAvailable() {
-    return true;
-}
+bool ChmReaderAvailable() { return true; }
 
 bool ReadChm(const std::string& file, const std::vector<std::string>& candidates,
              ChmContents& contents, std::string& error) {

@@ -2,9 +2,7 @@
 
 namespace tamrix::compile {
 
-bool ChmReaderAvailable() {
-    return false;
-}
+bool ChmReaderAvailable() { return false; }
 
 bool ReadChm(const std::string&, const std::vector<std::string>&, ChmContents&,
              std::string& error) {

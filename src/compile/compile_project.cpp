@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 // A private folder under the system's temporary folder, removed with everything in it.
 class TempFolder {
-  public:
+public:
     TempFolder() {
         std::random_device random;
         for (int attempt = 0; attempt < 100 && path_.empty(); ++attempt) {
@@ -37,7 +37,7 @@ class TempFolder {
     TempFolder& operator=(const TempFolder&) = delete;
     const fs::path& Path() const { return path_; }
 
-  private:
+private:
     fs::path path_;
 };
 
@@ -68,7 +68,7 @@ std::string OutputPath(const check::ProjectSections& project, const std::string&
 }
 
 class Compiler {
-  public:
+public:
     Compiler(const check::ProjectSections& project, std::string chmcmd, CompileReport& report)
         : project_(project), chmcmd_(std::move(chmcmd)), report_(report) {}
 
@@ -96,7 +96,7 @@ class Compiler {
         }
     }
 
-  private:
+private:
     bool Compile(std::size_t round, const std::vector<AliasedId>& ids, const std::string& chm,
                  std::string& error) {
         const std::string stem = "tamrix-round-" + std::to_string(round);

@@ -17,8 +17,9 @@
 namespace tamrix::gui {
 
 QString SystemInformationText() {
-    return QString("Operating system: %1\nArchitecture: %2 (built for %3)\nKernel: %4 %5\n"
-                   "Qt version: %6 (built with %7)\nTamrix version: %8\n")
+    return QString(
+               "Operating system: %1\nArchitecture: %2 (built for %3)\nKernel: %4 %5\n"
+               "Qt version: %6 (built with %7)\nTamrix version: %8\n")
         .arg(QSysInfo::prettyProductName(), QSysInfo::currentCpuArchitecture(),
              QSysInfo::buildCpuArchitecture(), QSysInfo::kernelType(), QSysInfo::kernelVersion(),
              qVersion(), QT_VERSION_STR, QString::fromStdString(VersionString()));

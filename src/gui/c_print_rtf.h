@@ -37,8 +37,8 @@ public:
     // and nothing changed when there is nothing to print on.
     bool WYSIWYG_RTF(QTextEdit& edit, int leftMargin, int rightMargin, int topMargin,
                      int bottomMargin);
-    int PrintableWidth() const { return printableWidth_; }   // twips
-    int PrintableHeight() const { return printableHeight_; } // twips
+    int PrintableWidth() const { return printableWidth_; }    // twips
+    int PrintableHeight() const { return printableHeight_; }  // twips
 
     // Pages the text (or its selection) takes on the current page.
     int PageCount(const QTextEdit& edit, bool selection = false);

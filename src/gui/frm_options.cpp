@@ -19,7 +19,8 @@ FrmOptions::FrmOptions(QWidget* parent) : QDialog(parent) {
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
 
     auto* lblForm = new QLabel(
-        "Additional modifications to .htm files when being written to the new project folder:", this);
+        "Additional modifications to .htm files when being written to the new project folder:",
+        this);
     lblForm->setObjectName("lblForm");
     lblForm->setWordWrap(true);
     chkCssFile_ = new QCheckBox("Insert link to Style Sheet", this);

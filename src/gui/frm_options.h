@@ -34,11 +34,11 @@ public:
 
     void reject() override;
 
-  protected:
+protected:
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
 
-  private:
+private:
     // An empty style-sheet name gets the default back whenever the dialog is painted.
     void PutBackDefaultName();
     void Store();

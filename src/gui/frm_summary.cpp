@@ -54,9 +54,7 @@ QFont LogFont() {
     return font;
 }
 
-QString LogFamily() {
-    return LogFont().family();
-}
+QString LogFamily() { return LogFont().family(); }
 
 // "Family [Foundry]" and "Family" are one family in the list.
 QStringList FamilyNames(const QStringList& names) {
@@ -401,8 +399,8 @@ bool FrmSummary::Save() {
 void FrmSummary::PrintSetup() {
     GuardedVoid("frmSummary:mnuFilePrintSetup_Click", [&] {
         if (options_.dialogs.printSetup(this, Printing().Printer())) {
-            Printing().WYSIWYG_RTF(*rtfItems_, kLeftMarginTwips, kRightMarginTwips,
-                                   kTopMarginTwips, kBottomMarginTwips);
+            Printing().WYSIWYG_RTF(*rtfItems_, kLeftMarginTwips, kRightMarginTwips, kTopMarginTwips,
+                                   kBottomMarginTwips);
         }
         FillFontBoxes(true);
     });

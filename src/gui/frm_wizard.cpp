@@ -34,9 +34,7 @@
 namespace tamrix::gui {
 namespace {
 
-QString Q(const std::string& text) {
-    return QString::fromStdString(text);
-}
+QString Q(const std::string& text) { return QString::fromStdString(text); }
 
 void Tag(QWidget* widget, int id) { widget->setProperty(kTagProperty, QString::number(id)); }
 
@@ -251,8 +249,8 @@ QWidget* FrmWizard::BuildIntroduction() {
     const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
     lblPrinter1_->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(iconSize, iconSize));
-    lblPrinter2_ = new QLabel("No printer is installed: the logs can be viewed and saved, but not printed.",
-                              frame);
+    lblPrinter2_ = new QLabel(
+        "No printer is installed: the logs can be viewed and saved, but not printed.", frame);
     lblPrinter2_->setObjectName("lblPrinter2");
     lblPrinter2_->setWordWrap(true);
     auto* printers = new QHBoxLayout;
@@ -449,7 +447,8 @@ QWidget* FrmWizard::BuildNavigation() {
         Tag(button, 100 + index);
         button->setAutoDefault(false);
         button->setMinimumWidth(88);
-        connect(button, &QPushButton::clicked, this, [this, index] { wizard_->cmdNav_Click(index); });
+        connect(button, &QPushButton::clicked, this,
+                [this, index] { wizard_->cmdNav_Click(index); });
         cmdNav_[static_cast<std::size_t>(index)] = button;
     }
     layout->addWidget(cmdNav_[kNavHelp]);
@@ -501,7 +500,8 @@ void FrmWizard::BuildMenus() {
     AddEntry(view, "mnuViewFile", "&Any Text File", &W::mnuViewFile, &Wizard::mnuViewFile_Click);
     AddEntry(view, "mnuViewHTM", "View Topic File", &W::mnuViewHTM, &Wizard::mnuViewHTM_Click);
     view->addSeparator();
-    AddEntry(view, "mnuViewScanLog", "S&can Log", &W::mnuViewScanLog, &Wizard::mnuViewScanLog_Click);
+    AddEntry(view, "mnuViewScanLog", "S&can Log", &W::mnuViewScanLog,
+             &Wizard::mnuViewScanLog_Click);
     AddEntry(view, "mnuViewRewriteLog", "&Rewrite Log", &W::mnuViewRewriteLog,
              &Wizard::mnuViewRewriteLog_Click);
     AddEntry(view, "mnuViewPopupLog", "Popup &Extraction Log", &W::mnuViewPopupLog,
@@ -542,8 +542,10 @@ void FrmWizard::CheckNewProject() {
         project = modUtilities::MakeFullPathforFile(wizard_->NewRootPath, wizard_->NewProjectName);
     if (!modUtilities::FileExists(project))
         project = OpenFileDialog({"Check New Project",
-                                  "HTML Help Project Files (*.hhp)|*.hhp|All Files (*.*)|*.*", "hhp",
-                                  wizard_->NewRootPath, {}});
+                                  "HTML Help Project Files (*.hhp)|*.hhp|All Files (*.*)|*.*",
+                                  "hhp",
+                                  wizard_->NewRootPath,
+                                  {}});
     if (!project.empty()) checkReport_ = CheckProjectAndShowReport(project);
 }
 
@@ -620,9 +622,8 @@ void FrmWizard::RefreshControls(const Wizard& wizard) {
     SetCheck(optNoPopups_, c.optNoPopups);
     SetCheck(chkSaveSettings_, c.chkSaveSettings);
     if (wizard.RewriteDone)
-        lblNewProject_->setText(
-            "New project: " +
-            Q(modUtilities::MakeFullPathforFile(wizard.NewRootPath, wizard.NewProjectName)));
+        lblNewProject_->setText("New project: " + Q(modUtilities::MakeFullPathforFile(
+                                                      wizard.NewRootPath, wizard.NewProjectName)));
     else
         lblNewProject_->clear();
     lblNewProject_->setVisible(wizard.RewriteDone);
@@ -662,7 +663,9 @@ std::string FrmWizard::SaveFileDialog(const FileDialogRequest& request) {
     return options_.dialogs.saveFile ? options_.dialogs.saveFile(this, request) : std::string();
 }
 
-void FrmWizard::SetProgressCaption(const std::string& caption) { lblprogress_->setText(Q(caption)); }
+void FrmWizard::SetProgressCaption(const std::string& caption) {
+    lblprogress_->setText(Q(caption));
+}
 
 void FrmWizard::SetProgressMax(int maximum) { pgbConversion_->setRange(0, std::max(maximum, 1)); }
 

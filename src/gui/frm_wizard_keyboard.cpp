@@ -81,24 +81,12 @@ void FrmWizard::SetTabOrder() {
 void FrmWizard::FocusStep(int step) {
     QWidget* first = nullptr;
     switch (step) {
-        case 0:
-            first = chkShowIntro_;
-            break;
-        case 1:
-            first = txtProjectName_;
-            break;
-        case 2:
-            first = txtWinhelpProjectName_;
-            break;
-        case 3:
-            first = txtRootPath_;
-            break;
-        case 4:
-            first = optYesPopups_->isChecked() ? optYesPopups_ : optNoPopups_;
-            break;
-        default:
-            first = cmdOpenFolder_->isEnabled() ? cmdOpenFolder_ : cmdNav_[kNavExit];
-            break;
+        case 0: first = chkShowIntro_; break;
+        case 1: first = txtProjectName_; break;
+        case 2: first = txtWinhelpProjectName_; break;
+        case 3: first = txtRootPath_; break;
+        case 4: first = optYesPopups_->isChecked() ? optYesPopups_ : optNoPopups_; break;
+        default: first = cmdOpenFolder_->isEnabled() ? cmdOpenFolder_ : cmdNav_[kNavExit]; break;
     }
     first->setFocus(Qt::OtherFocusReason);
     if (auto* edit = qobject_cast<QLineEdit*>(first)) edit->end(false);
@@ -125,8 +113,8 @@ QString FrmWizard::ProjectSummary(const Wizard& wizard) {
     };
     return QString("HTML Help project %1: %2 topic files, contents %3, index %4.")
         .arg(QString::fromStdString(modUtilities::FileNameNoPath(wizard.Projectname)),
-             QString::fromStdString(c.lblTopicCount),
-             orNone(c.lblContents), orNone(c.lblIndexFile));
+             QString::fromStdString(c.lblTopicCount), orNone(c.lblContents),
+             orNone(c.lblIndexFile));
 }
 
 }  // namespace tamrix::gui

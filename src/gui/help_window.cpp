@@ -113,7 +113,8 @@ bool HelpWindow::HtmlHelp(int command, int context) {
     }
     if (!projectLooked_) {
         projectLooked_ = true;
-        if (const QString hhp = FindHelpProject(); !hhp.isEmpty()) project_ = HelpProject::Load(hhp);
+        if (const QString hhp = FindHelpProject(); !hhp.isEmpty())
+            project_ = HelpProject::Load(hhp);
     }
     if (!project_) return false;
     if (command == kHelpContext) return ShowPage(project_->PageForContext(context));

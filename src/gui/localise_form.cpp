@@ -41,7 +41,8 @@ void SetCaption(QWidget& widget, const QString& text) {
 void LocaliseWidget(QWidget& widget) {
     QString text;
     if (CatalogueTextOf(widget.property(kTagProperty).toString(), text)) SetCaption(widget, text);
-    if (CatalogueTextOf(widget.property(kToolTipProperty).toString(), text)) widget.setToolTip(text);
+    if (CatalogueTextOf(widget.property(kToolTipProperty).toString(), text))
+        widget.setToolTip(text);
 }
 
 }  // namespace

@@ -20,7 +20,8 @@ int main(int argc, char** argv) {
     parser.setApplicationDescription("Rewrites HTML Help projects converted from WinHelp.");
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument("project", "The HTML Help project (.hhp) to convert.", "[OLD.hhp]");
+    parser.addPositionalArgument("project", "The HTML Help project (.hhp) to convert.",
+                                 "[OLD.hhp]");
     parser.process(app);
 
     tamrix::gui::FrmWizard wizard;

@@ -157,14 +157,15 @@ void MessageForm::PlaceAtPosition() {
     if (!position_.left && !position_.top) return;
     QRect frame = frameGeometry();
     if (frame.width() < width()) frame.setSize(size());
-    int left = position_.left ? static_cast<int>(std::lround(*position_.left)) - frame.width() / 2
-                              : x();
-    int top = position_.top ? static_cast<int>(std::lround(*position_.top)) - frame.height() / 2
-                            : y();
+    int left =
+        position_.left ? static_cast<int>(std::lround(*position_.left)) - frame.width() / 2 : x();
+    int top =
+        position_.top ? static_cast<int>(std::lround(*position_.top)) - frame.height() / 2 : y();
     // Kept on the screen the point lies on.
     if (QScreen* screen = QGuiApplication::screenAt(QPoint(left + frame.width() / 2, top)))
         if (const QRect area = screen->availableGeometry(); area.isValid()) {
-            left = std::clamp(left, area.left(), std::max(area.left(), area.right() - frame.width()));
+            left =
+                std::clamp(left, area.left(), std::max(area.left(), area.right() - frame.width()));
             top = std::clamp(top, area.top(), std::max(area.top(), area.bottom() - frame.height()));
         }
     move(left, top);

@@ -18,14 +18,25 @@ namespace {
 // Destinations whose text is not part of the document.
 const std::set<std::string, std::less<>>& SkippedDestinations() {
     static const std::set<std::string, std::less<>> names = {
-        "annotation", "atnauthor", "atnid", "author", "background", "bkmkend", "bkmkstart",
-        "buptim", "colorschememapping", "colortbl", "comment", "creatim", "datastore",
-        "doccomm", "filetbl", "fldinst", "footer", "footerf", "footerl", "footerr",
-        "footnote", "ftncn", "ftnsep", "ftnsepc", "generator", "header", "headerf",
-        "headerl", "headerr", "info", "keywords", "latentstyles", "listoverridetable",
-        "listtable", "mmathPr", "nonshppict", "objdata", "object", "operator", "pgdsctbl",
-        "pict", "pn", "printim", "private", "revtbl", "revtim", "rsidtbl", "rxe", "shp",
-        "shpinst", "stylesheet", "subject", "tc", "themedata", "title", "txe", "xe",
+        "annotation", "atnauthor",    "atnid",
+        "author",     "background",   "bkmkend",
+        "bkmkstart",  "buptim",       "colorschememapping",
+        "colortbl",   "comment",      "creatim",
+        "datastore",  "doccomm",      "filetbl",
+        "fldinst",    "footer",       "footerf",
+        "footerl",    "footerr",      "footnote",
+        "ftncn",      "ftnsep",       "ftnsepc",
+        "generator",  "header",       "headerf",
+        "headerl",    "headerr",      "info",
+        "keywords",   "latentstyles", "listoverridetable",
+        "listtable",  "mmathPr",      "nonshppict",
+        "objdata",    "object",       "operator",
+        "pgdsctbl",   "pict",         "pn",
+        "printim",    "private",      "revtbl",
+        "revtim",     "rsidtbl",      "rxe",
+        "shp",        "shpinst",      "stylesheet",
+        "subject",    "tc",           "themedata",
+        "title",      "txe",          "xe",
         "xmlnsdecl"};
     return names;
 }
@@ -186,24 +197,13 @@ private:
         switch (sym) {
             case '\\':
             case '{':
-            case '}':
-                Emit(static_cast<char16_t>(sym));
-                break;
-            case '~':
-                Emit(u'\u00A0');
-                break;
-            case '_':
-                Emit(u'\u2011');
-                break;
-            case '*':
-                State().dest = Destination::Skip;
-                break;
+            case '}': Emit(static_cast<char16_t>(sym)); break;
+            case '~': Emit(u'\u00A0'); break;
+            case '_': Emit(u'\u2011'); break;
+            case '*': State().dest = Destination::Skip; break;
             case '\r':
-            case '\n':
-                Paragraph();
-                break;
-            default:
-                break;  // optional hyphen, index sub-entry and the like
+            case '\n': Paragraph(); break;
+            default: break;  // optional hyphen, index sub-entry and the like
         }
         return i + 2;
     }

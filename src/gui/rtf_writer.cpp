@@ -96,14 +96,14 @@ const char* AlignmentWord(Qt::Alignment align) {
     return "";
 }
 
-
 }  // namespace
 
 std::string WriteRtf(const QTextDocument& doc) {
     FontTable fonts;
     for (QTextBlock block = doc.begin(); block.isValid(); block = block.next())
         for (auto it = block.begin(); !it.atEnd(); ++it)
-            if (it.fragment().isValid()) fonts.Number(FamilyOf(ResolvedFont(doc, it.fragment().charFormat())));
+            if (it.fragment().isValid())
+                fonts.Number(FamilyOf(ResolvedFont(doc, it.fragment().charFormat())));
     if (fonts.Names().empty()) fonts.Number(FamilyOf(doc.defaultFont()));
 
     std::string out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl";

@@ -17,8 +17,8 @@
 #include "gui/message_form.h"
 #include "gui/summary_viewer.h"
 #include "messages/messages.h"
-#include "wizard/options_dialog.h"
 #include "platform/file_system.h"
+#include "wizard/options_dialog.h"
 
 using tamrix::gui::FrmWizard;
 

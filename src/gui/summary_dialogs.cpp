@@ -16,7 +16,9 @@ QString QtFilterList(const std::string& filter) {
     QStringList entries;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString& name = parts[i];
-        entries << (name.contains(u'(') ? name : name + " (" + QString(parts[i + 1]).replace(u';', u' ') + ")");
+        entries << (name.contains(u'(')
+                        ? name
+                        : name + " (" + QString(parts[i + 1]).replace(u';', u' ') + ")");
     }
     return entries.join(";;");
 }
@@ -74,8 +76,7 @@ SummaryDialogs QtSummaryDialogs() {
                 choice.fromPage = printer.fromPage();
                 choice.toPage = printer.toPage();
                 break;
-            default:
-                break;
+            default: break;
         }
         return choice;
     };

@@ -42,10 +42,10 @@ WizardDialogs QtWizardDialogs() {
     d.input = [](QWidget* parent, const std::string& prompt, const std::string& title,
                  const std::string& defaultText) -> std::optional<std::string> {
         bool ok = false;
-        const QString text = QInputDialog::getText(
-            parent, QString::fromStdString(title),
-            QString::fromStdString(prompt).replace("\r\n", "\n"), QLineEdit::Normal,
-            QString::fromStdString(defaultText), &ok);
+        const QString text =
+            QInputDialog::getText(parent, QString::fromStdString(title),
+                                  QString::fromStdString(prompt).replace("\r\n", "\n"),
+                                  QLineEdit::Normal, QString::fromStdString(defaultText), &ok);
         if (!ok) return std::nullopt;
         return text.toStdString();
     };

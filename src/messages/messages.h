@@ -37,8 +37,8 @@ int AskMessageID(long id, int style, std::string_view title, std::string_view ex
 // from (0 when none), so that an automated answer can be given by ID.
 void ShowMessage(std::string_view text, int style, std::string_view title,
                  BoxPosition position = {}, long catalogueId = 0);
-int AskMessage(std::string_view text, int style, std::string_view title,
-               BoxPosition position = {}, long catalogueId = 0);
+int AskMessage(std::string_view text, int style, std::string_view title, BoxPosition position = {},
+               long catalogueId = 0);
 
 // Shows a filled catalogue text; an automated answer can name it by its ID.
 void ShowMessage(const CatalogueMessage& message, int style, std::string_view title,

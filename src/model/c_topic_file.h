@@ -18,9 +18,9 @@ public:
     std::string Comment;
     std::string AutoNamePath;  // the name exactly as listed in [FILES]
     std::string TopicTitle;
-    std::string Context;      // topic ID: the first anchor name after the body start
+    std::string Context;       // topic ID: the first anchor name after the body start
     std::string AutoFileName;  // AutoNamePath without its folder; the key in TopicFiles
-    std::string NewFileName;  // Context + ".htm", or AutoFileName without an ID
+    std::string NewFileName;   // Context + ".htm", or AutoFileName without an ID
     bool JavaModified = false;
 
     // The unique link targets of the file; never absent.

@@ -20,7 +20,7 @@ extern std::shared_ptr<CTargets> ContentsTargets;
 extern std::shared_ptr<CContextIDs> MapContextIDs;      // from the #included map files
 extern std::shared_ptr<CContextIDs> ProjectContextIDs;  // from the .hpj [MAP] section
 extern std::shared_ptr<CAliases> ProjectAliases;        // from the .hpj [ALIAS] section
-extern std::vector<std::string> MapFiles;  // 0-based; MapFileCount entries are in use
+extern std::vector<std::string> MapFiles;               // 0-based; MapFileCount entries are in use
 extern Counter16 MapFileCount;
 extern std::vector<std::string> AliasFiles;
 extern Counter16 AliasFileCount;

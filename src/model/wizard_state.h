@@ -36,8 +36,8 @@ public:
     // Texts the readers and the scan step show in the wizard's labels.
     std::string DisplayTopicCount;
     std::string UntitledCountText;
-    int UntitledCount = 0;       // untitled (popup) topics found by the scan
-    bool RewriteDone = false;    // the write step succeeded
+    int UntitledCount = 0;     // untitled (popup) topics found by the scan
+    bool RewriteDone = false;  // the write step succeeded
     bool PopupsActivated = false;
 
     // Fetches the style-sheet options of the options dialog into AddCssLink,

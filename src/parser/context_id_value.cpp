@@ -43,9 +43,7 @@ bool RadixValue(std::string_view digits, int radix, std::int32_t& value) {
     return true;
 }
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // The longest prefix that reads as a decimal number, or empty.
 std::string DecimalPrefix(std::string_view text) {

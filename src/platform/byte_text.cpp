@@ -159,7 +159,8 @@ std::string_view Before(std::string_view text, char c) {
 std::string FileExtension(std::string_view name) {
     const std::size_t slash = name.find_last_of("\\/");
     const std::size_t dot = name.rfind('.');
-    if (dot == std::string_view::npos || (slash != std::string_view::npos && dot < slash)) return {};
+    if (dot == std::string_view::npos || (slash != std::string_view::npos && dot < slash))
+        return {};
     return std::string(name.substr(dot + 1));
 }
 

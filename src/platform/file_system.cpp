@@ -239,8 +239,8 @@ void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
     inputFolders_.clear();
     inputTree_.clear();
     for (const std::string& folder : folders)
-        if (const auto id = folder.empty() ? std::nullopt
-                                           : IdentityOf(DiskPath(GetAbsolutePathName(folder))))
+        if (const auto id =
+                folder.empty() ? std::nullopt : IdentityOf(DiskPath(GetAbsolutePathName(folder))))
             inputFolders_.push_back(*id);
 }
 
@@ -291,7 +291,8 @@ std::string FileSystem::RefusalReason(const std::string& target) {
         own && std::find(inputFolders_.begin(), inputFolders_.end(), *own) != inputFolders_.end();
     if (const auto input = isInput ? own : InputFolderOf(ParentOf(target))) {
         // A new folder the user chose strictly inside the input folder may be written.
-        const bool nested = !root.empty() && InputFolderOf(root) == input && IdentityOf(root) != input;
+        const bool nested =
+            !root.empty() && InputFolderOf(root) == input && IdentityOf(root) != input;
         if (!nested) return "it lies in the input project's folder";
     }
     if (own && !inputFolders_.empty() && inputFiles_.count(*own) != 0)
@@ -320,7 +321,8 @@ void FileSystem::NoteWritten(const std::string& diskPath, const std::string& res
     struct stat st {};
     if (StatPath(folder, st)) it->second.stamp = StampOf(st);
     const std::size_t slash = diskPath.rfind('/');
-    AddKeys(it->second.byFolded, slash == std::string::npos ? diskPath : diskPath.substr(slash + 1));
+    AddKeys(it->second.byFolded,
+            slash == std::string::npos ? diskPath : diskPath.substr(slash + 1));
 }
 
 namespace {
@@ -358,9 +360,10 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content) {
     SweepTempFiles(ParentOf(disk));
     std::string temp = ParentOf(disk) + "/.tamrix-XXXXXX";
     const int fd = ::mkstemp(temp.data());
-    if (fd < 0) RaiseError(ErrnoToError(errno) == err::kFileNotFound ? err::kPathNotFound
-                                                                      : ErrnoToError(errno),
-                           disk);
+    if (fd < 0)
+        RaiseError(
+            ErrnoToError(errno) == err::kFileNotFound ? err::kPathNotFound : ErrnoToError(errno),
+            disk);
     const mode_t mask = ::umask(0);
     ::umask(mask);
     ::fchmod(fd, 0666 & ~mask);
@@ -383,7 +386,9 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content) {
     NoteWritten(disk, resolved);
 }
 
-void FileSystem::CopyFile(std::string_view from, std::string_view to) { WriteAll(to, ReadAll(from)); }
+void FileSystem::CopyFile(std::string_view from, std::string_view to) {
+    WriteAll(to, ReadAll(from));
+}
 
 void FileSystem::CreateFolder(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
@@ -397,7 +402,8 @@ void FileSystem::CreateFolder(std::string_view path) {
 
 void FileSystem::WriteRunMarker() {
     if (!runMarker_.empty() && !writeRoot_.empty())
-        WriteAll(BuildPath(writeRoot_, runMarker_), "A conversion into this folder is running.\r\n");
+        WriteAll(BuildPath(writeRoot_, runMarker_),
+                 "A conversion into this folder is running.\r\n");
 }
 
 void FileSystem::RemoveFile(std::string_view path) {

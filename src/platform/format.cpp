@@ -9,8 +9,9 @@
 namespace tamrix {
 namespace {
 
-const char* const kMonths[] = {"January", "February", "March",     "April",   "May",      "June",
-                               "July",    "August",   "September", "October", "November", "December"};
+const char* const kMonths[] = {"January",   "February", "March",    "April",
+                               "May",       "June",     "July",     "August",
+                               "September", "October",  "November", "December"};
 
 std::string TwoDigits(int n) {
     std::string s = std::to_string(n);
@@ -120,8 +121,7 @@ std::string GeneralNumber(double value) {
 std::string BooleanText(bool value) { return value ? "True" : "False"; }
 
 std::string FormatDate(const DateTime& when, std::string_view pattern) {
-    const bool twelveHour =
-        ContainsNoCase(pattern, "AMPM") || ContainsNoCase(pattern, "AM/PM");
+    const bool twelveHour = ContainsNoCase(pattern, "AMPM") || ContainsNoCase(pattern, "AM/PM");
     const char* meridiem = when.hour < 12 ? "AM" : "PM";
     int hour = when.hour;
     if (twelveHour) {

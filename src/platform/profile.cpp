@@ -203,7 +203,8 @@ long GetString(std::string_view file, std::string_view section, std::string_view
         out.clear();
         return 0;
     }
-    if (static_cast<long>(out.size()) > bufferSize - 1) out.resize(static_cast<std::size_t>(bufferSize - 1));
+    if (static_cast<long>(out.size()) > bufferSize - 1)
+        out.resize(static_cast<std::size_t>(bufferSize - 1));
     return static_cast<long>(out.size());
 }
 
@@ -224,11 +225,13 @@ int Rewrite(std::string_view file, Edit&& edit) {
 
 int WriteString(std::string_view file, std::string_view section, std::string_view key,
                 std::string_view value) {
-    return Rewrite(file, [&](const std::string& c) { return text::WriteString(c, section, key, value); });
+    return Rewrite(file,
+                   [&](const std::string& c) { return text::WriteString(c, section, key, value); });
 }
 
 int WriteSection(std::string_view file, std::string_view section, std::string_view lines) {
-    return Rewrite(file, [&](const std::string& c) { return text::WriteSection(c, section, lines); });
+    return Rewrite(file,
+                   [&](const std::string& c) { return text::WriteSection(c, section, lines); });
 }
 
 int DeleteSection(std::string_view file, std::string_view section) {

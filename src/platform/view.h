@@ -64,8 +64,7 @@ public:
     virtual void ErrorRepeated(const std::string& /*text*/, const std::string& /*title*/,
                                int /*times*/) {}
     // A line of text; nullopt when cancelled.
-    virtual std::optional<std::string> InputBox(const std::string& prompt,
-                                                const std::string& title,
+    virtual std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
                                                 const std::string& defaultText) = 0;
     // File dialogs return the chosen full path, or empty when cancelled.
     virtual std::string OpenFileDialog(const FileDialogRequest& request) = 0;

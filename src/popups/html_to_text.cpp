@@ -147,9 +147,7 @@ std::string RemoveHREFs(std::string_view text) {
 }
 
 std::string RemoveIMGs(std::string_view text) {
-    return Guarded("modStrings:RemoveIMGs", std::string(), [&] {
-        return ReplaceImages(text);
-    });
+    return Guarded("modStrings:RemoveIMGs", std::string(), [&] { return ReplaceImages(text); });
 }
 
 std::string TrimNewLines(std::string_view text) {

@@ -5,6 +5,7 @@
 #include "messages/messages.h"
 #include "model/context_id_index.h"
 #include "model/project_state.h"
+#include "parser/context_id_value.h"
 #include "platform/byte_text.h"
 #include "platform/counter16.h"
 #include "platform/file_system.h"
@@ -12,9 +13,8 @@
 #include "platform/profile.h"
 #include "platform/program_error.h"
 #include "platform/program_identity.h"
-#include "popups/popup_text.h"
-#include "parser/context_id_value.h"
 #include "platform/script_identifier.h"
+#include "popups/popup_text.h"
 
 namespace tamrix::modPopups {
 namespace {
@@ -83,8 +83,7 @@ bool WriteJavaPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
         long visited = 0;
         for (const auto& topic : topicFiles) {
             AdvanceProgress(wizard, visited);
-            if (!IsJavaPopupTopic(*topic) || !IsScriptIdentifier(topic->Context))
-                continue;
+            if (!IsJavaPopupTopic(*topic) || !IsScriptIdentifier(topic->Context)) continue;
             const PopupText popup = ReadPopupTopic(root, *topic, PopupKind::Script);
             const std::string value = " = \"" + popup.text + "\"" + kCrLf;
             const std::string name = PopupName(*topic, popup.anchorName);

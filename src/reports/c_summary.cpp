@@ -71,8 +71,7 @@ std::string CSummary::FormatItemValue(const ItemValue& value) {
                    [](const std::string& s) { return s; },
                    [](std::int16_t n) { return FormatNumber(n, "0"); },
                    [](std::int32_t n) { return FormatNumber(n, "0"); },
-                   [](bool b) { return BooleanText(b); },
-                   [](double d) { return dblFormat(d); },
+                   [](bool b) { return BooleanText(b); }, [](double d) { return dblFormat(d); },
                    [](const SingleValue& s) { return dblFormat(static_cast<double>(s.value)); },
                    [](const DateTime& t) { return GeneralDate(t); },
                    [](const ObjectValue& o) { return o.className; }},
@@ -87,14 +86,14 @@ void CSummary::AddItem(const std::string& itemName, const ItemValue& itemValue) 
         }
         // Without a name the value is converted as it stands.
         const std::string plain = std::visit(
-            Overloaded{[](const std::string& s) { return s; },
-                       [](std::int16_t n) { return std::to_string(n); },
-                       [](std::int32_t n) { return std::to_string(n); },
-                       [](bool b) { return BooleanText(b); },
-                       [](double d) { return GeneralNumber(d); },
-                       [](const SingleValue& s) { return GeneralNumber(static_cast<double>(s.value)); },
-                       [](const DateTime& t) { return GeneralDate(t); },
-                       [](const auto&) { return std::string(); }},
+            Overloaded{
+                [](const std::string& s) { return s; },
+                [](std::int16_t n) { return std::to_string(n); },
+                [](std::int32_t n) { return std::to_string(n); },
+                [](bool b) { return BooleanText(b); }, [](double d) { return GeneralNumber(d); },
+                [](const SingleValue& s) { return GeneralNumber(static_cast<double>(s.value)); },
+                [](const DateTime& t) { return GeneralDate(t); },
+                [](const auto&) { return std::string(); }},
             itemValue);
         AddLine(plain);
     });
@@ -158,8 +157,8 @@ std::string CSummary::dblEFormat(double value, int digits) {
             exponent += 1;
         }
     }
-    const std::string expText = exponent < 0 ? "E" + FormatNumber(exponent, "00")
-                                             : "E+" + FormatNumber(exponent, "00");
+    const std::string expText =
+        exponent < 0 ? "E" + FormatNumber(exponent, "00") : "E+" + FormatNumber(exponent, "00");
     return FormatNumber(sign * m, pattern) + expText;
 }
 

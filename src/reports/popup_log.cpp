@@ -26,12 +26,8 @@ struct PopupCounts {
     Counter16 both;
 };
 
-bool IsScriptPopup(const CTopicFile& t) {
-    return !t.HasTitle && t.InternalReferences > 0;
-}
-bool IsAppPopup(const CTopicFile& t) {
-    return !t.HasTitle && t.ExternalReferences > 0;
-}
+bool IsScriptPopup(const CTopicFile& t) { return !t.HasTitle && t.InternalReferences > 0; }
+bool IsAppPopup(const CTopicFile& t) { return !t.HasTitle && t.ExternalReferences > 0; }
 bool IsBothPopup(const CTopicFile& t) {
     return !t.HasTitle && t.InternalReferences >= 1 && t.ExternalReferences >= 1;
 }
@@ -47,18 +43,16 @@ PopupCounts CountPopups(const CTopicFiles* topics) {
     return counts;
 }
 
-std::string Dashes(std::size_t n) {
-    return std::string(n, '-');
-}
+std::string Dashes(std::size_t n) { return std::string(n, '-'); }
 
 class PopupLog {
-  public:
+public:
     PopupLog(WizardState& wizard, CSummary& report, const CTopicFiles* topics)
         : wizard_(wizard), report_(report), topics_(topics) {}
 
     void Write(const PopupCounts& counts);
 
-  private:
+private:
     void Line(const std::string& text) { report_.AddLine(text); }
     void Row(const TableLine& line) { report_.AddLine(line.Full()); }
     void Advance() { UpdateProgressBar(wizard_, ++progress_); }
@@ -173,8 +167,8 @@ void PopupLog::AppTable(const PopupCounts& counts) {
                 // One below the 1-based index, as this log has always read the list.
                 const long index = static_cast<long>(id->MapFileIndex) - 1;
                 if (index >= 0 && index < static_cast<long>(modGlobals::MapFiles.size()))
-                    row.Put(68, FileNameNoPath(
-                                    modGlobals::MapFiles[static_cast<std::size_t>(index)]));
+                    row.Put(68,
+                            FileNameNoPath(modGlobals::MapFiles[static_cast<std::size_t>(index)]));
             }
             Row(row);
         }

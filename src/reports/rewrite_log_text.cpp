@@ -65,7 +65,8 @@ void WriteUnaliased(CSummary& report, int undefinedCount, int zeroCount) {
                        (IgnoreZeroIDs ? "that were ignored." : "."));
     }
     report.AddLine("");
-    report.AddLine("There were " + Count(IgnoreZeroIDs ? undefinedCount : undefinedCount + zeroCount) +
+    report.AddLine("There were " +
+                   Count(IgnoreZeroIDs ? undefinedCount : undefinedCount + zeroCount) +
                    " context ID's for which no alias was found.");
     report.AddLine("");
     report.AddLine("Aliases were not found for these Context ID's:");
@@ -160,7 +161,8 @@ bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, 
         if (!refusedWrites.empty()) {
             report.AddLine("");
             report.AddLine("Files not written:");
-            for (const auto& write : refusedWrites) report.AddLine(write.path + ": " + write.reason + ".");
+            for (const auto& write : refusedWrites)
+                report.AddLine(write.path + ": " + write.reason + ".");
         }
         return true;
     });

@@ -14,9 +14,7 @@
 namespace tamrix::modUtilities {
 namespace {
 
-std::string Ruler(std::size_t n) {
-    return std::string(n, '-');
-}
+std::string Ruler(std::size_t n) { return std::string(n, '-'); }
 
 std::string FileOrNone(const std::string& path) {
     return path.empty() || !FileExists(path) ? std::string("None.") : path;

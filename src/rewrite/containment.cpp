@@ -49,9 +49,8 @@ bool IsSafeRelativeName(std::string_view relativeName) {
     std::size_t start = 0;
     while (true) {
         const std::size_t sep = relativeName.find_first_of("\\/", start);
-        const std::string_view component =
-            relativeName.substr(start, sep == std::string_view::npos ? std::string_view::npos
-                                                                     : sep - start);
+        const std::string_view component = relativeName.substr(
+            start, sep == std::string_view::npos ? std::string_view::npos : sep - start);
         if (LeadsUp(component)) return false;
         if (sep == std::string_view::npos) return !component.empty();
         start = sep + 1;

@@ -4,8 +4,8 @@
 
 #include "messages/messages.h"
 #include "model/project_state.h"
-#include "parser/winhelp_reader.h"
 #include "parser/context_id_value.h"
+#include "parser/winhelp_reader.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
@@ -114,8 +114,8 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
         text += ";";
         text += kCrLf;
         for (const auto& id : *ids) {
-            text +=
-                "#define " + id->ContextString + " " + modParser::CHeaderValue(id->ContextID) + id->Comment;
+            text += "#define " + id->ContextString + " " + modParser::CHeaderValue(id->ContextID) +
+                    id->Comment;
             text += kCrLf;
         }
         SharedFileSystem().WriteAll(path, text);

@@ -78,12 +78,14 @@ private:
 
     struct Hash {
         using is_transparent = void;
-        std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+        std::size_t operator()(std::string_view s) const {
+            return std::hash<std::string_view>{}(s);
+        }
     };
     std::unordered_map<std::string, int, Hash, std::equal_to<>> groups_;
     std::set<std::size_t> lengths_;
-    std::bitset<256> singles_;      // first characters of one-character names
-    std::bitset<65536> pairs_;      // first two characters of longer names
+    std::bitset<256> singles_;  // first characters of one-character names
+    std::bitset<65536> pairs_;  // first two characters of longer names
 };
 
 // The texts a neighbouring site may show while the names are replaced one by one.
@@ -108,8 +110,7 @@ std::optional<std::vector<std::string>> Contexts(std::string_view folded,
     while (true) {
         const bool more = before ? next > 0 : next + 1 < sites.size();
         const Site* neighbour = more ? &sites[before ? next - 1 : next + 1] : nullptr;
-        const std::size_t gapEnd =
-            before ? edge : (neighbour ? neighbour->start : folded.size());
+        const std::size_t gapEnd = before ? edge : (neighbour ? neighbour->start : folded.size());
         const std::size_t gapStart =
             before ? (neighbour ? neighbour->start + neighbour->length : 0) : edge;
         const std::string gap(folded.substr(gapStart, gapEnd - gapStart));
@@ -128,7 +129,8 @@ std::optional<std::vector<std::string>> Contexts(std::string_view folded,
             }
             grown.push_back(before ? found + text : text + found);
             if (neighbour->replacement)
-                grown.push_back(before ? *neighbour->replacement + text : text + *neighbour->replacement);
+                grown.push_back(before ? *neighbour->replacement + text
+                                       : text + *neighbour->replacement);
         }
         if (grown.size() > kMaxContexts) return std::nullopt;
         out = std::move(grown);

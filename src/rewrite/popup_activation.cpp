@@ -4,12 +4,12 @@
 
 #include "messages/messages.h"
 #include "model/project_state.h"
-#include "platform/script_identifier.h"
 #include "platform/byte_text.h"
 #include "platform/counter16.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
+#include "platform/script_identifier.h"
 #include "rewrite/project_writer.h"
 
 namespace tamrix::modRewrite {

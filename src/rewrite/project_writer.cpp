@@ -59,7 +59,8 @@ bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
         }
         TextBuffer buffer;
         buffer.LoadFile(oldProjectFile);
-        modUtilities::InitializeProgressBar(wizard, topics->Count(), "Writing New Project File ...");
+        modUtilities::InitializeProgressBar(wizard, topics->Count(),
+                                            "Writing New Project File ...");
         modUtilities::ShowProgressBar(wizard, true);
 
         if (wizard.AddCssLink) {

@@ -42,7 +42,8 @@ bool RewriteHelpProject(WizardState& wizard, const std::string& oldProjectFile,
             }
             if (ok) {
                 ok = RewriteIndex(wizard, oldProjectFile, wizard.IndexFile, newRootPath);
-                if (ok) ok = RewriteContents(wizard, oldProjectFile, wizard.ContentsFile, newRootPath);
+                if (ok)
+                    ok = RewriteContents(wizard, oldProjectFile, wizard.ContentsFile, newRootPath);
             }
         }
 
@@ -51,7 +52,8 @@ bool RewriteHelpProject(WizardState& wizard, const std::string& oldProjectFile,
         if (ok) ok = CopyMapFiles(MapFiles, MapFileCount, newRootPath, newMapFiles);
         modUtilities::UpdateProgressBar(wizard, 1);
         const bool mapSectionIds = ProjectContextIDs && ProjectContextIDs->Count() > 0;
-        if (ok && (mapSectionIds || MapFileCount >= 1)) ok = AddMapFiles(newMapFiles, newProjectFile);
+        if (ok && (mapSectionIds || MapFileCount >= 1))
+            ok = AddMapFiles(newMapFiles, newProjectFile);
         modUtilities::UpdateProgressBar(wizard, 2);
         ClearFileDefined(MapContextIDs);
         ClearFileDefined(ProjectContextIDs);

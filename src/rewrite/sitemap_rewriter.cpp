@@ -10,9 +10,9 @@
 namespace tamrix::modRewrite {
 namespace {
 
-bool RewriteSitemap(WizardState& wizard, const std::string& oldProjectFile,
-                    const std::string& file, const std::string& newRootPath,
-                    const CTargets* targets, const std::string& caption) {
+bool RewriteSitemap(WizardState& wizard, const std::string& oldProjectFile, const std::string& file,
+                    const std::string& newRootPath, const CTargets* targets,
+                    const std::string& caption) {
     if (!modUtilities::FileExists(file)) return true;
     const std::string name = modUtilities::FileNameNoPath(file);
     if (!IsSafeRelativeName(name)) {

@@ -33,7 +33,8 @@ bool AcceptExtension(const std::string& path, const char* extension, long messag
 void Wizard::FillProjectLabels(std::string& topicLabel) {
     topicLabel = DisplayTopicCount;
     const std::string index = modParser::GetIndexFileName(controls.txtProjectName);
-    if (modUtilities::FileExists(index)) controls.lblIndexFile = modUtilities::FileNameNoPath(index);
+    if (modUtilities::FileExists(index))
+        controls.lblIndexFile = modUtilities::FileNameNoPath(index);
     const std::string contents = modParser::GetContentsFileName(controls.txtProjectName);
     if (modUtilities::FileExists(contents))
         controls.lblContents = modUtilities::FileNameNoPath(contents);

@@ -127,14 +127,16 @@ bool Wizard::NextFromWinHelpFile() {
 
 bool Wizard::NextFromNewProject() {
     if (controls.txtRootPath.empty()) {
-        modMessages::ShowMessage("Please select the new HTML project location by clicking the Browse Button",
-                                 mb::kInformation, "Writing new Project", Box());
+        modMessages::ShowMessage(
+            "Please select the new HTML project location by clicking the Browse Button",
+            mb::kInformation, "Writing new Project", Box());
         return false;
     }
     const std::string folder = modUtilities::FilePathOnly(controls.txtRootPath);
     const std::string name = modUtilities::FileNameNoPath(controls.txtRootPath);
     if (folder.empty() || name.empty()) {
-        modMessages::ShowMessage("Check syntax of New Path", mb::kExclamation, "New project Path", Box());
+        modMessages::ShowMessage("Check syntax of New Path", mb::kExclamation, "New project Path",
+                                 Box());
         return false;
     }
     NewRootPath = folder;
@@ -164,8 +166,8 @@ void Wizard::WriteLogsAndPopups() {
     SetProgressCaption("Generating Rewrite Log ...");
     rewriteLog_ = std::make_unique<CSummary>();
     const bool rewriteLogged = modUtilities::MakeRewriteLogSummary(*this, *rewriteLog_) &&
-                               SaveReport(rewriteLog_.get(),
-                                          modUtilities::MakeFullPathforFile(NewRootPath, "rewrite.log"));
+                               SaveReport(rewriteLog_.get(), modUtilities::MakeFullPathforFile(
+                                                                 NewRootPath, "rewrite.log"));
     SetProgressCaption("Wrote Rewrite Report");
     menus.mnuViewRewriteLog.enabled = true;
     menus.mnuViewNewProjectFile.enabled = true;
@@ -174,7 +176,8 @@ void Wizard::WriteLogsAndPopups() {
 
     // 3. Popup text, only after the rewrite log was written.
     BusyUI(true);
-    if (modUtilities::UpdateExternalReferences(*this) && UntitledCount >= 1 && modGlobals::TopicFiles) {
+    if (modUtilities::UpdateExternalReferences(*this) && UntitledCount >= 1 &&
+        modGlobals::TopicFiles) {
         modUtilities::InitializeProgressBar(*this, UntitledCount,
                                             "Extracting Popup Text from Untitled Topics ...");
         int count = 0;
@@ -202,7 +205,8 @@ void Wizard::WriteLogsAndPopups() {
             if (!leftOut.empty()) StepMessage += "\r\n" + leftOut;
             popupLog_ = std::make_unique<CSummary>();
             if (modUtilities::MakePopupLogSummary(*this, *popupLog_))
-                SaveReport(popupLog_.get(), modUtilities::MakeFullPathforFile(NewRootPath, "popups.log"));
+                SaveReport(popupLog_.get(),
+                           modUtilities::MakeFullPathforFile(NewRootPath, "popups.log"));
             else
                 popupLog_.reset();
             menus.mnuViewPopupLog.enabled = true;

@@ -10,10 +10,10 @@ public:
 
     OptionsDialog() = default;
 
-    bool chkCssFile = false;       // "Insert link to Style Sheet"
-    bool chkTopicClass = false;    // "Define Topic_Title class": offered, never passed on
+    bool chkCssFile = false;     // "Insert link to Style Sheet"
+    bool chkTopicClass = false;  // "Define Topic_Title class": offered, never passed on
     std::string txtCssFileName = kDefaultCssName;
-    bool Status = false;           // closed with OK
+    bool Status = false;  // closed with OK
     bool Visible = false;
 
     // The name and its label show only while the style sheet is ticked.

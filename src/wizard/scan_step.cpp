@@ -44,7 +44,8 @@ bool ReadWinHelpSide(WizardState& wizard, bool result) {
     if (mapFiles >= 1) {
         modUtilities::InitializeProgressBar(wizard, mapFiles, "Parsing Map Files");
         for (int i = 1; i <= mapFiles; ++i) {
-            result = modParser::ParseMapFile(modGlobals::MapFiles[static_cast<std::size_t>(i - 1)], i);
+            result =
+                modParser::ParseMapFile(modGlobals::MapFiles[static_cast<std::size_t>(i - 1)], i);
             modUtilities::UpdateProgressBar(wizard, i);
         }
     }
@@ -60,7 +61,8 @@ std::string ScanSummary() {
         for (const auto& piece : pieces) summary += "\r\n" + piece;
     }
     if (modGlobals::DuplicateContextIDs) {
-        summary += "\r\n" + GetMessageString(10057, std::to_string(modGlobals::DuplicateContextIDs->Count()));
+        summary += "\r\n" + GetMessageString(
+                                10057, std::to_string(modGlobals::DuplicateContextIDs->Count()));
         for (const auto& id : *modGlobals::DuplicateContextIDs) {
             summary += "\r\n" + id->ContextString + "=" + id->ContextID;
             const auto index = static_cast<std::size_t>(id->MapFileIndex);
@@ -124,8 +126,9 @@ bool ScanProjectFiles(WizardState& wizard) {
                                           : GetMessageString(10047));
             return result;
         }
-        wizard.SetProgressCaption(missing != 0 ? GetMessageString(10046, n, missing == 1 ? "." : "s.")
-                                               : GetMessageString(10026));
+        wizard.SetProgressCaption(missing != 0
+                                      ? GetMessageString(10046, n, missing == 1 ? "." : "s.")
+                                      : GetMessageString(10026));
         wizard.StepMessage.clear();
         const std::string summary = ScanSummary();
         if (!summary.empty()) wizard.StepMessage = summary;

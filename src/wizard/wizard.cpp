@@ -22,7 +22,9 @@ std::string Wizard::StepCaption(int step) const {
     return modMessages::GetMessageString(1000 + step);
 }
 
-std::string Wizard::NavCaption(int index) const { return modMessages::GetMessageString(100 + index); }
+std::string Wizard::NavCaption(int index) const {
+    return modMessages::GetMessageString(100 + index);
+}
 
 std::string Wizard::Caption() const { return "Tamrix - " + StepCaption(currentStep_); }
 
@@ -82,12 +84,14 @@ void Wizard::ShowStep(int newStep) {
         case 2: finished_ = false; break;
         case 3:
             finished_ = false;
-            if (ScanComplete && changes) StepMessage += "\r\n" + modMessages::GetMessageString(10026);
+            if (ScanComplete && changes)
+                StepMessage += "\r\n" + modMessages::GetMessageString(10026);
             break;
         case 4:
             finished_ = false;
             if (RewriteDone && changes)
-                StepMessage += "\r\n" + modMessages::GetMessageString(10064, "cshelp.txt", "popups.js") +
+                StepMessage += "\r\n" +
+                               modMessages::GetMessageString(10064, "cshelp.txt", "popups.js") +
                                "\r\n" + modMessages::GetMessageString(10025);
             break;
         case 5: finished_ = true; break;
@@ -116,13 +120,15 @@ void Wizard::cmdNav_Click(int index) {
             modUtilities::ShowProgressBar(*this, false);
             if (currentStep_ != 0) {
                 if (modMessages::AskMessage("Do you want to restart the program?",
-                                            mb::kYesNo + mb::kQuestion, "Cancel", Box()) == mb::kYes) {
+                                            mb::kYesNo + mb::kQuestion, "Cancel",
+                                            Box()) == mb::kYes) {
                     ResetProject();
                     ShowStep(0);
                     if (!controls.chkShowIntro) ShowStep(1);
                 }
             } else if (modMessages::AskMessage("Do you want to exit the program?",
-                                               mb::kYesNo + mb::kQuestion, "Cancel", Box()) == mb::kYes) {
+                                               mb::kYesNo + mb::kQuestion, "Cancel",
+                                               Box()) == mb::kYes) {
                 ExitProgram();
             }
             Changed();
@@ -138,8 +144,8 @@ void Wizard::cmdNav_Click(int index) {
             ShowStep(NextStep(currentStep_));
             break;
         case kNavExit:
-            if (modMessages::AskMessage("Do you want to exit the program?", mb::kYesNo + mb::kQuestion,
-                                        "Cancel", Box()) == mb::kYes)
+            if (modMessages::AskMessage("Do you want to exit the program?",
+                                        mb::kYesNo + mb::kQuestion, "Cancel", Box()) == mb::kYes)
                 ExitProgram();
             break;
         default: break;

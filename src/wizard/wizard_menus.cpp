@@ -32,10 +32,13 @@ void Wizard::mnuViewNewProjectFile_Click() {
     ViewFile(modUtilities::MakeFullPathforFile(NewRootPath, NewProjectName), kProjectFilter, true);
 }
 
-void Wizard::mnuViewRTF_Click() { ViewFile("", "RTF Files (*.rtf)|*.rtf|All Files (*.*)|*.*|", true); }
+void Wizard::mnuViewRTF_Click() {
+    ViewFile("", "RTF Files (*.rtf)|*.rtf|All Files (*.*)|*.*|", true);
+}
 
 void Wizard::mnuViewFile_Click() {
-    ViewFile("", "All Files (*.*)|*.*|Text Files (*.txt,*.log,*.h,*.js)|*.txt;*.log;*.h;*.js|", true);
+    ViewFile("", "All Files (*.*)|*.*|Text Files (*.txt,*.log,*.h,*.js)|*.txt;*.log;*.h;*.js|",
+             true);
 }
 
 void Wizard::mnuViewHTM_Click() {

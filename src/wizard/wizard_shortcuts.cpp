@@ -17,9 +17,7 @@ constexpr int kFolderTries = 99;
 
 }  // namespace
 
-void Wizard::chkIgnoreZeroIDs_Click() {
-    mnuOptionsIgnoreZeroIDs_Click();
-}
+void Wizard::chkIgnoreZeroIDs_Click() { mnuOptionsIgnoreZeroIDs_Click(); }
 
 bool Wizard::FileDropped(const std::string& path) {
     if (busy_ || !browseEnabled_) return false;

@@ -19,7 +19,8 @@ bool cmdRewrite(WizardState& wizard, const std::string& txtRootPath) {
         wizard.GetHTMLOptions();
         bool ok = modRewrite::RewriteHelpProject(wizard, wizard.Projectname, wizard.NewProjectName,
                                                  wizard.NewRootPath);
-        if (ok) ok = modRewrite::CopyImageFolder(wizard, wizard.Projectname, wizard.NewRootPath, false);
+        if (ok)
+            ok = modRewrite::CopyImageFolder(wizard, wizard.Projectname, wizard.NewRootPath, false);
         int zeroCount = 0;
         const int undefined = modUtilities::UndefinedIDs(zeroCount);
         if (undefined > 0)

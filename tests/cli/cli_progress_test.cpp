@@ -54,7 +54,8 @@ INSTANTIATE_TEST_SUITE_P(
                      "\r\x1b[K[##############################] 100% 3/3 0:06  Writing New Project "
                      "Files"},
         // Nothing to count: the caption alone.
-        ProgressCase{0, 1ms, 2, 2, "\r\x1b[K[                              ] Writing New Project Files"}));
+        ProgressCase{0, 1ms, 2, 2,
+                     "\r\x1b[K[                              ] Writing New Project Files"}));
 
 }  // namespace
 }  // namespace tamrix

@@ -126,7 +126,8 @@ TEST_F(CliConvert, ASecondRunAsks10038AndNoLeavesTheFolderIntact) {
 }
 
 TEST_F(CliConvert, ScanWritesTheScanLog) {
-    const CliRun toStdout = RunWith({"scan", Sample("TideClock.hhp"), "--hpj", Sample("TideClock.hpj")});
+    const CliRun toStdout =
+        RunWith({"scan", Sample("TideClock.hhp"), "--hpj", Sample("TideClock.hpj")});
     ASSERT_EQ(toStdout.status, 0) << toStdout.err;
     EXPECT_EQ(toStdout.out.rfind("Scan Results for HTML Project: TideClock.hhp\r\n", 0), 0u);
     const CliRun toFile = RunWith({"scan", Sample("TideClock.hhp"), "--log", dir / "scan.log"});

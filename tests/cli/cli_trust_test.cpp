@@ -57,8 +57,7 @@ TEST_F(CliTrust, AFolderTargetGetsTheOldProjectFileName) {
         EXPECT_EQ(run.status, 0) << run.err;
         const std::string folder = target.back() == '/' ? target : target + "/";
         EXPECT_TRUE(fs::is_regular_file(folder + "TideClock.hhp"));
-        EXPECT_TRUE(
-fs::is_directory(folder + "html"));
+        EXPECT_TRUE(fs::is_directory(folder + "html"));
         EXPECT_TRUE(Has(run.out, "New project:            " + folder + "TideClock.hhp"));
         EXPECT_FALSE(fs::exists(folder + ".tamrix-running"));
     }

@@ -43,7 +43,8 @@ std::size_t ExpectScriptReferencesReach(const fs::path& root) {
         const std::size_t start = text.rfind("src=\"", end);
         const std::string reference =
             start == std::string::npos ? text.substr(end) : text.substr(start + 5, end + 4 - start);
-        EXPECT_TRUE(fs::exists(entry.path().parent_path() / reference)) << path << ": " << reference;
+        EXPECT_TRUE(fs::exists(entry.path().parent_path() / reference))
+            << path << ": " << reference;
     }
     return files;
 }
@@ -110,8 +111,8 @@ TEST_P(CorpusConversion, ConvertsCompletely) {
     testing::TempDir dir;
     std::istringstream input;
     std::ostringstream out, err;
-    const int status = cli::RunCli({"convert", in + GetParam().project, dir / "new/New.hhp", "--hpj",
-                                    in + GetParam().hpj, "--popups", "--yes"},
+    const int status = cli::RunCli({"convert", in + GetParam().project, dir / "new/New.hhp",
+                                    "--hpj", in + GetParam().hpj, "--popups", "--yes"},
                                    input, out, err, false, false);
     ASSERT_EQ(status, 0) << err.str();
     for (const char* log : {"scan.log", "rewrite.log", "popups.log"})
@@ -149,12 +150,11 @@ TEST_P(CorpusConversion, ConvertsCompletely) {
     ExpectNoCaseFoldedTwins(dir / "new");
 }
 
-INSTANTIATE_TEST_SUITE_P(Corpus, CorpusConversion,
-                         ::testing::Values(CorpusProject{"draftcable", "Copia de DraftCable.hhp",
-                                                         "DraftCable.hpj", 13},
-                                           CorpusProject{"wavesoap", "WaveSoap.hhp",
-                                                         "WaveSoapFront.hpj", 11}),
-                         [](const auto& param) { return std::string(param.param.folder); });
+INSTANTIATE_TEST_SUITE_P(
+    Corpus, CorpusConversion,
+    ::testing::Values(CorpusProject{"draftcable", "Copia de DraftCable.hhp", "DraftCable.hpj", 13},
+                      CorpusProject{"wavesoap", "WaveSoap.hhp", "WaveSoapFront.hpj", 11}),
+    [](const auto& param) { return std::string(param.param.folder); });
 
 }  // namespace
 }  // namespace tamrix

@@ -28,10 +28,11 @@ protected:
     static void SetUpTestSuite() {
         dir_ = new testing::TempDir;
         const std::string sample = std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock/";
-        status_ = Shell("SOURCE_DATE_EPOCH=1299333420 " + Quote(TAMRIX_CLI_PATH) + " convert " +
-                        Quote(sample + "TideClock.hhp") + " " + Quote(dir_->Path() + "/out/TideClock.hhp") +
-                        " --hpj " + Quote(sample + "TideClock.hpj") + " --popups --yes > " +
-                        Quote(dir_->Path() + "/stdout.txt") + " 2> " + Quote(dir_->Path() + "/stderr.txt"));
+        status_ = Shell(
+            "SOURCE_DATE_EPOCH=1299333420 " + Quote(TAMRIX_CLI_PATH) + " convert " +
+            Quote(sample + "TideClock.hhp") + " " + Quote(dir_->Path() + "/out/TideClock.hhp") +
+            " --hpj " + Quote(sample + "TideClock.hpj") + " --popups --yes > " +
+            Quote(dir_->Path() + "/stdout.txt") + " 2> " + Quote(dir_->Path() + "/stderr.txt"));
     }
     static void TearDownTestSuite() { delete dir_; }
 
@@ -46,7 +47,8 @@ protected:
     // The generated names of the sample that the conversion renames.
     static std::set<std::string> RenamedGeneratedNames() {
         std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock/html"))
+        for (const auto& entry :
+             fs::directory_iterator(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock/html"))
             names.insert(entry.path().filename().string());
         std::set<std::string> kept;
         for (const auto& entry : fs::directory_iterator(dir_->Path() + "/out/html"))
@@ -117,7 +119,8 @@ TEST_F(EndToEnd, MapAliasAndPopupSectionsAgreeWithTheFiles) {
         if (StartsWithNoCase(line, "#include")) {
             const std::string name = Trim(line.substr(8));
             ASSERT_TRUE(dir_->Exists("out/" + name)) << line;
-            for (const auto& l : Split(ReplaceAll(Out(name), "\r\n", "\n"), '\n')) checkAliasLine(l, name);
+            for (const auto& l : Split(ReplaceAll(Out(name), "\r\n", "\n"), '\n'))
+                checkAliasLine(l, name);
         } else {
             checkAliasLine(line, "[ALIAS]");
         }
@@ -147,9 +150,11 @@ TEST_F(EndToEnd, MapAliasAndPopupSectionsAgreeWithTheFiles) {
 TEST_F(EndToEnd, PopupLinksCallScriptPopupsAndTheOriginalsAreKept) {
     ASSERT_EQ(status_, 0);
     const std::string intro = Out("html/intro.htm");
-    EXPECT_NE(intro.find("<A HREF=\"Javascript:POPUPS.TextPopup(gl_high_water,popfont,9,9,-1,-1)\">"),
+    EXPECT_NE(
+        intro.find("<A HREF=\"Javascript:POPUPS.TextPopup(gl_high_water,popfont,9,9,-1,-1)\">"),
+        std::string::npos);
+    EXPECT_NE(intro.find("classid=\"clsid:adb880a6-d8ff-11cf-9377-00aa003b7a11\""),
               std::string::npos);
-    EXPECT_NE(intro.find("classid=\"clsid:adb880a6-d8ff-11cf-9377-00aa003b7a11\""), std::string::npos);
     EXPECT_TRUE(dir_->Exists("out/html/NoPopups/intro.htm"));
     EXPECT_EQ(dir_->Read("out/html/NoPopups/intro.htm").find("TextPopup"), std::string::npos);
     const std::string js = Out("popups.js");

@@ -4,11 +4,11 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QPrinter>
-#include <QTextBlock>
-#include <QTextLayout>
 #include <QRegularExpression>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextEdit>
+#include <QTextLayout>
 #include <cstdlib>
 #include <string>
 
@@ -56,7 +56,8 @@ protected:
     }
 
     static std::optional<QStringList> PdfPages(const std::string& pdf) {
-        const auto text = testing::RunProgram("pdftotext", {"-layout", QString::fromStdString(pdf), "-"});
+        const auto text =
+            testing::RunProgram("pdftotext", {"-layout", QString::fromStdString(pdf), "-"});
         if (!text) return std::nullopt;
         QStringList pages = QString::fromStdString(*text).split(u'\f');
         if (!pages.isEmpty() && pages.last().trimmed().isEmpty()) pages.removeLast();
@@ -184,9 +185,10 @@ TEST_F(PrintTest, PrintMenuOffersThePagesAndKeepsTheSelection) {
 TEST_F(PrintTest, WideLogLinesFitInLandscape) {
     const std::string heading =
         TableLine({{1, ".htm File:"}, {20, "WinHelp Topic_ID's:"}, {56, "WinHelp Topic Title:"}});
-    std::string row = TableLine({{1, "hs16.htm"},
-                                 {20, "IDH_TROUBLESHOOTING_STARTUP"},
-                                 {56, "Troubleshooting: when the widget refuses to start ENDMARK"}});
+    std::string row =
+        TableLine({{1, "hs16.htm"},
+                   {20, "IDH_TROUBLESHOOTING_STARTUP"},
+                   {56, "Troubleshooting: when the widget refuses to start ENDMARK"}});
     while (!row.empty() && row.back() == ' ') row.pop_back();
     ASSERT_EQ(heading.size(), 144u);
     ASSERT_GT(row.size(), 110u);

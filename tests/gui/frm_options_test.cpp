@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <gtest/gtest.h>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <gtest/gtest.h>
 
 #include "support/scripted_view.h"
 #include "wizard/options_dialog.h"

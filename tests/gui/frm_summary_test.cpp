@@ -63,8 +63,9 @@ TEST_F(FrmSummaryTest, ReadOnlyFileIsNotSavedUnderItsOwnName) {
     form.Save();
     ASSERT_EQ(view.messages.size(), 2u);
     for (const MessageRequest& m : view.messages) {
-        EXPECT_EQ(m.text,
-                  "This file was opened as Read-Only.\r\nPlease save it under a different file name.");
+        EXPECT_EQ(
+            m.text,
+            "This file was opened as Read-Only.\r\nPlease save it under a different file name.");
         EXPECT_EQ(m.style, mb::kExclamation);
     }
     EXPECT_EQ(dir.Read("scan.log"), kLog);
@@ -89,8 +90,8 @@ TEST_F(FrmSummaryTest, SaveOffersTheFiltersAndTheProposedName) {
     FrmSummary form(Options());
     form.SetSaveFileName("Scan Summary");
     form.SetPlainText(kLog);
-    saveAnswers = {{dir / "a.rtf", 2}, {dir / "b.txt", 1}, {dir / "c.rtf", 3},
-                   {dir / "d.any", 4}, {}};
+    saveAnswers = {
+        {dir / "a.rtf", 2}, {dir / "b.txt", 1}, {dir / "c.rtf", 3}, {dir / "d.any", 4}, {}};
     for (int i = 0; i < 5; ++i) form.Save();
 
     ASSERT_EQ(saveRequests.size(), 5u);

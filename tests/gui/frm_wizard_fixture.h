@@ -24,7 +24,7 @@
 namespace tamrix::gui {
 
 class FrmWizardTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         testing::PrepareSampleCopy(dir.Path());
         FrmWizard::Options options;

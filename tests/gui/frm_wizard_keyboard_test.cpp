@@ -11,9 +11,7 @@
 namespace tamrix::gui {
 namespace {
 
-QString Name(const QWidget* widget) {
-    return widget ? widget->objectName() : QString("(none)");
-}
+QString Name(const QWidget* widget) { return widget ? widget->objectName() : QString("(none)"); }
 
 // The letter after a single "&" of a caption, or 0.
 QChar Mnemonic(const QString& text) {
@@ -29,7 +27,7 @@ QChar Mnemonic(const QString& text) {
 }
 
 class FrmWizardKeys : public FrmWizardTest {
-  protected:
+protected:
     void SetUp() override {
         FrmWizardTest::SetUp();
         window->activateWindow();

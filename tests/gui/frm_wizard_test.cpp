@@ -127,7 +127,8 @@ TEST_F(FrmWizardTest, AWholeConversionOfTheSampleByClicks) {
     // The progress label follows the captions of the write step.
     EXPECT_EQ(window->ProgressLabel()->text().toStdString(), window->GetWizard().ProgressCaption());
     EXPECT_NE(window->GetWizard().ProgressCaption().find("Popup"), std::string::npos);
-    EXPECT_NE(messages.back().text.find("Successfully created the new project."), std::string::npos);
+    EXPECT_NE(messages.back().text.find("Successfully created the new project."),
+              std::string::npos);
     EXPECT_TRUE(errors.empty());
 
     // Step 4: Yes edits the calling topic files.

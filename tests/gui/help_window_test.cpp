@@ -1,6 +1,7 @@
 // The program's help project, its window, the About box and the captions.
 #include "gui/help_window.h"
 
+#include <gtest/gtest.h>
 #include <QAbstractButton>
 #include <QFileInfo>
 #include <QLabel>
@@ -8,7 +9,6 @@
 #include <QPushButton>
 #include <QSysInfo>
 #include <QTextBrowser>
-#include <gtest/gtest.h>
 
 #include "gui/about_box.h"
 #include "gui/localise_form.h"
@@ -35,10 +35,10 @@ TEST(HelpProjectTest, EveryStepContextHasAnExistingPage) {
 
 TEST(HelpProjectTest, NamesAreMatchedWithoutRegardToCaseAndUnaliasedNumbersIgnored) {
     testing::TempDir dir;
-    const std::string hhp = dir.Write(
-        "h.hhp",
-        "[OPTIONS]\r\nDefault topic=start.htm\r\n[ALIAS]\r\nidh_one = pages\\one.htm\r\n"
-        "[MAP]\r\n#define IDH_ONE 7\r\n#define IDH_TWO 8\r\n");
+    const std::string hhp =
+        dir.Write("h.hhp",
+                  "[OPTIONS]\r\nDefault topic=start.htm\r\n[ALIAS]\r\nidh_one = pages\\one.htm\r\n"
+                  "[MAP]\r\n#define IDH_ONE 7\r\n#define IDH_TWO 8\r\n");
     const auto project = HelpProject::Load(QString::fromStdString(hhp));
     ASSERT_TRUE(project.has_value());
     EXPECT_EQ(project->Contexts(), QList<int>{7});

@@ -1,10 +1,10 @@
 // The message window: buttons by style, the default button, the result codes.
 #include "gui/message_form.h"
 
+#include <gtest/gtest.h>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 #include <vector>
 
@@ -60,9 +60,9 @@ TEST(MessageFormTest, CaptionTextAndIcon) {
 TEST(MessageFormTest, AButtonReturnsItsCodeAndTheCloseBoxReturnsOK) {
     MessageForm form;
     QTimer::singleShot(0, &form, [&form] { form.Button(mb::kNo)->click(); });
-    EXPECT_EQ(form.MessageBox("Do you want to exit the program?", mb::kYesNo + mb::kQuestion,
-                              "Cancel"),
-              mb::kNo);
+    EXPECT_EQ(
+        form.MessageBox("Do you want to exit the program?", mb::kYesNo + mb::kQuestion, "Cancel"),
+        mb::kNo);
     QTimer::singleShot(0, &form, [&form] { form.Button(mb::kYes)->click(); });
     EXPECT_EQ(form.MessageBox("Again?", mb::kYesNo + mb::kQuestion, "Cancel"), mb::kYes);
     // Closed through the close box: neither Yes nor No.

@@ -64,10 +64,10 @@ TEST(RtfReader, ReadsTheTextOfEachConstruct) {
 }
 
 TEST(RtfReader, SurvivesMalformedInput) {
-    const std::string deep = "{\\rtf1 " + std::string(100000, '{') + "x" +
-                             std::string(100000, '}') + "y}";
-    const std::string deepButAllowed = "{\\rtf1 " + std::string(150, '{') + "x" +
-                                       std::string(150, '}') + "y}";
+    const std::string deep =
+        "{\\rtf1 " + std::string(100000, '{') + "x" + std::string(100000, '}') + "y}";
+    const std::string deepButAllowed =
+        "{\\rtf1 " + std::string(150, '{') + "x" + std::string(150, '}') + "y}";
     const TextCase cases[] = {
         {"extra closing braces", R"({\rtf1 a}}}b)", "a"},
         {"missing closing braces", R"({\rtf1 {\b a)", "a"},
@@ -116,10 +116,11 @@ TEST(RtfReader, RefusesTextThatIsNotRtf) {
 
 TEST(RtfReader, CharacterFormats) {
     QTextDocument doc;
-    ASSERT_TRUE(ReadRtf(R"({\rtf1\deff1{\fonttbl{\f0\fswiss Arial;}{\f1\fmodern{\*\panose 0203}Courier New;}})"
-                        R"(\fs20 a{\b b}\i c\i0\ul d\ulnone\strike e\strike0\ulc1 f\f0\fs31 g)"
-                        R"(\b\i\plain h\ul0 i\uld j\b0 k})",
-                        doc));
+    ASSERT_TRUE(ReadRtf(
+        R"({\rtf1\deff1{\fonttbl{\f0\fswiss Arial;}{\f1\fmodern{\*\panose 0203}Courier New;}})"
+        R"(\fs20 a{\b b}\i c\i0\ul d\ulnone\strike e\strike0\ulc1 f\f0\fs31 g)"
+        R"(\b\i\plain h\ul0 i\uld j\b0 k})",
+        doc));
     ASSERT_EQ(BlockText(doc), "abcdefghijk");
     const auto family = [&](int pos) { return FormatAt(doc, pos).fontFamilies().toStringList(); };
     EXPECT_EQ(family(0), QStringList{"Courier New"});  // the default font
@@ -149,9 +150,9 @@ TEST(RtfReader, ParagraphAlignment) {
     std::vector<Qt::Alignment> aligns;
     for (QTextBlock b = doc.begin(); b.isValid(); b = b.next())
         aligns.push_back(b.blockFormat().alignment() & Qt::AlignHorizontal_Mask);
-    const std::vector<Qt::Alignment> expected = {Qt::AlignHCenter, Qt::AlignRight, Qt::AlignLeft,
-                                                 Qt::AlignJustify, Qt::AlignJustify,
-                                                 Qt::AlignJustify};
+    const std::vector<Qt::Alignment> expected = {Qt::AlignHCenter, Qt::AlignRight,
+                                                 Qt::AlignLeft,    Qt::AlignJustify,
+                                                 Qt::AlignJustify, Qt::AlignJustify};
     EXPECT_EQ(BlockText(doc), "a\nb\nc\nd\ne\nf");
     EXPECT_EQ(aligns, expected);
 }

@@ -64,8 +64,7 @@ TEST(RtfWriter, WritesAsciiRtfWithEscapes) {
     for (const char ch : rtf) EXPECT_LT(static_cast<unsigned char>(ch), 0x80) << rtf;
     EXPECT_NE(rtf.find("{\\f0\\fnil\\fcharset0 Courier New;}"), std::string::npos) << rtf;
     EXPECT_NE(rtf.find("\\{braces\\} \\\\ caf\\'e9 \\'80 \\u937?"), std::string::npos) << rtf;
-    EXPECT_NE(rtf.find("\\u-10179?\\u-8704?\\tab end\\line second line"), std::string::npos)
-        << rtf;
+    EXPECT_NE(rtf.find("\\u-10179?\\u-8704?\\tab end\\line second line"), std::string::npos) << rtf;
     EXPECT_NE(rtf.find("\\pard\\qc\\fs18\\b Scan Summary\\par\r\n\\pard\\b0 plain"),
               std::string::npos)
         << rtf;
@@ -143,9 +142,9 @@ TEST(RtfWriter, UnrtfReadsTheSameText) {
         lines.removeFirst();
     while (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
     for (QString& line : lines) line = line.simplified();
-    const QString expected = U(
-        "Scan Summary\n.htm File: WinHelp Topic_ID's: {braces} \\ back\n"
-        "caf\u00e9 plain\nnext line\n\nlast");
+    const QString expected =
+        U("Scan Summary\n.htm File: WinHelp Topic_ID's: {braces} \\ back\n"
+          "caf\u00e9 plain\nnext line\n\nlast");
     EXPECT_EQ(lines.join(u'\n').toStdString(), expected.toStdString());
 }
 

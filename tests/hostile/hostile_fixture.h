@@ -96,7 +96,7 @@ inline std::string Sitemap(const std::vector<std::string>& locals) {
 }
 
 class HostileFixture : public ::testing::Test {
-  protected:
+protected:
     static constexpr const char* kIn = "a/b/in";
     static constexpr const char* kOut = "a/b/out";
 

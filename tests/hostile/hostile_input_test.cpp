@@ -50,7 +50,6 @@ TEST_F(HostileInput, ALinkedFolderInTheNewFolderLeadsNowhere) {
     ExpectOnlyNewFolderWritten();
 }
 
-
 // Such topics keep their old names.
 TEST_F(HostileInput, AnchorNamesThatClimbOutAreRefused) {
     WriteProject({"html\\gen00003.htm", "html\\gen00004.htm", "html\\gen00005.htm"});

@@ -20,9 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Quote(const std::string& s) {
-    return "'" + s + "'";
-}
+std::string Quote(const std::string& s) { return "'" + s + "'"; }
 
 // Runs tamrix-cli (through `prefix`, e.g. a user switch) and returns its exit status.
 int Convert(const std::string& in, const std::string& out, const std::string& prefix = {}) {
@@ -64,7 +62,7 @@ std::vector<std::string> DifferentFiles(const std::map<std::string, std::string>
 }
 
 class ReadOnlyInput : public ::testing::Test {
-  protected:
+protected:
     // The logs name the input and the new folder, so every run uses the same two.
     void SetUp() override {
         fs::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",

@@ -20,8 +20,7 @@ TEST(ContextIDIndexTest, FindsEveryDefinitionOfANameMapFilesFirstInCollectionOrd
     map.Add("IDH_B", "2", "IDH_B");
     map.Add("Idh_A", "3", "");  // unkeyed records may repeat a name
     const ContextIDIndex index(&map, &project);
-    EXPECT_EQ(Values(index.Named("IDH_a")),
-              (std::vector<std::string>{"1 map", "3 map", "5 hpj"}));
+    EXPECT_EQ(Values(index.Named("IDH_a")), (std::vector<std::string>{"1 map", "3 map", "5 hpj"}));
     EXPECT_EQ(Values(index.Named("idh_b")), std::vector<std::string>{"2 map"});
     EXPECT_TRUE(index.Named("IDH_C").empty());
     EXPECT_TRUE(index.Named("").empty());

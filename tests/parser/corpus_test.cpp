@@ -12,7 +12,7 @@ namespace {
 using testing::CorpusPath;
 
 class CorpusProjects : public testing::ProjectFixture {
-  protected:
+protected:
     void SetUp() override {
         ProjectFixture::SetUp();
         ASSERT_FALSE(CorpusPath("").empty())

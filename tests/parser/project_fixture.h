@@ -43,7 +43,7 @@ inline std::string CorpusPath(const std::string& relative) {
 }
 
 class ProjectFixture : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override { modGlobals::ResetAll(); }
     void TearDown() override { modGlobals::ResetAll(); }
 

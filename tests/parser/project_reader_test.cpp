@@ -46,8 +46,8 @@ TEST_F(ProjectReader, BuildsOneTopicFilePerListedFile) {
     EXPECT_TRUE(Parse(WriteProject({"html\\a1.htm", "", "html\\pic.gif", "html\\b2.htm"})));
     ASSERT_EQ(modGlobals::TopicFiles->Count(), 2);
     const CTopicFile& a = Topic(1);
-    EXPECT_EQ(a.AutoNamePath + "|" + a.AutoFileName + "|" + a.Context + "|" + a.NewFileName +
-                  "|" + a.TopicTitle,
+    EXPECT_EQ(a.AutoNamePath + "|" + a.AutoFileName + "|" + a.Context + "|" + a.NewFileName + "|" +
+                  a.TopicTitle,
               "html\\a1.htm|a1.htm|Setup_Topic|Setup_Topic.htm|Setup");
     EXPECT_TRUE(a.HasTitle);
     ASSERT_EQ(a.targets().Count(), 1);  // equal without regard to case

@@ -6,7 +6,7 @@ namespace tamrix::modUtilities {
 namespace {
 
 class ReferenceResolution : public testing::ProjectFixture {
-  protected:
+protected:
     void SetUp() override {
         ProjectFixture::SetUp();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
@@ -91,9 +91,9 @@ TEST_F(ReferenceResolution, ValuesGoToTheFirstTopicOfADefinedContext) {
     modGlobals::MapContextIDs->Add("idh_X", "&H10", "idh_X")->FileDefined = true;
     modGlobals::MapContextIDs->Add("IDH_Y", "7", "IDH_Y");
     EXPECT_TRUE(UpdateExternalReferences(wizard));
-    EXPECT_EQ(a->ContextIDValueString + "|" + b->ContextIDValueString + "|" +
-                  c->ContextIDValueString,
-              "&H10||");
+    EXPECT_EQ(
+        a->ContextIDValueString + "|" + b->ContextIDValueString + "|" + c->ContextIDValueString,
+        "&H10||");
 }
 
 TEST_F(ReferenceResolution, UntitledTopicsCount) {

@@ -9,7 +9,7 @@ namespace tamrix::modParser {
 namespace {
 
 class ParserRobustness : public testing::ProjectFixture {
-  protected:
+protected:
     bool ParseOne(const std::string& entry) { return Parse(WriteProject({entry})); }
 };
 

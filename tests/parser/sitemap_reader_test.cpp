@@ -29,7 +29,8 @@ TEST_F(SitemapReader, LocalValuesLoseTheirAnchorsAndRepeats) {
          {"html\\hs1.htm", "html/hs2.htm"}},
         // An object with two Local parameters gives both.
         {false,
-         Entry("<param name=\"Local\" value=\"a.htm\"><param name=\"Local\" value=\"b.htm#q\">\r\n"),
+         Entry(
+             "<param name=\"Local\" value=\"a.htm\"><param name=\"Local\" value=\"b.htm#q\">\r\n"),
          {"a.htm", "b.htm"}},
         // No VALUE= after "Local" gives the object up; an unclosed value runs to
         // the ">" of the end tag. Neither may hang.

@@ -42,17 +42,18 @@ TEST_F(TagReaders, AnchorsAreJoinedOverLinesAndComeOneACall) {
 }
 
 TEST_F(TagReaders, OnlyTheFirstAreaOfALineIsFoundAndObjectsRunToTheirEndTag) {
-    EXPECT_EQ(ReadAll("<AREA SHAPE=rect HREF=\"a.htm\"> <AREA HREF=\"b.htm\">\n"
-                      "<area\nhref=\"c.htm\"\n>\n",
-                      HTMLArea),
-              (std::vector<std::string>{"<AREA SHAPE=rect HREF=\"a.htm\">",
-                                        "<area href=\"c.htm\" >"}));
+    EXPECT_EQ(
+        ReadAll("<AREA SHAPE=rect HREF=\"a.htm\"> <AREA HREF=\"b.htm\">\n"
+                "<area\nhref=\"c.htm\"\n>\n",
+                HTMLArea),
+        (std::vector<std::string>{"<AREA SHAPE=rect HREF=\"a.htm\">", "<area href=\"c.htm\" >"}));
     EXPECT_EQ(modGlobals::AreaState, 0);
-    EXPECT_EQ(ReadAll("<LI> <OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"a.htm\">\n"
-                      "</OBJECT>\n<OBJECT>never closed\n",
-                      HTMLObject),
-              std::vector<std::string>{
-                  "<OBJECT type=\"text/sitemap\"> <param name=\"Local\" value=\"a.htm\"> </OBJECT>"});
+    EXPECT_EQ(
+        ReadAll("<LI> <OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"a.htm\">\n"
+                "</OBJECT>\n<OBJECT>never closed\n",
+                HTMLObject),
+        std::vector<std::string>{
+            "<OBJECT type=\"text/sitemap\"> <param name=\"Local\" value=\"a.htm\"> </OBJECT>"});
 }
 
 TEST_F(TagReaders, QuotedValuesAndMissingQuotes) {
@@ -61,8 +62,9 @@ TEST_F(TagReaders, QuotedValuesAndMissingQuotes) {
     EXPECT_EQ(HTMLHrefTarget("<A NAME=\"x\">"), "");
     EXPECT_TRUE(view.errors.empty());
     EXPECT_EQ(HTMLHrefTarget("<A HREF=a.htm>"), "");
-    EXPECT_TRUE(ErrorNamed("Missing quotes in HREF string <A HREF=a.htm> "
-                           "in:modParser:HTMLHrefTarget"));
+    EXPECT_TRUE(
+        ErrorNamed("Missing quotes in HREF string <A HREF=a.htm> "
+                   "in:modParser:HTMLHrefTarget"));
     EXPECT_EQ(HTMLAnchorName("<A NAME=\"x>"), "");
     EXPECT_TRUE(ErrorNamed("modParser:HTMLAnchorName"));
     EXPECT_EQ(view.errors.size(), 2u);

@@ -20,9 +20,11 @@ std::vector<std::string> Described(const std::shared_ptr<CContextIDs>& ids) {
 }
 
 class WinHelpReader : public testing::ProjectFixture {
-  protected:
+protected:
     // Reads the map file text as map file 1.
-    void ReadMap(const std::string& text) { ASSERT_TRUE(ParseMapFile(dir.Write("map.h", text), 1)); }
+    void ReadMap(const std::string& text) {
+        ASSERT_TRUE(ParseMapFile(dir.Write("map.h", text), 1));
+    }
     std::shared_ptr<CContextID> MapID(const std::string& name) const {
         return modGlobals::MapContextIDs ? modGlobals::MapContextIDs->Find(name) : nullptr;
     }
@@ -43,11 +45,11 @@ TEST_F(WinHelpReader, MapFileLinesGiveTheirDefinitions) {
         "#include \"other.h\"\r\n\r\n=9\r\n"
         // Overflowing values are collected.
         "#define IDH_E 99999999999\n#define IDH_X 0x1FFFFFFFF\n#define IDH_OK &HFFFF\n");
-    EXPECT_EQ(Described(modGlobals::MapContextIDs),
-              (std::vector<std::string>{"IDH_A=10(10) #1", "IDH_B=&H1F(31) #1 // note",
-                                        "IDH_C=5(5) #1", "IDH_F=abc(0) #1",
-                                        "IDH_E=99999999999(-1) #1", "IDH_X=&H1FFFFFFFF(-1) #1",
-                                        "IDH_OK=&HFFFF(-1) #1"}));
+    EXPECT_EQ(
+        Described(modGlobals::MapContextIDs),
+        (std::vector<std::string>{"IDH_A=10(10) #1", "IDH_B=&H1F(31) #1 // note", "IDH_C=5(5) #1",
+                                  "IDH_F=abc(0) #1", "IDH_E=99999999999(-1) #1",
+                                  "IDH_X=&H1FFFFFFFF(-1) #1", "IDH_OK=&HFFFF(-1) #1"}));
     EXPECT_EQ(modGlobals::InvalidContextIDs,
               "IDH_E = overflow value: 99999999999^IDH_X = overflow value: 0x1FFFFFFFF");
     EXPECT_TRUE(view.messages.empty());
@@ -122,9 +124,9 @@ TEST_F(WinHelpReader, ProjectMapSectionTakesAllThreeFormsAndIncludes) {
                                         "IDH_THREE=3(3) #0"}));
     // a.h once (the second include is a duplicate), b.hm from a.h; c.h is two levels down.
     ASSERT_EQ(modGlobals::MapFileCount, 2);
-    EXPECT_EQ(std::vector<std::string>(modGlobals::MapFiles.begin(),
-                                       modGlobals::MapFiles.begin() + 2),
-              (std::vector<std::string>{dir / "proj/inc/a.h", dir / "proj/inc/b.hm"}));
+    EXPECT_EQ(
+        std::vector<std::string>(modGlobals::MapFiles.begin(), modGlobals::MapFiles.begin() + 2),
+        (std::vector<std::string>{dir / "proj/inc/a.h", dir / "proj/inc/b.hm"}));
     EXPECT_EQ(modGlobals::DuplicateIncludes, dir / "proj/inc/a.h");
     EXPECT_EQ(view.MessageIds(), std::vector<long>{10036});  // <missing.h> inside a.h
     EXPECT_EQ(modGlobals::ContentsTopic, "main_index");
@@ -150,9 +152,9 @@ TEST_F(WinHelpReader, IncludesResolveRelativeToTheProjectOrShowTheMessageOfTheir
     dir.Write("outside.h", "#define IDH_OUT 5\n");
     dir.Write("proj/binary.h", std::string("\0\x01\xff#define\0IDH_BIN 3\n\x80\r\r", 20));
     dir.Write("proj/spaced.h", "#define IDH_S 1\n");
-    ASSERT_TRUE(ParseHpj(
-        "[MAP]\n#include ..\\outside.h\n#include \"sub\"\n#include binary.h\n"
-        "#include < spaced.h >\n"));
+    ASSERT_TRUE(
+        ParseHpj("[MAP]\n#include ..\\outside.h\n#include \"sub\"\n#include binary.h\n"
+                 "#include < spaced.h >\n"));
     ASSERT_EQ(modGlobals::MapFileCount, 3);
     EXPECT_EQ(modGlobals::MapFiles[0], dir / "outside.h");
     ReadIncludedMapFiles();
@@ -164,13 +166,14 @@ TEST_F(WinHelpReader, IncludesResolveRelativeToTheProjectOrShowTheMessageOfTheir
 TEST_F(WinHelpReader, AliasSectionAndAliasFiles) {
     dir.Write("proj/al.txt", "; fine\n\n/* C comment */\nA1 = T1\n#include \"al2.txt\"\n");
     dir.Write("proj/al2.txt", "A2 = T2\n");
-    ASSERT_TRUE(ParseHpj(
-        "[ALIAS]\nHID_ONE = topic_one ; first\nhid_one = other\nHID_TWO\t=\ttopic_two\n"
-        "#include \"al.txt\"\nnot an alias\n"));
+    ASSERT_TRUE(
+        ParseHpj("[ALIAS]\nHID_ONE = topic_one ; first\nhid_one = other\nHID_TWO\t=\ttopic_two\n"
+                 "#include \"al.txt\"\nnot an alias\n"));
     const auto& aliases = *modGlobals::ProjectAliases;
     ASSERT_EQ(aliases.Count(), 2);
-    EXPECT_EQ(aliases.Item(1)->ContextID + "=" + aliases.Item(1)->TopicID + aliases.Item(1)->Comment,
-              "HID_ONE=topic_one ; first");
+    EXPECT_EQ(
+        aliases.Item(1)->ContextID + "=" + aliases.Item(1)->TopicID + aliases.Item(1)->Comment,
+        "HID_ONE=topic_one ; first");
     EXPECT_EQ(aliases.Item(2)->TopicID, "topic_two");
     EXPECT_TRUE(ThisAliasExists(aliases, "Hid_Two"));
     EXPECT_FALSE(ThisAliasExists(aliases, "A1"));  // alias files are not read here

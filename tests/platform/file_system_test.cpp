@@ -114,11 +114,13 @@ TEST(FileSystemWrites, NothingIsWrittenOutsideTheWriteRoot) {
     FileSystem fs;
     fs.CreateFolder(dir / "new");
     fs.SetWriteRoot(dir / "new");
-    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "new\\..\\evil.htm", "x"); }), err::kOutsideNewFolder);
+    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "new\\..\\evil.htm", "x"); }),
+              err::kOutsideNewFolder);
     EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "newer.htm", "x"); }), err::kOutsideNewFolder);
     EXPECT_EQ(ErrorOf([&] { fs.CreateFolder(dir / "other"); }), err::kOutsideNewFolder);
     std::filesystem::create_directory_symlink(dir.Path(), dir / "new/link");
-    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "new\\link\\evil.htm", "x"); }), err::kOutsideNewFolder);
+    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "new\\link\\evil.htm", "x"); }),
+              err::kOutsideNewFolder);
     EXPECT_FALSE(dir.Exists("evil.htm"));
     EXPECT_FALSE(dir.Exists("newer.htm"));
     EXPECT_FALSE(dir.Exists("other"));
@@ -142,15 +144,15 @@ TEST(FileSystemWrites, TheInputFoldersAreRefusedByIdentity) {
         bool refused;
     };
     const std::vector<Case> cases = {
-        {"alias", "alias/x.htm", false, true},         // the input folder under another name
-        {"in/./", "in/x.htm", false, true},             // ... or spelled another way
-        {"", "in/y.htm", false, true},                  // no write root: still the input
-        {"", "hpj/y.h", false, true},                   // the WinHelp project's folder too
-        {"in", "in/html", true, true},                  // the input folder chosen as the new one
-        {"in/new", "in/new/a.htm", false, false},       // a new folder inside the input
+        {"alias", "alias/x.htm", false, true},     // the input folder under another name
+        {"in/./", "in/x.htm", false, true},        // ... or spelled another way
+        {"", "in/y.htm", false, true},             // no write root: still the input
+        {"", "hpj/y.h", false, true},              // the WinHelp project's folder too
+        {"in", "in/html", true, true},             // the input folder chosen as the new one
+        {"in/new", "in/new/a.htm", false, false},  // a new folder inside the input
         {"in/new", "in/new/sub", true, false},
         {"alias/new", "alias/new/b.htm", false, false},
-        {"in/new", "in/new/old.htm", false, true},      // an input file is never replaced
+        {"in/new", "in/new/old.htm", false, true},         // an input file is never replaced
         {"in/new", "in/new/dangling/x.htm", false, true},  // cannot be resolved
         {"in/new", "in/z.htm", false, true},
         {"out", "out/a.htm", false, false},

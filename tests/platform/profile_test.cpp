@@ -33,7 +33,8 @@ TEST(ProfileSections, ReadsTrimmedLinesJoinedWithNuls) {
 
 TEST(ProfileSections, ALongSectionIsCutToTheBufferLessTwo) {
     std::string content = "[MAP]\r\n";
-    for (int i = 0; i < 3000; ++i) content += "IDH_TOPIC_" + std::to_string(i) + "=" + std::to_string(i) + "\r\n";
+    for (int i = 0; i < 3000; ++i)
+        content += "IDH_TOPIC_" + std::to_string(i) + "=" + std::to_string(i) + "\r\n";
     std::string out;
     EXPECT_EQ(profile::text::GetSection(content, "MAP", out), 32763);
     EXPECT_EQ(out.size(), 32763u);
@@ -68,7 +69,8 @@ TEST(ProfileSections, WritingAKeyKeepsTheRestOfTheFileByteForByte) {
                      "CONTENTS FILE=new.hhc");
     EXPECT_EQ(replaced, expected);
 
-    const std::string added = profile::text::WriteString(kProject, "OPTIONS", "Default Topic", "html\\a.htm");
+    const std::string added =
+        profile::text::WriteString(kProject, "OPTIONS", "Default Topic", "html\\a.htm");
     EXPECT_NE(added.find("Index File = \"Index.hhk\"\r\nDefault Topic=html\\a.htm\r\n\r\n[FILES]"),
               std::string::npos);
 
@@ -83,14 +85,16 @@ TEST(ProfileSections, ReplacingAndDeletingSections) {
 
     const std::string lines = std::string("#include x.h\0#include y.h\0", 26);
     const std::string replaced = profile::text::WriteSection(kProject, "files", lines);
-    EXPECT_NE(replaced.find("[FILES]\r\n#include x.h\r\n#include y.h\r\n\r\n[ALIAS]"), std::string::npos);
+    EXPECT_NE(replaced.find("[FILES]\r\n#include x.h\r\n#include y.h\r\n\r\n[ALIAS]"),
+              std::string::npos);
     EXPECT_EQ(replaced.substr(0, 100), std::string(kProject).substr(0, 100));
 
     const std::string deleted = profile::text::DeleteSection(kProject, "ALIAS");
     EXPECT_EQ(deleted.find("[ALIAS]"), std::string::npos);
     EXPECT_EQ(deleted, std::string(kProject).substr(0, std::string(kProject).find("[ALIAS]")));
 
-    const std::string appended = profile::text::WriteSection(deleted, "ALIAS", std::string("a=b\0", 4));
+    const std::string appended =
+        profile::text::WriteSection(deleted, "ALIAS", std::string("a=b\0", 4));
     EXPECT_EQ(appended, deleted + "[ALIAS]\r\na=b\r\n");
 }
 

@@ -53,8 +53,8 @@ TEST(ProgramError, RepeatsWithinAnOperationAreShownOnceAndCounted) {
     EXPECT_EQ(view.errors[1].first,
               "Program Error No.  600 From: m:Write\r\nRefused to write \"/in/a.htm\": why.");
     using Repeat = std::pair<std::string, int>;
-    EXPECT_EQ(view.repeats, (std::vector<Repeat>{{view.errors[0].first, 69999},
-                                                 {view.errors[1].first, 1}}));
+    EXPECT_EQ(view.repeats,
+              (std::vector<Repeat>{{view.errors[0].first, 69999}, {view.errors[1].first, 1}}));
     ReportProgramError(6, "modUtilities:UpdateProgressBar");  // a new operation shows again
     EXPECT_EQ(view.errors.size(), 3u);
 }

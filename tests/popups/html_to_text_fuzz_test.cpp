@@ -16,11 +16,11 @@ namespace tamrix::modStrings {
 namespace {
 
 const std::vector<std::string> kFragments = {
-    "<A",   "<a ",  "HREF=", "href=\"", "NAME=\"", "</A>",    "</a>",   "<IMG ",
-    "<img", ">",    "<LI>",  "</LI>",   "<UL>",    "</UL>",   "<OL>",   "</OL>",
-    "<B>",  "</b>", "<BR>",  "&amp;",   "&lt;",    "&gt;",    "&nbsp;", "\"",
-    "'",    "?",    "\\",    "\t",      "\r\n",    "\r",      "\n",     "<P>",
-    "</P>", " ",    "x",     "lt;",     "<BODY>",  "</BODY>", "<AREA ", "=",
+    "<A",   "<a ",  "HREF=", "href=\"", "NAME=\"",  "</A>",       "</a>",   "<IMG ",
+    "<img", ">",    "<LI>",  "</LI>",   "<UL>",     "</UL>",      "<OL>",   "</OL>",
+    "<B>",  "</b>", "<BR>",  "&amp;",   "&lt;",     "&gt;",       "&nbsp;", "\"",
+    "'",    "?",    "\\",    "\t",      "\r\n",     "\r",         "\n",     "<P>",
+    "</P>", " ",    "x",     "lt;",     "<BODY>",   "</BODY>",    "<AREA ", "=",
     "<IMG", "/A>",  "A>",    "</",      "<A HREF=", "<A HREF=x>",
 };
 

@@ -34,7 +34,7 @@ std::string TopicHtml(const std::string& bodyLines) {
 }
 
 class PopupWriters : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         setenv("SOURCE_DATE_EPOCH", "1299334020", 1);
         modGlobals::ResetAll();
@@ -104,7 +104,8 @@ TEST_F(PopupWriters, BodiesAreCleanedForEachFile) {
         {{{"idh_both", 1, 1,
            "<P><A NAME=\"idh_both\"></A><B>Close</B> the \"window\"?</P>\n"
            "\n<P>Second &amp; last</P>\n"}},
-         1, "idh_both = \"Close the \\\"window\\\"\\?\\nSecond & last\"\r\n",
+         1,
+         "idh_both = \"Close the \\\"window\\\"\\?\\nSecond & last\"\r\n",
          ".topic idh_both\r\nClose the \"window\"?\r\nSecond & last\r\n\r\n"},
         // A first anchor named otherwise names a stray popup; in another case the
         // topic ID is used. Script strings lose every leading anchor, links
@@ -112,16 +113,20 @@ TEST_F(PopupWriters, BodiesAreCleanedForEachFile) {
         {{{"idh_one", 1, 1,
            "<P><A NAME=\"other\"></A><A NAME=\"second\"></A><A HREF=\"x.htm\">jump</A> Text</P>\n"},
           {"idh_two", 1, 0, "<P><A NAME=\"IDH_TWO\"></A>Two</P>\n"}},
-         2, "other = \"Text\"\r\nidh_two = \"Two\"\r\n", ".topic other\r\njump Text\r\n\r\n"},
+         2,
+         "other = \"Text\"\r\nidh_two = \"Two\"\r\n",
+         ".topic other\r\njump Text\r\n\r\n"},
         // Lists become bulleted lines.
         {{{"idh_list", 1, 1,
            "<P><A NAME=\"idh_list\"></A>Items:</P>\n<UL>\n<LI>one\n<LI>two\n</UL>\n"}},
-         1, "idh_list = \"Items:\\n\x95 one\\n\x95 two\"\r\n",
+         1,
+         "idh_list = \"Items:\\n\x95 one\\n\x95 two\"\r\n",
          ".topic idh_list\r\nItems:\r\n\r\n* one\r\n* two\r\n\r\n"},
         // Script strings keep images when they had links.
         {{{"idh_img", 1, 1,
            "<P><A NAME=\"idh_img\"></A>See <A HREF=\"a.htm\">a</A> <IMG SRC=\"b.gif\"> c</P>\n"}},
-         1, "idh_img = \"See a <IMG SRC=\\\"b.gif\\\"> c\"\r\n",
+         1,
+         "idh_img = \"See a <IMG SRC=\\\"b.gif\\\"> c\"\r\n",
          ".topic idh_img\r\nSee a  (*)  c\r\n\r\n"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.script);

@@ -29,7 +29,7 @@ inline std::vector<std::string> LogLines(const std::string& text) {
 inline std::string Sp(std::size_t n) { return std::string(n, ' '); }
 
 class LogTest : public ::testing::Test {
-  protected:
+protected:
     explicit LogTest(const char* epoch) : epoch_(epoch) {}
     void SetUp() override {
         setenv("SOURCE_DATE_EPOCH", epoch_, 1);
@@ -57,7 +57,7 @@ class LogTest : public ::testing::Test {
     WizardState wizard{&view};
     CSummary report;
 
-  private:
+private:
     const char* epoch_;
 };
 

@@ -13,7 +13,7 @@ std::string At(std::initializer_list<std::pair<std::size_t, std::string>> texts)
 }
 
 class PopupLog : public testing::LogTest {
-  protected:
+protected:
     PopupLog() : LogTest("1299334020") {}
     void SetUp() override {
         LogTest::SetUp();

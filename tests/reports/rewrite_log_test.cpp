@@ -8,8 +8,8 @@ namespace {
 
 // A table line: texts at columns 1, 36 and 46 of a 144-character line.
 std::string Row(const std::string& id, const std::string& value, const std::string& file = {}) {
-    std::string line = id + std::string(35 - id.size(), ' ') + value +
-                       std::string(10 - value.size(), ' ') + file;
+    std::string line =
+        id + std::string(35 - id.size(), ' ') + value + std::string(10 - value.size(), ' ') + file;
     return line + std::string(144 - line.size(), ' ');
 }
 
@@ -68,7 +68,9 @@ protected:
 
     std::string Head() const {
         return "Project Write Results for Converted HTML Help Project: proj.hhp\r\n\r\n"
-               "Tamrix Version " + VersionString() + "\r\nMarch 05, 2011: 02:06 PM\r\n\r\n"
+               "Tamrix Version " +
+               VersionString() +
+               "\r\nMarch 05, 2011: 02:06 PM\r\n\r\n"
                "HTML Project File:\r\nC:\\Help\\proj.hhp\r\n\r\n";
     }
     std::string Table() const {
@@ -104,10 +106,11 @@ TEST_F(RewriteLogTest, ZeroValueMapFileIDsAreListedWhenNotIgnored) {
     modGlobals::IgnoreZeroIDs = false;
     modGlobals::MapContextIDs->Item("M_2")->MapFileIndex = 3;  // past the list: no name
     ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 2, 2));
-    ExpectTail("\r\nThere were 2 zero value context ID's.\r\n"
-               "\r\nThere were 4 context ID's for which no alias was found.\r\n" +
-               Table() + Row("IDH_B", "2") + "\r\n" + Row("M_2", "5") + "\r\n" +
-               Row("M_0", "0", "first.h") + "\r\n");
+    ExpectTail(
+        "\r\nThere were 2 zero value context ID's.\r\n"
+        "\r\nThere were 4 context ID's for which no alias was found.\r\n" +
+        Table() + Row("IDH_B", "2") + "\r\n" + Row("M_2", "5") + "\r\n" +
+        Row("M_0", "0", "first.h") + "\r\n");
 }
 
 TEST_F(RewriteLogTest, MapFileColumnReadsTheEntryBelowTheIndex) {

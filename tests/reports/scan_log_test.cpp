@@ -10,12 +10,10 @@ namespace {
 using testing::Sp;
 
 // A full-width table line from pieces already laid out.
-std::string Wide(const std::string& text) {
-    return text + Sp(144 - text.size());
-}
+std::string Wide(const std::string& text) { return text + Sp(144 - text.size()); }
 
 class ScanLog : public testing::LogTest {
-  protected:
+protected:
     ScanLog() : LogTest("0") {}
     void SetUp() override {
         LogTest::SetUp();

@@ -32,8 +32,8 @@ protected:
     }
     std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle,
                                       const std::string& extraIds = {}, int externalRefs = 0) {
-        auto topic = AddTopic("html\\auto" + std::to_string(modGlobals::TopicFiles->Count()) + ".htm",
-                              context);
+        auto topic = AddTopic(
+            "html\\auto" + std::to_string(modGlobals::TopicFiles->Count()) + ".htm", context);
         topic->HasTitle = hasTitle;
         topic->ExtraIds = extraIds;
         topic->ExternalReferences = externalRefs;
@@ -163,9 +163,9 @@ TEST_F(MapAliasWriter, NamesFromProjectFilesNeverLeaveTheNewFolder) {
     std::set<std::string> added;
     for (const auto& [file, bytes] : Tree())
         if (before.count(file) == 0 && file != "work/escaped.h") added.insert(file);
-    EXPECT_EQ(added, (std::set<std::string>{"work/new/NewMap.h", "work/new/escaped.h",
-                                            "work/new/d.h", "work/new/evil.h",
-                                            "work/new/outside.h", "work/new/cs.h"}));
+    EXPECT_EQ(added,
+              (std::set<std::string>{"work/new/NewMap.h", "work/new/escaped.h", "work/new/d.h",
+                                     "work/new/evil.h", "work/new/outside.h", "work/new/cs.h"}));
     EXPECT_TRUE(view.errors.empty());
 }
 
@@ -176,8 +176,8 @@ TEST_F(MapAliasWriter, NewAliasFilesSortTopicsByTitleAndReferences) {
     Topic("main", true, "second^IDH_EXTRA");
     Define({"#define titled 1", "#define POPUP_CALLED 2", "#define popup_silent 3",
             "#define IDH_EXTRA 4",
-            "#define main 0",        // zero: ignored
-            "#define IDH_NONE 5"},   // no topic
+            "#define main 0",       // zero: ignored
+            "#define IDH_NONE 5"},  // no topic
            1);
     Define({"main 0", "IDH_LOST 6"}, 0);  // zero, but the project's own [MAP]
     NewFileList aliasCopies;
@@ -204,8 +204,8 @@ TEST_F(MapAliasWriter, InternalAliasesListIncludesAndFoundTopicsOnly) {
     Topic("topic_one", true);
     Topic("topic_two", false);
     modGlobals::ProjectAliases = std::make_shared<CAliases>();
-    for (const char* line : {"HID_ONE = TOPIC_ONE ; first", "HID_TWO = topic_two",
-                             "HID_GONE = no_such_topic"})
+    for (const char* line :
+         {"HID_ONE = TOPIC_ONE ; first", "HID_TWO = topic_two", "HID_GONE = no_such_topic"})
         modParser::AddAliasFromString(line);
     Define({"#define hid_one 1", "#define HID_GONE 2"}, 1);
     NewFileList aliasCopies;

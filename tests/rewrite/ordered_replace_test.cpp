@@ -41,12 +41,14 @@ TEST(OrderedReplace, GeneratedNamesGoInOnePass) {
                     {"A2.HTM", "mass.htm"},
                     {"a3.htm", "three.htm"},
                     {"a_much_longer_generated_name.htm", "long.htm"}};
-    const std::string text = "[FILES]\r\nhtml\\a1.htm\r\nhtml\\a2.htm\r\nhtml\\A3.htm\r\n"
-                             "html\\a_much_longer_generated_name.htm\r\n[ALIAS]\r\nX=html\\a1.htm\r\n";
+    const std::string text =
+        "[FILES]\r\nhtml\\a1.htm\r\nhtml\\a2.htm\r\nhtml\\A3.htm\r\n"
+        "html\\a_much_longer_generated_name.htm\r\n[ALIAS]\r\nX=html\\a1.htm\r\n";
     const auto outcome = ReplaceInOrder(text, list);
     EXPECT_TRUE(outcome.onePass);
-    EXPECT_EQ(outcome.text, "[FILES]\r\nhtml\\main.htm\r\nhtml\\mass.htm\r\nhtml\\three.htm\r\n"
-                            "html\\long.htm\r\n[ALIAS]\r\nX=html\\main.htm\r\n");
+    EXPECT_EQ(outcome.text,
+              "[FILES]\r\nhtml\\main.htm\r\nhtml\\mass.htm\r\nhtml\\three.htm\r\n"
+              "html\\long.htm\r\n[ALIAS]\r\nX=html\\main.htm\r\n");
     EXPECT_EQ(outcome.counts, (std::vector<int>{2, 1, 1, 1}));
 }
 

@@ -6,8 +6,8 @@
 
 #include "messages/messages.h"
 #include "model/project_state.h"
-#include "platform/script_identifier.h"
 #include "platform/byte_text.h"
+#include "platform/script_identifier.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 #include "wizard/activate_popups.h"
@@ -42,7 +42,7 @@ const char* const kMainBody =
     "</BODY>\r\n</HTML>\r\n";
 
 class PopupActivation : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         modGlobals::ResetAll();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
@@ -162,9 +162,11 @@ TEST(AddJavaLinks, ConvertsLinksAfterTheBodyUntilTheReplacementMatchesAgainOrATa
         const char* newName;
         std::string text, expected;
     } const cases[] = {
-        {"idh_pop.htm", "<A HREF=\"idh_pop.htm\">head</A><BODY><A HREF=\"IDH_POP.HTM\" TARGET=x>a</A>",
+        {"idh_pop.htm",
+         "<A HREF=\"idh_pop.htm\">head</A><BODY><A HREF=\"IDH_POP.HTM\" TARGET=x>a</A>",
          "<A HREF=\"idh_pop.htm\">head</A><BODY>" + ScriptLink("idh_pop") + ">a</A>"},
-        {"Javascript:POPUPS.TextPopup(idh_pop", "<BODY><A HREF=\"Javascript:POPUPS.TextPopup(idh_pop.htm\">a</A>",
+        {"Javascript:POPUPS.TextPopup(idh_pop",
+         "<BODY><A HREF=\"Javascript:POPUPS.TextPopup(idh_pop.htm\">a</A>",
          "<BODY>" + ScriptLink("idh_pop") + ">a</A>"},
         {"p.htm", "<BODY><A HREF=\"p.htm\">a</A> <A HREF=\"p.htm",
          "<BODY>" + ScriptLink("idh_pop") + ">a</A> <A HREF=\"p.htm"},

@@ -42,13 +42,14 @@ TEST_F(ProjectFileTest, KeepsTheFindQuirksAtPositionZeroAndNotFound) {
     EXPECT_EQ(Write("[FILES]\r\nhtml\\a1.htm\r\n"), "[FILES]\r\nhtml\\t1.htm\r\n");
     // A name at position 0 ends the search before anything is replaced.
     wizard.AddCssLink = false;
-    EXPECT_EQ(Write("a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n"), "a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n");
+    EXPECT_EQ(Write("a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n"),
+              "a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n");
     EXPECT_TRUE(ok);
 }
 
 TEST_F(ProjectFileTest, AsksBeforeRenamingAFileThatAlreadyMatchesItsTopicID) {
-    AddTopic("html\\ab.htm", "ab");      // same name
-    AddTopic("html\\xcd1.htm", "cd1");   // new name inside the old one
+    AddTopic("html\\ab.htm", "ab");     // same name
+    AddTopic("html\\xcd1.htm", "cd1");  // new name inside the old one
     const std::string text = "[FILES]\r\nhtml\\ab.htm\r\nhtml\\xcd1.htm\r\n";
     view.answers = {mb::kYes, mb::kNo};
     EXPECT_EQ(Write(text), "<not written>");
@@ -103,8 +104,9 @@ TEST_F(ProjectFileTest, WritesTheDefaultTopicOnlyForAKnownContentsTopic) {
 
     // The folder "html" is fixed, whatever folder the topic lies in.
     modGlobals::ContentsTopic = "MAIN";
-    EXPECT_EQ(Write(text), "[OPTIONS]\r\nTitle=x\r\nDefault Topic=html\\Main.htm\r\n\r\n[FILES]\r\n"
-                           "pages\\Main.htm\r\n");
+    EXPECT_EQ(Write(text),
+              "[OPTIONS]\r\nTitle=x\r\nDefault Topic=html\\Main.htm\r\n\r\n[FILES]\r\n"
+              "pages\\Main.htm\r\n");
     EXPECT_TRUE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
 }
 

@@ -39,7 +39,8 @@ protected:
     }
 
     // A topic as the scan leaves it.
-    std::shared_ptr<CTopicFile> AddTopic(const std::string& autoNamePath, const std::string& context,
+    std::shared_ptr<CTopicFile> AddTopic(const std::string& autoNamePath,
+                                         const std::string& context,
                                          std::initializer_list<const char*> targets = {}) {
         auto topic = std::make_shared<CTopicFile>();
         topic->AutoNamePath = autoNamePath;

@@ -18,8 +18,8 @@ protected:
 };
 
 TEST_F(SitemapTest, IndexKeepsFoldersAndFragmentsAndGoesToTheNewRoot) {
-    for (const char* t : {"html/afxc0001.htm", "html\\afxc0002.htm#sec", "html/AFXC0001.HTM",
-                          "other.htm"})
+    for (const char* t :
+         {"html/afxc0001.htm", "html\\afxc0002.htm#sec", "html/AFXC0001.HTM", "other.htm"})
         modGlobals::IndexTargets->Add(t);
     const std::string hhk =
         "<OBJECT type=\"text/sitemap\">\r\n"
@@ -29,8 +29,8 @@ TEST_F(SitemapTest, IndexKeepsFoldersAndFragmentsAndGoesToTheNewRoot) {
         "<param name=\"Local\" value=\"HTML/AFXC0001.HTM#x\">\r\n</OBJECT>\r\n";
     // The old index is read from the project folder, whatever folder the wizard names.
     tmp.Write("old/Index.hhk", hhk);
-    EXPECT_TRUE(modRewrite::RewriteIndex(wizard, oldDir + "/p.hhp", tmp.Write("elsewhere/Index.hhk", ""),
-                                         newDir));
+    EXPECT_TRUE(modRewrite::RewriteIndex(wizard, oldDir + "/p.hhp",
+                                         tmp.Write("elsewhere/Index.hhk", ""), newDir));
     EXPECT_EQ(tmp.Read("work/new/Index.hhk"),
               "<OBJECT type=\"text/sitemap\">\r\n"
               "<param name=\"Local\" value=\"html/main.htm\">\r\n"
@@ -45,14 +45,13 @@ TEST_F(SitemapTest, ContentsReplacesAFileNamedWithoutFragmentEverywhere) {
     struct Case {
         std::vector<const char*> targets;  // none: no target collection at all
         const char *text, *expected;
-    } const cases[] = {
-        {{"html\\afxc0002.htm#sec", "html\\afxc0002.htm"},
-         "a html\\afxc0002.htm#sec b afxc0002.htm",
-         "a html\\Intro_2.htm#sec b Intro_2.htm"},
-        // A name at position 0 is not replaced.
-        {{"afxc0001.htm"}, "afxc0001.htm afxc0001.htm", "afxc0001.htm afxc0001.htm"},
-        // Without targets the file is copied.
-        {{}, "x afxc0001.htm", "x afxc0001.htm"}};
+    } const cases[] = {{{"html\\afxc0002.htm#sec", "html\\afxc0002.htm"},
+                        "a html\\afxc0002.htm#sec b afxc0002.htm",
+                        "a html\\Intro_2.htm#sec b Intro_2.htm"},
+                       // A name at position 0 is not replaced.
+                       {{"afxc0001.htm"}, "afxc0001.htm afxc0001.htm", "afxc0001.htm afxc0001.htm"},
+                       // Without targets the file is copied.
+                       {{}, "x afxc0001.htm", "x afxc0001.htm"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
         modGlobals::ContentsTargets.reset();

@@ -5,7 +5,8 @@
 namespace tamrix::testing {
 namespace {
 
-constexpr const char* kLink = "<link rel=\"stylesheet\" type=\"text/css\" href=\"../HHStyles.css\">";
+constexpr const char* kLink =
+    "<link rel=\"stylesheet\" type=\"text/css\" href=\"../HHStyles.css\">";
 
 class TopicFileTest : public RewriteTest {
 protected:
@@ -14,8 +15,9 @@ protected:
                         const std::string& css = {}) {
         tmp.Write("old/" + Slashed(topic->AutoNamePath), text);
         ok = modRewrite::RewriteTopicFile(wizard, *topic, oldDir + "/p.hhp", newDir, css);
-        const std::string written =
-            "work/new/" + Slashed(modUtilities::FilePathOnly(topic->AutoNamePath)) + topic->NewFileName;
+        const std::string written = "work/new/" +
+                                    Slashed(modUtilities::FilePathOnly(topic->AutoNamePath)) +
+                                    topic->NewFileName;
         return tmp.Exists(written) ? tmp.Read(written) : "<not written>";
     }
     static std::string Slashed(std::string path) {
@@ -37,11 +39,12 @@ TEST_F(TopicFileTest, RenamesLinksKeepingFragmentsPrefixesAndEverythingElse) {
         "<OBJECT><PARAM name=\"Item1\" value=\";xafxc0002.htm\"></OBJECT>\r\n</BODY>\r\n</HTML>\r\n",
         kLink);
     EXPECT_TRUE(ok);
-    EXPECT_EQ(out, std::string("<HTML>\r\n<HEAD>\r\n<TITLE>T</TITLE>\r\n") + kLink +
-                       "\r\n</HEAD>\r\n<BODY>\r\n"
-                       "<A HREF=\"Intro.htm#part\">x</A>\r\n<a href=\"../html/Intro.htm\">y</a>\r\n"
-                       "<OBJECT><PARAM name=\"Item1\" value=\";xIntro.htm\"></OBJECT>\r\n</BODY>\r\n"
-                       "</HTML>\r\n");
+    EXPECT_EQ(out,
+              std::string("<HTML>\r\n<HEAD>\r\n<TITLE>T</TITLE>\r\n") + kLink +
+                  "\r\n</HEAD>\r\n<BODY>\r\n"
+                  "<A HREF=\"Intro.htm#part\">x</A>\r\n<a href=\"../html/Intro.htm\">y</a>\r\n"
+                  "<OBJECT><PARAM name=\"Item1\" value=\";xIntro.htm\"></OBJECT>\r\n</BODY>\r\n"
+                  "</HTML>\r\n");
     EXPECT_TRUE(view.messages.empty());
 }
 
@@ -57,13 +60,15 @@ TEST_F(TopicFileTest, ANewNameHoldingTheOldOneIsReplacedOncePerPass) {
 TEST_F(TopicFileTest, WarnsOnlyAboutUnknownFilesThatOccur) {
     const auto topic =
         AddTopic("html\\a1.htm", "one", {"#top", "http://x.org/a.htm", "missing.htm", "ext.htm#b"});
-    const std::string text = "<a name=\"top\"></a>#top <a href=\"http://x.org/a.htm\">"
-                             "<a href=\"ext.htm#b\"></a>\r\n";
+    const std::string text =
+        "<a name=\"top\"></a>#top <a href=\"http://x.org/a.htm\">"
+        "<a href=\"ext.htm#b\"></a>\r\n";
     EXPECT_EQ(Rewrite(topic, text), text);
     ASSERT_EQ(view.MessageIds(), (std::vector<long>{10032, 10032}));
     EXPECT_EQ(view.messages[0].text,
               "Cannot find a replacement target file for http://x.org/a.htm in a1.htm.");
-    EXPECT_EQ(view.messages[1].text, "Cannot find a replacement target file for ext.htm#b in a1.htm.");
+    EXPECT_EQ(view.messages[1].text,
+              "Cannot find a replacement target file for ext.htm#b in a1.htm.");
     ExpectMessage(0, 10032, "Rewriting Topic File", mb::kExclamation);
     EXPECT_TRUE(ok);
 }
@@ -72,8 +77,8 @@ TEST_F(TopicFileTest, WithoutTargetsTheFileIsCopiedUnderItsNewName) {
     const auto topic = AddTopic("html\\a1.htm", "Plain");
     const std::string text = "<html><head><title>x</title></head><body>a1.htm</body></html>";
     EXPECT_EQ(Rewrite(topic, text), text);
-    EXPECT_EQ(Rewrite(topic, text, kLink),
-              std::string("<html><head><title>x</title>") + kLink + "\r\n</head><body>a1.htm</body></html>");
+    EXPECT_EQ(Rewrite(topic, text, kLink), std::string("<html><head><title>x</title>") + kLink +
+                                               "\r\n</head><body>a1.htm</body></html>");
     // A topic in the root of the old project keeps no folder.
     const auto root = AddTopic("r.htm", "");
     EXPECT_EQ(Rewrite(root, "r"), "r");
@@ -115,10 +120,10 @@ TEST_F(TopicFileTest, HostileNamesCreateNothingOutsideTheNewFolder) {
         EXPECT_TRUE(modRewrite::RewriteTopicFile(wizard, *t, oldDir + "/p.hhp", newDir, ""));
     EXPECT_EQ(Tree(), before);
     EXPECT_FALSE(tmp.Exists("work/new/html"));
-    EXPECT_EQ(modRewrite::RefusedFiles(),
-              (std::vector<std::string>{"..\\..\\evil.htm", "html\\../evil.htm",
-                                        "html\\sub\\evil.htm", "C:\\evil\\a3.htm",
-                                        "\\evil\\a4.htm"}));
+    EXPECT_EQ(
+        modRewrite::RefusedFiles(),
+        (std::vector<std::string>{"..\\..\\evil.htm", "html\\../evil.htm", "html\\sub\\evil.htm",
+                                  "C:\\evil\\a3.htm", "\\evil\\a4.htm"}));
     ASSERT_EQ(view.messages.size(), 5u);
     EXPECT_EQ(view.messages[1].text,
               "The file \"html\\../evil.htm\" would lie outside the new project folder.\nIt was "
@@ -128,11 +133,12 @@ TEST_F(TopicFileTest, HostileNamesCreateNothingOutsideTheNewFolder) {
 }
 
 TEST(Containment, SafeNamesStayBelowTheNewFolder) {
-    for (const char* good : {"a.htm", "html\\a.htm", "html/a.htm", "a..b.htm", ".hidden", "x\\.\\y"})
+    for (const char* good :
+         {"a.htm", "html\\a.htm", "html/a.htm", "a..b.htm", ".hidden", "x\\.\\y"})
         EXPECT_TRUE(modRewrite::IsSafeRelativeName(good)) << good;
-    for (const char* bad : {"", "..\\..\\x.htm", "../x.htm", "html\\..\\..\\x.htm", "\\x.htm",
-                            "/etc/x", "C:x.htm", "c:\\x.htm", "html\\", "...\\x.htm",
-                            ". .\\x.htm", "html\\.."})
+    for (const char* bad :
+         {"", "..\\..\\x.htm", "../x.htm", "html\\..\\..\\x.htm", "\\x.htm", "/etc/x", "C:x.htm",
+          "c:\\x.htm", "html\\", "...\\x.htm", ". .\\x.htm", "html\\.."})
         EXPECT_FALSE(modRewrite::IsSafeRelativeName(bad)) << bad;
     EXPECT_FALSE(modRewrite::IsSafeRelativeName(std::string("a\0/../x", 7)));
 }

@@ -30,7 +30,7 @@ public:
 
     std::vector<MessageRequest> messages;
     std::vector<std::pair<std::string, std::string>> errors;  // text, title
-    std::vector<std::pair<std::string, int>> repeats;          // text, further times
+    std::vector<std::pair<std::string, int>> repeats;         // text, further times
     std::vector<ProgressEvent> progress;
     int eventsProcessed = 0;
 

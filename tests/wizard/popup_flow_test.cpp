@@ -27,17 +27,19 @@ protected:
                   "html\\afxc0002.htm\r\nhtml\\afxp0003.htm\r\n");
         dir.Write("in/html/afxc0001.htm", kCaller);
         // Called by the application only.
-        dir.Write("in/html/afxc0002.htm",
-                  "<HTML>\r\n<HEAD>\r\n<TITLE>(Untitled)</TITLE>\r\n</HEAD>\r\n<BODY>\r\n"
-                  "<P><A NAME=\"idh_app\"></A>Type a <I>name</I>:<BR>\r\n<UL>\r\n<LI>up to 8 letters\r\n"
-                  "<LI>no \"quotes\"\r\n</UL>\r\n</P>\r\n</BODY>\r\n</HTML>\r\n");
+        dir.Write(
+            "in/html/afxc0002.htm",
+            "<HTML>\r\n<HEAD>\r\n<TITLE>(Untitled)</TITLE>\r\n</HEAD>\r\n<BODY>\r\n"
+            "<P><A NAME=\"idh_app\"></A>Type a <I>name</I>:<BR>\r\n<UL>\r\n<LI>up to 8 letters\r\n"
+            "<LI>no \"quotes\"\r\n</UL>\r\n</P>\r\n</BODY>\r\n</HTML>\r\n");
         // Called by a link and by the application, under two names.
         dir.Write("in/html/afxp0003.htm",
                   "<HTML>\r\n<HEAD>\r\n<TITLE>(Untitled)</TITLE>\r\n</HEAD>\r\n<BODY>\r\n"
                   "<P><A NAME=\"pop_one\"></A><A NAME=\"pop_alias\"></A><B>Term</B></P>\r\n"
                   "<P>Definition &amp; more, isn't it?</P>\r\n</BODY>\r\n</HTML>\r\n");
         dir.Write("in/P.hpj", "[OPTIONS]\r\nCONTENTS=main\r\n\r\n[MAP]\r\n#include map.h\r\n");
-        dir.Write("in/map.h", "#define IDH_APP 100\r\n#define POP_ONE 0x20\r\n#define POP_ALIAS 201\r\n");
+        dir.Write("in/map.h",
+                  "#define IDH_APP 100\r\n#define POP_ONE 0x20\r\n#define POP_ALIAS 201\r\n");
     }
     void TearDown() override { ::unsetenv("SOURCE_DATE_EPOCH"); }
     testing::TempDir dir;
@@ -46,8 +48,8 @@ protected:
 TEST_F(PopupFlow, WritesThePopupFilesAndActivatesTheCallers) {
     std::istringstream in;
     std::ostringstream out, err;
-    ASSERT_EQ(cli::RunCli({"convert", dir / "in/P.hhp", dir / "out/P.hhp", "--hpj", dir / "in/P.hpj",
-                           "--popups", "--yes"},
+    ASSERT_EQ(cli::RunCli({"convert", dir / "in/P.hhp", dir / "out/P.hhp", "--hpj",
+                           dir / "in/P.hpj", "--popups", "--yes"},
                           in, out, err, false, false),
               0)
         << err.str();
@@ -70,16 +72,17 @@ TEST_F(PopupFlow, WritesThePopupFilesAndActivatesTheCallers) {
     profile::text::GetSection(dir.Read("out/P.hhp"), "TEXT POPUPS", section);
     EXPECT_EQ(section, std::string("cshelp.h\0cshelp.txt\0popups.js\0", 30));
 
-    EXPECT_EQ(dir.Read("out/html/main.htm"),
-              "<HTML>\r\n<HEAD>\r\n<TITLE>Main</TITLE>\r\n"
-              "<OBJECT id=POPUPS  type=\"application/x-oleobject\" \r\n"
-              "classid=\"clsid:adb880a6-d8ff-11cf-9377-00aa003b7a11\" > \r\n</OBJECT>\r\n"
-              "<script \r\ntype=\"text/javascript\" language=javascript src=\"../popups.js\"> \r\n"
-              "</script>\r\n"
-              "</HEAD>\r\n<BODY>\r\n<P><A NAME=\"main\"></A><B>Main</B></P>\r\n"
-              "<P>See <A HREF=\"Javascript:POPUPS.TextPopup(pop_one,popfont,9,9,-1,-1)\">the term</A> and "
-              "<A HREF=\"Javascript:POPUPS.TextPopup(pop_one,popfont,9,9,-1,-1)\">again</A>.</P>\r\n"
-              "</BODY>\r\n</HTML>\r\n");
+    EXPECT_EQ(
+        dir.Read("out/html/main.htm"),
+        "<HTML>\r\n<HEAD>\r\n<TITLE>Main</TITLE>\r\n"
+        "<OBJECT id=POPUPS  type=\"application/x-oleobject\" \r\n"
+        "classid=\"clsid:adb880a6-d8ff-11cf-9377-00aa003b7a11\" > \r\n</OBJECT>\r\n"
+        "<script \r\ntype=\"text/javascript\" language=javascript src=\"../popups.js\"> \r\n"
+        "</script>\r\n"
+        "</HEAD>\r\n<BODY>\r\n<P><A NAME=\"main\"></A><B>Main</B></P>\r\n"
+        "<P>See <A HREF=\"Javascript:POPUPS.TextPopup(pop_one,popfont,9,9,-1,-1)\">the term</A> and "
+        "<A HREF=\"Javascript:POPUPS.TextPopup(pop_one,popfont,9,9,-1,-1)\">again</A>.</P>\r\n"
+        "</BODY>\r\n</HTML>\r\n");
     // The backup is the file as written before activation: links renamed, no script.
     std::string renamed = kCaller;
     for (std::size_t at; (at = renamed.find("afxp0003.htm")) != std::string::npos;)

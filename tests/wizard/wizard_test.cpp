@@ -10,8 +10,8 @@
 #include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
-#include "support/scripted_wizard_view.h"
 #include "support/sample_copy.h"
+#include "support/scripted_wizard_view.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -116,9 +116,10 @@ TEST_F(WizardTest, ScanWithTheWinHelpProjectReadsMapAndAliases) {
 // A Visual C++ map file: its "NAME VALUE" lines are counted and the option named
 // unless Options/"Read Name-Value Lines in Map Files" is ticked.
 TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
-    dir.Write("in/TideClock.hm", "// MAKEHELP.BAT generated Help Map file.\r\n\r\n"
-                                 "HID_TIDE_REFRESH                        0x18003\r\n"
-                                 "HIDD_ABOUTBOX                           0x20064\r\n");
+    dir.Write("in/TideClock.hm",
+              "// MAKEHELP.BAT generated Help Map file.\r\n\r\n"
+              "HID_TIDE_REFRESH                        0x18003\r\n"
+              "HIDD_ABOUTBOX                           0x20064\r\n");
     const std::string hpj = dir / "in/TideClock.hpj";
     dir.Write("in/TideClock.hpj", ReplaceAll(testing::ReadFileBytes(hpj), "[MAP]\r\n",
                                              "[MAP]\r\n#include <TideClock.hm>\r\n"));

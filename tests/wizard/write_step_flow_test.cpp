@@ -39,8 +39,9 @@ protected:
         ::setenv("SOURCE_DATE_EPOCH", "1299333960", 1);
         modGlobals::ResetAll();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
-        wizard.Projectname = tmp.Write("old/p.hhp", "[OPTIONS]\r\nTitle=t\r\n\r\n[FILES]\r\n"
-                                                    "html\\afxc0001.htm\r\nhtml\\afxc0002.htm\r\n");
+        wizard.Projectname = tmp.Write("old/p.hhp",
+                                       "[OPTIONS]\r\nTitle=t\r\n\r\n[FILES]\r\n"
+                                       "html\\afxc0001.htm\r\nhtml\\afxc0002.htm\r\n");
         tmp.Write("old/html/afxc0001.htm", "<HEAD></HEAD><A HREF=\"afxc0002.htm\">");
         tmp.Write("old/html/afxc0002.htm", "<HEAD></HEAD>two");
         Add("html\\afxc0001.htm", "main", "afxc0002.htm");
@@ -151,4 +152,3 @@ TEST_F(WriteStepFlow, HostileNamesStayOutOfEveryFolderButTheNewOne) {
 
 }  // namespace
 }  // namespace tamrix::testing
-
