@@ -25,7 +25,7 @@ if [ "${1:-}" = "--popups-only" ]; then popups_only=1; shift; fi
 sizes=("$@")
 [ ${#sizes[@]} -gt 0 ] || sizes=(1000 10000 30000)
 read -r -a popup_sizes <<<"${POPUP_SIZES:-100000 1000000}"
-cli="$build/src/tamrix-cli"
+cli="$build/src/cli/tamrix-cli"
 [ -x "$cli" ] || cli="$(find "$build" -name tamrix-cli -type f -perm -u+x | head -n 1)"
 [ -x "$cli" ] || { echo "tamrix-cli not found under $build" >&2; exit 2; }
 
