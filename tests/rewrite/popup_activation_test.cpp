@@ -80,6 +80,7 @@ protected:
 };
 
 TEST_F(PopupActivation, ConvertsPopupLinksOnceWithOneBackupAndOnePairOfDeclarations) {
+    dir_.Write("html/idh_pop1.htm", "popup");
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
     const std::string expected =
         std::string(kMainHead) + Declarations() + "</HEAD>\r\n<BODY>\r\n<P>See " +
@@ -88,6 +89,7 @@ TEST_F(PopupActivation, ConvertsPopupLinksOnceWithOneBackupAndOnePairOfDeclarati
     EXPECT_EQ(Main(), expected);
     EXPECT_EQ(ReadFileBytes(dir_ / "html/NoPopups/idh_main.htm"),
               std::string(kMainHead) + kMainBody);
+    EXPECT_FALSE(dir_.Exists("html/NoPopups/idh_pop1.htm"));  // only callers are kept
     EXPECT_TRUE(main_->JavaModified);
     EXPECT_FALSE(pop1_->JavaModified);
     EXPECT_TRUE(view_.messages.empty());
