@@ -40,10 +40,6 @@ TEST_F(ProjectFileTest, KeepsTheFindQuirksAtPositionZeroAndNotFound) {
               "\r\nHHStyles.css[OPTIONS]\r\nx=html\\t1.htm\r\n");
     // [FILES] at position 0 counts as missing: no entry.
     EXPECT_EQ(Write("[FILES]\r\nhtml\\a1.htm\r\n"), "[FILES]\r\nhtml\\t1.htm\r\n");
-    // A name at position 0 ends the search before anything is replaced.
-    wizard.AddCssLink = false;
-    EXPECT_EQ(Write("a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n"),
-              "a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n");
     EXPECT_TRUE(ok);
 }
 
