@@ -40,10 +40,10 @@ public:
     /// and nothing changed when there is nothing to print on.
     bool WYSIWYG_RTF(QTextEdit& edit, int leftMargin, int rightMargin, int topMargin,
                      int bottomMargin);
-    /// Width of the page less margins.
-    int PrintableWidth() const { return printableWidth_; }  ///< twips
-    /// Height of the page less margins.
-    int PrintableHeight() const { return printableHeight_; }  ///< twips
+    /// Width of the page less margins, in twips.
+    int PrintableWidth() const { return printableWidth_; }
+    /// Height of the page less margins, in twips.
+    int PrintableHeight() const { return printableHeight_; }
 
     /// Pages the text (or its selection) takes on the current page.
     int PageCount(const QTextEdit& edit, bool selection = false);
