@@ -77,36 +77,36 @@ protected:
     testing::TempDir dir;
 };
 
-TEST_F(CliConvert, ConvertsTheSampleWithYesAndPrintsASummary) {
-    const CliRun run = RunCliWith(Convert({"--yes", "--popups", "--css"}));
-    ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_NE(run.out.find("Topic files renamed:    41 of 42"), std::string::npos) << run.out;
-    EXPECT_NE(run.out.find("rewrite.log"), std::string::npos);
-    EXPECT_TRUE(dir.Exists("out/New.hhp"));
-    EXPECT_TRUE(dir.Exists("out/HHStyles.css"));
-    // The folder question was answered without asking, and said so.
-    EXPECT_NE(run.err.find("-> Yes"), std::string::npos);
-}
-
-TEST_F(CliConvert, WithoutAnswersAQuestionIsAnsweredNoAndTheWizardStays) {
-    const CliRun run = RunCliWith(Convert());
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.err.find("[message 10011]"), std::string::npos) << run.err;
-    EXPECT_NE(run.err.find("-> No"), std::string::npos);
-    EXPECT_NE(run.err.find("stopped at step 3"), std::string::npos);
-    EXPECT_FALSE(dir.Exists("out"));
-}
-
-TEST_F(CliConvert, AnAnswerByIdWinsOverTheDefault) {
-    const CliRun run = RunCliWith(Convert({"--no", "--answer", "10011=yes"}));
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_TRUE(dir.Exists("out/New.hhp"));
-}
-
-TEST_F(CliConvert, OnATerminalTheUserIsAsked) {
-    const CliRun run = RunCliWith(Convert(), "y\n", true);
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_NE(run.err.find("[Yes/No/Cancel]? "), std::string::npos);
+// The new folder's question: answered by ID, by the default, by the user on a
+// terminal, or else No, which leaves the wizard at its step and writes nothing.
+TEST(CliAnswers, ByIdByDefaultByTheUserElseNo) {
+    ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+    const struct {
+        std::vector<std::string> extra;
+        const char* input;
+        bool interactive;
+        int status;
+        const char* err;      // what standard error holds
+        const char* written;  // a file the run writes; none: no new folder at all
+    } cases[] = {
+        {{"--yes", "--popups", "--css"}, "", false, 0, "[message 10011]\n  -> Yes", "HHStyles.css"},
+        {{}, "", false, 1, "[message 10011]\n  -> No", nullptr},
+        {{"--no", "--answer", "10011=yes"}, "", false, 0, "[message 10011]\n  -> Yes", "New.hhp"},
+        {{}, "y\n", true, 0, "[Yes/No/Cancel]? ", "New.hhp"},
+    };
+    for (const auto& c : cases) {
+        testing::TempDir dir;
+        std::vector<std::string> args = {"convert", Sample("TideClock.hhp"), dir / "out/New.hhp",
+                                         "--hpj", Sample("TideClock.hpj")};
+        args.insert(args.end(), c.extra.begin(), c.extra.end());
+        const CliRun run = RunCliWith(args, c.input, c.interactive);
+        SCOPED_TRACE(::testing::PrintToString(args) + run.err);
+        EXPECT_EQ(run.status, c.status);
+        EXPECT_NE(run.err.find(c.err), std::string::npos);
+        EXPECT_EQ(dir.Exists(c.written ? std::string("out/") + c.written : "out"),
+                  c.written != nullptr);
+    }
+    ::unsetenv("SOURCE_DATE_EPOCH");
 }
 
 TEST_F(CliConvert, ASecondRunAsks10038AndNoLeavesTheFolderIntact) {
