@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <gtest/gtest.h>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLayout>
@@ -18,15 +17,16 @@ namespace {
 
 TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
     OptionsDialog dialog;
+    dialog.txtCssFileName.clear();
     FrmOptions form;
     form.Load(dialog);
     EXPECT_EQ(form.windowTitle(), "HTML Options");
-    EXPECT_EQ(form.CssFile()->text(), "Insert link to Style Sheet");
-    EXPECT_EQ(form.TopicClass()->text(), "Define Topic_Title class");
-    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
+    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");  // an empty name is put back
     EXPECT_TRUE(form.CssFileName()->isHidden());
     EXPECT_TRUE(form.CssFileLabel()->isHidden());
+    form.CssFileName()->clear();  // emptied while hidden: back as soon as the window shows
     form.show();
+    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
     const int before = form.height();
     form.CssFile()->click();
     EXPECT_FALSE(form.CssFileName()->isHidden());
@@ -68,18 +68,6 @@ TEST(FrmOptionsTest, OKWithAnEmptyNameIsRefusedAndTheDialogStays) {
     form.CancelButton()->click();
     EXPECT_FALSE(dialog.Status);
     EXPECT_FALSE(form.isVisible());
-}
-
-TEST(FrmOptionsTest, AnEmptyNameIsPutBackWhenShownAgain) {
-    OptionsDialog dialog;
-    dialog.txtCssFileName.clear();
-    FrmOptions form;
-    form.Load(dialog);
-    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
-    // Emptied while hidden, it is back as soon as the window shows.
-    form.CssFileName()->clear();
-    form.show();
-    EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
 }
 
 }  // namespace

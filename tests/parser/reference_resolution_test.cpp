@@ -96,13 +96,5 @@ TEST_F(ReferenceResolution, ValuesGoToTheFirstTopicOfADefinedContext) {
         "&H10||");
 }
 
-TEST_F(ReferenceResolution, UntitledTopicsCount) {
-    Add("a.htm", "A")->HasTitle = true;
-    Add("b.htm", "B");
-    Add("c.htm", "C");
-    EXPECT_EQ(UntitledTopics(modGlobals::TopicFiles.get()), 2);
-    EXPECT_EQ(UntitledTopics(nullptr), 0);
-}
-
 }  // namespace
 }  // namespace tamrix::modUtilities

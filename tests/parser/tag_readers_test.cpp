@@ -70,12 +70,5 @@ TEST_F(TagReaders, QuotedValuesAndMissingQuotes) {
     EXPECT_EQ(view.errors.size(), 2u);
 }
 
-TEST_F(TagReaders, TargetExistsIgnoresCase) {
-    CTargets targets;
-    targets.Add("html\\A.htm");
-    EXPECT_TRUE(CTargetExists(targets, "HTML\\a.HTM"));
-    EXPECT_FALSE(CTargetExists(targets, "html\\b.htm"));
-}
-
 }  // namespace
 }  // namespace tamrix::modParser

@@ -221,7 +221,6 @@ TEST_F(WinHelpReader, AddMapFileGrowsAndNotesDuplicates) {
     AddMapFile(list, count, "");
     EXPECT_EQ(count, 0);
     for (int i = 0; i < 12; ++i) AddMapFile(list, count, "f" + std::to_string(i));
-    EXPECT_EQ(list.size(), 21u);
     AddMapFile(list, count, "F3");
     AddMapFile(list, count, "f11");
     EXPECT_EQ(count, 12);

@@ -113,15 +113,6 @@ TEST_F(RewriteLogTest, ZeroValueMapFileIDsAreListedWhenNotIgnored) {
         Row("M_0", "0", "first.h") + "\r\n");
 }
 
-TEST_F(RewriteLogTest, MapFileColumnReadsTheEntryBelowTheIndex) {
-    AddWinHelpData();
-    modGlobals::MapContextIDs->Item("M_2")->MapFileIndex = 1;
-    ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 1, 0));
-    // Number 1 is the first entry of the 0-based list.
-    EXPECT_NE(report.Text().find(Row("M_2", "5", "first.h") + "\r\n"), std::string::npos);
-    EXPECT_EQ(report.Text().find("There were 0 zero"), std::string::npos);
-}
-
 TEST_F(RewriteLogTest, PlainProjectEndsAfterTheTopicCount) {
     ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 0, 0));
     EXPECT_EQ(report.Text(), Head() +

@@ -80,6 +80,7 @@ protected:
 };
 
 TEST_F(PopupActivation, ConvertsPopupLinksOnceWithOneBackupAndOnePairOfDeclarations) {
+    dir_.Write("html/idh_pop1.htm", "popup");
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
     const std::string expected =
         std::string(kMainHead) + Declarations() + "</HEAD>\r\n<BODY>\r\n<P>See " +
@@ -88,6 +89,7 @@ TEST_F(PopupActivation, ConvertsPopupLinksOnceWithOneBackupAndOnePairOfDeclarati
     EXPECT_EQ(Main(), expected);
     EXPECT_EQ(ReadFileBytes(dir_ / "html/NoPopups/idh_main.htm"),
               std::string(kMainHead) + kMainBody);
+    EXPECT_FALSE(dir_.Exists("html/NoPopups/idh_pop1.htm"));  // only callers are kept
     EXPECT_TRUE(main_->JavaModified);
     EXPECT_FALSE(pop1_->JavaModified);
     EXPECT_TRUE(view_.messages.empty());
@@ -103,30 +105,6 @@ TEST_F(PopupActivation, ConvertsPopupLinksOnceWithOneBackupAndOnePairOfDeclarati
     const std::string text = Main();
     EXPECT_EQ(Occurrences(text, "id=POPUPS"), 1u);
     EXPECT_EQ(Occurrences(text, "TextPopup(idh_pop"), 2u);
-}
-
-TEST_F(PopupActivation, ALinkAlreadyConvertedIsLeftAlone) {
-    const std::string converted =
-        std::string(kMainHead) + Declarations() + "</HEAD>\r\n<BODY>\r\n" + ScriptLink("idh_pop1") +
-        ">one</A>\r\n" + ScriptLink("idh_pop2") + ">two</A>\r\n</BODY>\r\n";
-    dir_.Write("html/idh_main.htm", converted);
-    main_->JavaModified = true;
-    ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
-    EXPECT_EQ(Main(), converted);
-    EXPECT_FALSE(dir_.Exists("html/NoPopups/idh_main.htm"));
-}
-
-TEST_F(PopupActivation, AFileWithoutBodyStopsTheActivation) {
-    const std::string bad = "<HTML><HEAD></HEAD><A HREF=\"idh_pop1.htm\">x</A></HTML>";
-    dir_.Write("html/idh_main.htm", bad);
-    EXPECT_FALSE(ModifyPopupFiles(wizard_, dir_.Path()));
-    ASSERT_EQ(view_.messages.size(), 1u);
-    EXPECT_EQ(view_.messages[0].text + "|" + view_.messages[0].title,
-              "Bad format in Topic File idh_main.htm|Writing Java Links");
-    EXPECT_EQ(view_.messages[0].style, mb::kExclamation);
-    ASSERT_EQ(view_.errors.size(), 1u);
-    EXPECT_EQ(view_.errors[0].first.rfind("modRewrite:ModifyPopupFiles", 0), 0u);
-    EXPECT_EQ(Main(), bad);
 }
 
 TEST_F(PopupActivation, DeclarationsGoBeforeTheBodyWhenTheHeadIsMissingEndingAsTheFileDoes) {
@@ -192,11 +170,19 @@ TEST_F(ActivatePopupsStep, RunsOnlyWhenPopupStringsWereExtractedAndKeepsTheMessa
     EXPECT_FALSE(wizard_.PopupsActivated);
     EXPECT_EQ(Main(), std::string(kMainHead) + kMainBody);
     EXPECT_FALSE(dir_.Exists("html/NoPopups"));
-    dir_.Write("html/idh_main.htm", "<HTML><A HREF=\"idh_pop1.htm\">x</A></HTML>");
+    // A file without a body stops the activation and leaves the file as it was.
+    const std::string bad = "<HTML><A HREF=\"idh_pop1.htm\">x</A></HTML>";
+    dir_.Write("html/idh_main.htm", bad);
     wizard_.NumPopupStrings = 1;
     ActivatePopups(wizard_);
     EXPECT_FALSE(wizard_.PopupsActivated);
     EXPECT_EQ(wizard_.StepMessage, "before");
+    EXPECT_EQ(Main(), bad);
+    ASSERT_EQ(view_.messages.size(), 1u);
+    EXPECT_EQ(view_.messages[0].text + "|" + view_.messages[0].title,
+              "Bad format in Topic File idh_main.htm|Writing Java Links");
+    ASSERT_EQ(view_.errors.size(), 1u);
+    EXPECT_EQ(view_.errors[0].first.rfind("modRewrite:ModifyPopupFiles", 0), 0u);
 
     dir_.Write("html/idh_main.htm", std::string(kMainHead) + kMainBody);
     ActivatePopups(wizard_);

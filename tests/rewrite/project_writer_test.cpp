@@ -40,10 +40,6 @@ TEST_F(ProjectFileTest, KeepsTheFindQuirksAtPositionZeroAndNotFound) {
               "\r\nHHStyles.css[OPTIONS]\r\nx=html\\t1.htm\r\n");
     // [FILES] at position 0 counts as missing: no entry.
     EXPECT_EQ(Write("[FILES]\r\nhtml\\a1.htm\r\n"), "[FILES]\r\nhtml\\t1.htm\r\n");
-    // A name at position 0 ends the search before anything is replaced.
-    wizard.AddCssLink = false;
-    EXPECT_EQ(Write("a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n"),
-              "a1.htm\r\n[FILES]\r\nhtml\\a1.htm\r\n");
     EXPECT_TRUE(ok);
 }
 
@@ -110,18 +106,6 @@ TEST_F(ProjectFileTest, WritesTheDefaultTopicOnlyForAKnownContentsTopic) {
     EXPECT_TRUE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
 }
 
-TEST_F(RewriteTest, NewTopicFileNameLooksUpTheGeneratedName) {
-    AddTopic("html\\Afxc0001.htm", "main");
-    AddTopic("html\\afxc0002.htm", "");
-    std::string names;
-    for (const char* old : {"AFXC0001.HTM", "afxc0002.htm", "html\\afxc0001.htm", "other.htm"})
-        names += modRewrite::NewTopicFileName(old) + "|";
-    // A topic without an ID keeps its name.
-    EXPECT_EQ(names, "main.htm|afxc0002.htm|||");
-    modGlobals::TopicFiles.reset();
-    EXPECT_EQ(modRewrite::NewTopicFileName("afxc0001.htm"), "");
-}
-
 TEST_F(RewriteTest, StyleSheetIsCreatedOnceAndLinkedFromOneFolderDown) {
     EXPECT_EQ(modRewrite::MakeCSSLinkString(wizard, newDir), "");
     EXPECT_FALSE(tmp.Exists("work/new/HHStyles.css"));
@@ -137,9 +121,6 @@ TEST_F(RewriteTest, StyleSheetIsCreatedOnceAndLinkedFromOneFolderDown) {
     EXPECT_EQ(modRewrite::MakeCSSLinkString(wizard, newDir),
               "<link rel=\"stylesheet\" type=\"text/css\" href=\"../Mine.css\">");
     EXPECT_EQ(tmp.Read("work/new/Mine.css"), "p { color: red }");
-
-    EXPECT_TRUE(modRewrite::CreateCSSFile(newDir + "/plain.css", false));
-    EXPECT_EQ(tmp.Read("work/new/plain.css"), "Body{ }\r\n\r\n");
 }
 
 TEST_F(RewriteTest, StyleSheetNameOutsideTheFolderIsRefused) {
@@ -191,16 +172,6 @@ TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
     EXPECT_TRUE(Copy(false));
     EXPECT_EQ(tmp.Read("work/new/images/B.bmp"), "BM");
     EXPECT_EQ(view.messages.size(), 3u);
-}
-
-TEST_F(ImageFolderTest, AFolderThatCannotBeCreatedIsReported) {
-    tmp.Write("old/images/a.gif", "GIF89a");
-    const std::string missing = tmp / "nowhere/deeper";
-    SharedFileSystem().SetWriteRoot(missing);
-    EXPECT_FALSE(modRewrite::CopyImageFolder(wizard, oldDir + "/p.hhp", missing, false));
-    ASSERT_EQ(view.MessageIds(), std::vector<long>{10013});
-    EXPECT_EQ(view.messages[0].style, mb::kExclamation);
-    EXPECT_NE(view.messages[0].text.find(missing + "\\images"), std::string::npos);
 }
 
 }  // namespace

@@ -59,8 +59,6 @@ TEST_F(WizardTest, NextAtStepOneWithNothingEnteredShows10008AndStays) {
     EXPECT_EQ(wizard.CurrentStep(), 1);
     ASSERT_FALSE(view.messages.empty());
     EXPECT_EQ(view.messages.back().catalogueId, 10008);
-    EXPECT_EQ(view.messages.back().title, "HTML Help Project File");
-    EXPECT_EQ(view.messages.back().style, mb::kInformation);
 }
 
 TEST_F(WizardTest, TheSameProjectNameIsNotOpenedAgain) {
@@ -69,9 +67,6 @@ TEST_F(WizardTest, TheSameProjectNameIsNotOpenedAgain) {
     Next();
     ASSERT_EQ(wizard.CurrentStep(), 2);
     EXPECT_EQ(wizard.controls.lblContextCount, "42");
-    EXPECT_EQ(wizard.IndexFile, "TideClock.hhk");
-    EXPECT_EQ(wizard.ContentsFile, "Table of Contents.hhc");
-    EXPECT_TRUE(wizard.menus.mnuViewOldprojectFile.enabled);
     // With the file gone, reopening would fail; the same name does not reopen it.
     fs::rename(dir / "in/TideClock.hhp", dir / "in/moved.hhp");
     wizard.cmdNav_Click(kNavBack);
@@ -89,28 +84,13 @@ TEST_F(WizardTest, ScanWithoutAWinHelpProjectHasNoContextIds) {
     ASSERT_EQ(wizard.CurrentStep(), 3);
     EXPECT_TRUE(wizard.ScanComplete);
     EXPECT_EQ(modGlobals::MapContextIDs, nullptr);
-    EXPECT_EQ(modGlobals::ProjectContextIDs, nullptr);
     EXPECT_EQ(wizard.controls.lblContextIDs, "0");
     EXPECT_FALSE(wizard.controls.chkMapData);
     EXPECT_EQ(wizard.controls.lblUntitledCount, "11");
-    EXPECT_TRUE(wizard.menus.mnuViewScanLog.enabled);
     // Entering step 3 shows the step results once.
     const MessageRequest* results = view.FindMessage("Successfully scanned all files.");
     ASSERT_NE(results, nullptr);
     EXPECT_EQ(results->title, "StepResults");
-    EXPECT_EQ(results->style, mb::kInformation);
-}
-
-TEST_F(WizardTest, ScanWithTheWinHelpProjectReadsMapAndAliases) {
-    ScanSample();
-    ASSERT_EQ(wizard.CurrentStep(), 3);
-    EXPECT_TRUE(wizard.controls.chkMapData);
-    EXPECT_TRUE(wizard.controls.chkAliasData);
-    ASSERT_NE(modGlobals::MapContextIDs, nullptr);
-    EXPECT_EQ(modGlobals::MapContextIDs->Count(), 17);
-    EXPECT_EQ(modGlobals::ProjectAliases->Count(), 4);
-    EXPECT_EQ(wizard.controls.lblContextIDs, "21");
-    EXPECT_EQ(wizard.Caption(), "Tamrix - New HTML Project");
 }
 
 // A Visual C++ map file: its "NAME VALUE" lines are counted and the option named
@@ -125,6 +105,8 @@ TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
                                              "[MAP]\r\n#include <TideClock.hm>\r\n"));
     EXPECT_FALSE(wizard.menus.mnuOptionsReadNameValue.checked);
     ScanSample();
+    EXPECT_TRUE(wizard.controls.chkAliasData);
+    EXPECT_EQ(wizard.controls.lblContextIDs, "21");  // the sample's own, none of the new file
     EXPECT_EQ(modGlobals::MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
     EXPECT_NE(view.FindMessage("2 lines of the map files defining an ID as \"NAME VALUE\" (as "
                                "Visual C++ writes them) not read. To read them, tick "
@@ -142,7 +124,6 @@ TEST_F(WizardTest, HelpAsksForTheContextOfTheCurrentStep) {
     wizard.Form_KeyDown(112);
     ASSERT_EQ(view.helpRequests.size(), 1u);
     EXPECT_EQ(view.helpRequests[0], std::make_pair(kHelpContext, 5040));
-    EXPECT_TRUE(wizard.HelpShown());
     wizard.cmdNav_Click(kNavBack);
     wizard.cmdNav_Click(kNavHelp);
     EXPECT_EQ(view.helpRequests[1].second, 5030);
@@ -156,9 +137,7 @@ TEST_F(WizardTest, WritingTheSampleReachesStepFourWithLogsAndPopups) {
                              "cshelp.txt", "cshelp.h", "NewMap.h", "NewAliases.h", "csAlias.h"})
         EXPECT_TRUE(dir.Exists(std::string("out/") + file)) << file;
     EXPECT_GT(wizard.NumPopupStrings, 0);
-    EXPECT_TRUE(wizard.menus.mnuViewRewriteLog.enabled);
     EXPECT_TRUE(wizard.menus.mnuViewPopupLog.enabled);
-    EXPECT_TRUE(wizard.menus.mnuViewNewProjectFile.enabled);
     const MessageRequest* results = view.FindMessage(modMessages::GetMessageString(10025));
     ASSERT_NE(results, nullptr);
     EXPECT_EQ(results->title, "StepResults");
@@ -187,7 +166,6 @@ TEST_F(WizardTest, ActivatingPopupsThenFinishedEnablesExit) {
     EXPECT_TRUE(wizard.PopupsActivated);
     EXPECT_TRUE(wizard.Finished());
     EXPECT_TRUE(wizard.NavButtons()[kNavExit].enabled);
-    EXPECT_FALSE(wizard.NavButtons()[kNavNext].enabled);
     EXPECT_TRUE(wizard.menus.mnuOptionsReformatMap.checked);
     EXPECT_TRUE(wizard.menus.mnuToolsFormatMapFiles.enabled);
     EXPECT_TRUE(dir.Exists("out/html/NoPopups"));
@@ -205,14 +183,11 @@ TEST_F(WizardTest, CancelOffersARestartAndClearsTheProject) {
     wizard.cmdNav_Click(kNavCancel);
     EXPECT_EQ(wizard.CurrentStep(), 3);
     EXPECT_EQ(view.messages.back().text, "Do you want to restart the program?");
-    EXPECT_EQ(view.messages.back().title, "Cancel");
-    EXPECT_EQ(view.messages.back().style, 36);
     view.answers = {mb::kYes};
     wizard.cmdNav_Click(kNavCancel);
     EXPECT_EQ(wizard.CurrentStep(), 0);
     EXPECT_TRUE(wizard.Projectname.empty());
     EXPECT_EQ(modGlobals::TopicFiles, nullptr);
-    EXPECT_TRUE(wizard.controls.txtProjectName.empty());
     EXPECT_FALSE(wizard.menus.mnuViewScanLog.enabled);
     view.answers = {mb::kYes};
     wizard.cmdNav_Click(kNavCancel);  // at step 0 Cancel offers to exit
@@ -243,10 +218,6 @@ TEST_F(WizardTest, ViewEntriesChooseTheirFileOrMessage) {
     wizard.mnuViewOldprojectFile_Click();
     EXPECT_EQ(view.messages.back().catalogueId, 10022);
     EXPECT_EQ(view.messages.back().title, "View Project File");
-    wizard.mnuViewNewProjectFile_Click();
-    EXPECT_EQ(view.messages.back().title, "View New Project File");
-    wizard.mnuViewScanLog_Click();
-    EXPECT_EQ(view.messages.back().title, "View Scan Log");
     Next();
     wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
     Next();
@@ -261,13 +232,11 @@ TEST_F(WizardTest, BrowseButtonsCheckTheExtensionWithCrossedTitles) {
     wizard.cmdBrowseHHP_Click();
     EXPECT_EQ(view.messages.back().catalogueId, 10067);
     EXPECT_EQ(view.messages.back().title, "Open WinHelp Help Project");
-    EXPECT_EQ(view.messages.back().style, 52);
     EXPECT_TRUE(wizard.controls.txtProjectName.empty());
     view.openAnswers = {dir / "in/TideClock.hhp"};
     wizard.cmdBrowseHHP_Click();
     EXPECT_EQ(wizard.controls.txtProjectName, dir / "in/TideClock.hhp");
     EXPECT_EQ(wizard.controls.lblTopicCount, "42");
-    EXPECT_EQ(wizard.controls.lblIndexFile, "TideClock.hhk");
     view.openAnswers = {dir / "in/TideClock.hh"};
     view.answers = {mb::kNo};
     wizard.cmdbrowseHPJ_Click();
@@ -276,7 +245,6 @@ TEST_F(WizardTest, BrowseButtonsCheckTheExtensionWithCrossedTitles) {
     view.openAnswers = {dir / "in/TideClock.hpj"};
     wizard.cmdbrowseHPJ_Click();
     EXPECT_TRUE(wizard.controls.chkMapData);
-    EXPECT_TRUE(wizard.controls.chkAliasData);
     view.saveAnswers = {dir / "out/New.hhp"};
     wizard.cmdBrowseNewRoot_Click();
     EXPECT_EQ(wizard.controls.txtRootPath, dir / "out/New.hhp");

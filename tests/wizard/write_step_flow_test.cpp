@@ -7,10 +7,8 @@
 
 #include "messages/messages.h"
 #include "model/project_state.h"
-#include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "platform/profile.h"
-#include "rewrite/containment.h"
 #include "rewrite/project_writer.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
@@ -82,8 +80,6 @@ TEST_F(WriteStepFlow, CreatesTheFolderAndWritesTheProject) {
     EXPECT_EQ(tmp.Read("new/html/main.htm"),
               "<HEAD><link rel=\"stylesheet\" type=\"text/css\" href=\"../HHStyles.css\">\r\n"
               "</HEAD><A HREF=\"second.htm\">");
-    EXPECT_TRUE(tmp.Exists("new/html/second.htm"));
-    EXPECT_TRUE(tmp.Exists("new/HHStyles.css"));
     std::string files;
     profile::GetSection(tmp / "new/n.hhp", "FILES", files);
     EXPECT_EQ(files, std::string("HHStyles.css\0html\\main.htm\0html\\second.htm\0", 43));
@@ -126,28 +122,6 @@ TEST_F(WriteStepFlow, AnExistingProjectAnsweredNoWritesNothing) {
     EXPECT_EQ(wizard.calls, "");
     EXPECT_EQ(tmp.Read("new/n.hhp"), "mine");
     EXPECT_FALSE(tmp.Exists("new/html"));
-}
-
-TEST_F(WriteStepFlow, HostileNamesStayOutOfEveryFolderButTheNewOne) {
-    wizard.NewRootPath = tmp / "work/new/";
-    std::filesystem::create_directories(tmp / "work/new");
-    Add("html\\afxc0003.htm", "../evil", nullptr);
-    auto up = std::make_shared<CTopicFile>();
-    up->AutoNamePath = "..\\..\\evil.htm";
-    up->AutoFileName = "evil.htm";
-    up->Context = "evil";
-    up->NewFileName = "evil.htm";
-    modGlobals::TopicFiles->Add(up, "evil.htm");
-    tmp.Write("old/html/afxc0003.htm", "three");
-    EXPECT_TRUE(Run());
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(tmp.Path()))
-        EXPECT_NE(entry.path().filename(), "evil.htm") << entry.path();
-    EXPECT_TRUE(tmp.Exists("work/new/html/main.htm"));
-    // The topic whose ID climbs out keeps its old name.
-    EXPECT_TRUE(EndsWithNoCase(tmp.Read("work/new/html/afxc0003.htm"), "three"));
-    EXPECT_EQ(modRewrite::RefusedTopicIDs(),
-              std::vector<std::string>{"html\\afxc0003.htm (Topic ID \"../evil\")"});
-    EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.htm"});
 }
 
 }  // namespace
