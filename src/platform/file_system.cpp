@@ -1,19 +1,11 @@
 #include "platform/file_system.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
-#include <climits>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 
 #include "platform/byte_text.h"
+#include "platform/native_files.h"
 #include "platform/program_error.h"
 
 namespace tamrix {
@@ -25,22 +17,11 @@ std::string Slashes(std::string_view path) {
     return out;
 }
 
-bool StatPath(const std::string& path, struct stat& st) { return ::stat(path.c_str(), &st) == 0; }
+bool Exists(const std::string& path) { return native::StatusOf(path).has_value(); }
 
-std::int64_t StampOf(const struct stat& st) {
-    return static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
-}
-
-int ErrnoToError(int e) {
-    switch (e) {
-        case ENOENT: return err::kFileNotFound;
-        case ENOTDIR: return err::kPathNotFound;
-        case EACCES:
-        case EPERM:
-        case EROFS: return err::kPermission;
-        case ENOMEM: return err::kOutOfMemory;
-        default: return err::kPathFileAccess;
-    }
+bool IsKind(const std::string& path, native::Kind kind) {
+    const auto status = native::StatusOf(path);
+    return status && status->kind == kind;
 }
 
 std::string ParentOf(const std::string& path) {
@@ -65,10 +46,12 @@ std::string JoinDisk(const std::string& folder, const std::string& name) {
 // The path with every existing ancestor resolved through links; empty when that
 // cannot be done (a dangling link, a file where a folder should be, no access).
 std::string Resolved(const std::string& absolute) {
-    char buf[PATH_MAX];
-    if (::realpath(absolute.c_str(), buf) != nullptr) return buf;
-    struct stat st {};
-    if (errno != ENOENT || ::lstat(absolute.c_str(), &st) == 0 || absolute == "/") return {};
+    std::string out;
+    const native::Resolution resolution = native::FinalPath(absolute, out);
+    if (resolution == native::Resolution::kResolved) return out;
+    if (resolution == native::Resolution::kFailed || native::StatusOf(absolute, false) ||
+        absolute == "/")
+        return {};
     const std::string parent = Resolved(ParentOf(absolute));
     if (parent.empty()) return {};
     return JoinDisk(parent, absolute.substr(absolute.rfind('/') + 1));
@@ -88,19 +71,15 @@ FileSystem& SharedFileSystem() {
 }
 
 FileSystem::Listing& FileSystem::ListingOf(const std::string& folder) {
-    struct stat st {};
-    const std::int64_t stamp = StatPath(folder, st) ? StampOf(st) : -2;
+    const auto status = native::StatusOf(folder);
+    const std::int64_t stamp = status ? status->stamp : -2;
     Listing& listing = listings_[folder];
     if (listing.stamp == stamp) return listing;
     listing.byFolded.clear();
     listing.stamp = stamp;
-    if (DIR* dir = ::opendir(folder.c_str())) {
-        while (dirent* entry = ::readdir(dir)) {
-            const std::string name = entry->d_name;
-            if (name != "." && name != "..") AddKeys(listing.byFolded, name);
-        }
-        ::closedir(dir);
-    }
+    std::vector<std::string> names;
+    native::ListFolder(folder, names);
+    for (const std::string& name : names) AddKeys(listing.byFolded, name);
     return listing;
 }
 
@@ -118,8 +97,7 @@ const std::string* FileSystem::FindEntry(const std::string& folder, std::string_
 
 std::string FileSystem::DiskPath(std::string_view path) {
     const std::string plain = Slashes(path);
-    struct stat st {};
-    if (plain.empty() || StatPath(plain, st)) return plain;
+    if (plain.empty() || native::NamesIgnoreCase() || Exists(plain)) return plain;
     const bool absolute = plain[0] == '/';
     std::string folder = absolute ? "/" : ".";  // where the next component is looked for
     std::string out = absolute ? "/" : "";
@@ -128,7 +106,7 @@ std::string FileSystem::DiskPath(std::string_view path) {
         if (part.empty()) continue;
         std::string name = part;
         if (searching && part != "." && part != "..") {
-            if (!StatPath(JoinDisk(folder, part), st)) {
+            if (!Exists(JoinDisk(folder, part))) {
                 if (const std::string* found = FindEntry(folder, part))
                     name = *found;
                 else
@@ -144,14 +122,12 @@ std::string FileSystem::DiskPath(std::string_view path) {
 
 bool FileSystem::FileExists(std::string_view path) {
     if (path.empty()) return false;
-    struct stat st {};
-    return StatPath(DiskPath(path), st) && S_ISREG(st.st_mode);
+    return IsKind(DiskPath(path), native::Kind::kFile);
 }
 
 bool FileSystem::FolderExists(std::string_view path) {
     if (path.empty()) return false;
-    struct stat st {};
-    return StatPath(DiskPath(path), st) && S_ISDIR(st.st_mode);
+    return IsKind(DiskPath(path), native::Kind::kFolder);
 }
 
 bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
@@ -166,9 +142,7 @@ bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
 std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
     std::string text = Slashes(path);
     if (text.empty() || text[0] != '/') {
-        char buf[PATH_MAX];
-        const std::string cwd = ::getcwd(buf, sizeof buf) != nullptr ? buf : "/";
-        text = cwd + "/" + text;
+        text = native::CurrentFolder() + "/" + text;
     }
     std::vector<std::string> kept;
     for (const std::string& part : Split(text, '/')) {
@@ -200,26 +174,13 @@ std::string FileSystem::BuildPath(std::string_view folder, std::string_view name
 std::string FileSystem::ReadAll(std::string_view path) {
     CheckInterrupt();
     const std::string disk = DiskPath(path);
-    struct stat st {};
-    if (!StatPath(disk, st)) RaiseError(err::kFileNotFound, "File not found: " + disk);
-    if (!S_ISREG(st.st_mode)) RaiseError(err::kPathFileAccess, "Not a file: " + disk);
-    const int fd = ::open(disk.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) RaiseError(ErrnoToError(errno), disk);
+    const auto status = native::StatusOf(disk);
+    if (!status) RaiseError(err::kFileNotFound, "File not found: " + disk);
+    if (status->kind != native::Kind::kFile)
+        RaiseError(err::kPathFileAccess, "Not a file: " + disk);
     std::string content;
-    content.reserve(static_cast<std::size_t>(st.st_size));
-    char buf[1 << 16];
-    while (true) {
-        const ssize_t n = ::read(fd, buf, sizeof buf);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            const int e = errno;
-            ::close(fd);
-            RaiseError(e == EISDIR ? err::kPathFileAccess : err::kDeviceIO, disk);
-        }
-        if (n == 0) break;
-        content.append(buf, static_cast<std::size_t>(n));
-    }
-    ::close(fd);
+    if (const int error = native::ReadWholeFile(disk, status->size, content))
+        RaiseError(error, disk);
     NoteRead(disk);
     return content;
 }
@@ -252,9 +213,9 @@ bool FileSystem::InsideWriteRoot(std::string_view path) {
 }
 
 std::optional<FileSystem::Identity> FileSystem::IdentityOf(const std::string& diskPath) {
-    struct stat st {};
-    if (!StatPath(diskPath, st)) return std::nullopt;
-    return Identity{static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
+    const auto status = native::StatusOf(diskPath);
+    if (!status) return std::nullopt;
+    return Identity{status->device, status->inode};
 }
 
 std::string FileSystem::ResolvedRoot() {
@@ -318,35 +279,34 @@ void FileSystem::NoteWritten(const std::string& diskPath, const std::string& res
     const std::string folder = ParentOf(diskPath);
     auto it = listings_.find(folder);
     if (it == listings_.end()) return;
-    struct stat st {};
-    if (StatPath(folder, st)) it->second.stamp = StampOf(st);
+    if (const auto status = native::StatusOf(folder)) it->second.stamp = status->stamp;
     const std::size_t slash = diskPath.rfind('/');
     AddKeys(it->second.byFolded,
             slash == std::string::npos ? diskPath : diskPath.substr(slash + 1));
 }
 
 namespace {
-// A name mkstemp makes of "/.tamrix-XXXXXX".
+constexpr std::string_view kTempPrefix = ".tamrix-";
+
+// A temporary file's name: the prefix and six letters or digits.
 bool IsTempFileName(const std::string& name) {
-    constexpr std::string_view prefix = ".tamrix-";
-    if (name.size() != prefix.size() + 6 || name.compare(0, prefix.size(), prefix) != 0)
+    if (name.size() != kTempPrefix.size() + 6 ||
+        name.compare(0, kTempPrefix.size(), kTempPrefix) != 0)
         return false;
-    return std::all_of(name.begin() + static_cast<std::ptrdiff_t>(prefix.size()), name.end(),
+    return std::all_of(name.begin() + static_cast<std::ptrdiff_t>(kTempPrefix.size()), name.end(),
                        [](unsigned char c) { return std::isalnum(c) != 0; });
 }
 }  // namespace
 
 void FileSystem::SweepTempFiles(const std::string& folder) {
     if (!swept_.insert(folder).second) return;
-    DIR* dir = ::opendir(folder.c_str());
-    if (dir == nullptr) return;
-    std::vector<std::string> stale;
-    while (dirent* entry = ::readdir(dir))
-        if (IsTempFileName(entry->d_name)) stale.push_back(JoinDisk(folder, entry->d_name));
-    ::closedir(dir);
-    for (const std::string& path : stale) {
-        struct stat st {};
-        if (::lstat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode)) ::unlink(path.c_str());
+    std::vector<std::string> names;
+    if (!native::ListFolder(folder, names)) return;
+    for (const std::string& name : names) {
+        if (!IsTempFileName(name)) continue;
+        const std::string path = JoinDisk(folder, name);
+        const auto status = native::StatusOf(path, false);
+        if (status && status->kind == native::Kind::kFile) native::RemoveFile(path);
     }
 }
 
@@ -354,35 +314,11 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content) {
     CheckInterrupt();
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     const std::string resolved = CheckWritable(disk);
-    struct stat st {};
-    if (StatPath(disk, st) && S_ISDIR(st.st_mode))
+    if (IsKind(disk, native::Kind::kFolder))
         RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
     SweepTempFiles(ParentOf(disk));
-    std::string temp = ParentOf(disk) + "/.tamrix-XXXXXX";
-    const int fd = ::mkstemp(temp.data());
-    if (fd < 0)
-        RaiseError(
-            ErrnoToError(errno) == err::kFileNotFound ? err::kPathNotFound : ErrnoToError(errno),
-            disk);
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
-    std::size_t done = 0;
-    while (done < content.size()) {
-        const ssize_t n = ::write(fd, content.data() + done, content.size() - done);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            ::close(fd);
-            ::unlink(temp.c_str());
-            RaiseError(err::kDeviceIO, disk);
-        }
-        done += static_cast<std::size_t>(n);
-    }
-    if (::close(fd) != 0 || ::rename(temp.c_str(), disk.c_str()) != 0) {
-        const int e = errno;
-        ::unlink(temp.c_str());
-        RaiseError(ErrnoToError(e), disk);
-    }
+    if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
+        RaiseError(error, disk);
     NoteWritten(disk, resolved);
 }
 
@@ -394,8 +330,8 @@ void FileSystem::CreateFolder(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     CheckInterrupt();
     const std::string resolved = CheckWritable(disk);
-    const bool created = ::mkdir(disk.c_str(), 0777) == 0;
-    if (!created && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
+    bool created = false;
+    if (const int error = native::MakeFolder(disk, created)) RaiseError(error, disk);
     NoteWritten(disk, resolved);
     if (created && !writeRoot_.empty() && SameEntry(disk, writeRoot_)) WriteRunMarker();
 }
@@ -409,7 +345,7 @@ void FileSystem::WriteRunMarker() {
 void FileSystem::RemoveFile(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     const std::string resolved = CheckWritable(disk);
-    if (::unlink(disk.c_str()) != 0 && errno != ENOENT) RaiseError(ErrnoToError(errno), disk);
+    if (const int error = native::RemoveFile(disk)) RaiseError(error, disk);
     written_.erase(resolved);
 }
 
@@ -419,15 +355,11 @@ bool FileSystem::Written(std::string_view path) {
 
 std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {
     const std::string disk = DiskPath(folder);
-    DIR* dir = ::opendir(disk.c_str());
-    if (dir == nullptr) RaiseError(err::kPathNotFound, disk);
+    std::vector<std::string> entries;
+    if (!native::ListFolder(disk, entries)) RaiseError(err::kPathNotFound, disk);
     std::vector<std::string> names;
-    while (dirent* entry = ::readdir(dir)) {
-        const std::string name = entry->d_name;
-        struct stat st {};
-        if (StatPath(disk + "/" + name, st) && S_ISREG(st.st_mode)) names.push_back(name);
-    }
-    ::closedir(dir);
+    for (const std::string& name : entries)
+        if (IsKind(disk + "/" + name, native::Kind::kFile)) names.push_back(name);
     std::sort(names.begin(), names.end());
     return names;
 }
