@@ -31,13 +31,40 @@ std::string ParentOf(const std::string& path) {
     return path.substr(0, slash);
 }
 
+using NameMap = std::unordered_map<std::string, std::string>;
+
 // Keys under which a directory entry can be found: its folded name, and the
 // folded Windows-1252 spelling of a UTF-8 name.
-void AddKeys(std::unordered_map<std::string, std::string>& map, const std::string& name) {
+void AddKeys(NameMap& map, const std::string& name) {
     map.emplace(Fold(name), name);
     std::string cp;
     if (Utf8ToCp1252(name, cp) && cp != name) map.emplace(Fold(cp), name);
 }
+
+// The entry a component names, by case or by its UTF-8 spelling; null when none.
+const std::string* FindName(const NameMap& map, std::string_view component) {
+    if (auto it = map.find(Fold(component)); it != map.end()) return &it->second;
+    std::string cp;
+    if (Utf8ToCp1252(component, cp) && cp != component) {
+        if (auto it = map.find(Fold(cp)); it != map.end()) return &it->second;
+    }
+    return nullptr;
+}
+
+NameMap FolderNames(const std::string& folder) {
+    NameMap map;
+    std::vector<std::string> names;
+    native::ListFolder(folder, names);
+    for (const std::string& name : names) AddKeys(map, name);
+    return map;
+}
+
+// The folder part of an absolute path, and its last component.
+std::string FolderPart(const std::string& absolute) {
+    const std::size_t slash = absolute.rfind('/');
+    return slash == 0 ? "/" : absolute.substr(0, slash);
+}
+std::string NamePart(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 std::string JoinDisk(const std::string& folder, const std::string& name) {
     return folder == "/" ? "/" + name : folder + "/" + name;
@@ -75,24 +102,13 @@ FileSystem::Listing& FileSystem::ListingOf(const std::string& folder) {
     const std::int64_t stamp = status ? status->stamp : -2;
     Listing& listing = listings_[folder];
     if (listing.stamp == stamp) return listing;
-    listing.byFolded.clear();
+    listing.byFolded = FolderNames(folder);
     listing.stamp = stamp;
-    std::vector<std::string> names;
-    native::ListFolder(folder, names);
-    for (const std::string& name : names) AddKeys(listing.byFolded, name);
     return listing;
 }
 
 const std::string* FileSystem::FindEntry(const std::string& folder, std::string_view component) {
-    Listing& listing = ListingOf(folder);
-    if (auto it = listing.byFolded.find(Fold(component)); it != listing.byFolded.end())
-        return &it->second;
-    std::string cp;
-    if (Utf8ToCp1252(component, cp) && cp != component) {
-        if (auto it = listing.byFolded.find(Fold(cp)); it != listing.byFolded.end())
-            return &it->second;
-    }
-    return nullptr;
+    return FindName(ListingOf(folder).byFolded, component);
 }
 
 std::string FileSystem::DiskPath(std::string_view path) {
@@ -120,14 +136,21 @@ std::string FileSystem::DiskPath(std::string_view path) {
     return out;
 }
 
+// A path that exists as written is answered by one look at it.
 bool FileSystem::FileExists(std::string_view path) {
     if (path.empty()) return false;
-    return IsKind(DiskPath(path), native::Kind::kFile);
+    const auto status = native::StatusOf(Slashes(path));
+    return status ? status->kind == native::Kind::kFile
+                  : IsKind(DiskPath(path), native::Kind::kFile);
 }
 
 bool FileSystem::FolderExists(std::string_view path) {
     if (path.empty()) return false;
-    return IsKind(DiskPath(path), native::Kind::kFolder);
+    const std::string plain = Slashes(path);
+    if (plain[0] == '/' && writeFolders_.count(GetAbsolutePathName(plain)) != 0) return true;
+    const auto status = native::StatusOf(plain);
+    return status ? status->kind == native::Kind::kFolder
+                  : IsKind(DiskPath(path), native::Kind::kFolder);
 }
 
 bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
@@ -173,15 +196,21 @@ std::string FileSystem::BuildPath(std::string_view folder, std::string_view name
 
 std::string FileSystem::ReadAll(std::string_view path) {
     CheckInterrupt();
-    const std::string disk = DiskPath(path);
-    const auto status = native::StatusOf(disk);
-    if (!status) RaiseError(err::kFileNotFound, "File not found: " + disk);
-    if (status->kind != native::Kind::kFile)
-        RaiseError(err::kPathFileAccess, "Not a file: " + disk);
+    if (!kept_.empty())
+        if (auto kept = TakeKept(path)) return std::move(*kept);
     std::string content;
-    if (const int error = native::ReadWholeFile(disk, status->size, content))
-        RaiseError(error, disk);
-    NoteRead(disk);
+    native::Status status;
+    // Read as written; only a failure looks further (and names the reason).
+    std::string disk = Slashes(path);
+    if (disk.empty() || native::ReadWholeFile(disk, content, status) != 0) {
+        disk = DiskPath(path);
+        const auto found = native::StatusOf(disk);
+        if (!found) RaiseError(err::kFileNotFound, "File not found: " + disk);
+        if (found->kind != native::Kind::kFile)
+            RaiseError(err::kPathFileAccess, "Not a file: " + disk);
+        if (const int error = native::ReadWholeFile(disk, content, status)) RaiseError(error, disk);
+    }
+    NoteRead({status.device, status.inode});
     return content;
 }
 
@@ -190,6 +219,8 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
     written_.clear();
     refused_.clear();
     resolvedRoot_.clear();
+    writeFolders_.clear();
+    kept_.clear();
     if (!writeRoot_.empty()) return;
     inputFolders_.clear();
     inputTree_.clear();
@@ -199,6 +230,7 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
 void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
     inputFolders_.clear();
     inputTree_.clear();
+    writeFolders_.clear();
     for (const std::string& folder : folders)
         if (const auto id =
                 folder.empty() ? std::nullopt : IdentityOf(DiskPath(GetAbsolutePathName(folder))))
@@ -242,12 +274,12 @@ std::optional<FileSystem::Identity> FileSystem::InputFolderOf(const std::string&
     return found;
 }
 
-std::string FileSystem::RefusalReason(const std::string& target) {
+std::string FileSystem::RefusalReason(const std::string& target,
+                                      const std::optional<Identity>& own) {
     if (target.empty()) return "its folder cannot be resolved";
     const std::string root = ResolvedRoot();
     if (!writeRoot_.empty() && (root.empty() || !InsideOrSame(target, root)))
         return "it lies outside the new project folder";
-    const auto own = IdentityOf(target);
     const bool isInput =
         own && std::find(inputFolders_.begin(), inputFolders_.end(), *own) != inputFolders_.end();
     if (const auto input = isInput ? own : InputFolderOf(ParentOf(target))) {
@@ -263,23 +295,61 @@ std::string FileSystem::RefusalReason(const std::string& target) {
 
 std::string FileSystem::CheckWritable(const std::string& diskPath) {
     const std::string target = Resolved(diskPath);
-    const std::string reason = RefusalReason(target);
-    if (reason.empty()) return target;
+    const std::string reason =
+        RefusalReason(target, target.empty() ? std::nullopt : IdentityOf(target));
+    if (!reason.empty()) Refuse(diskPath, reason);
+    return target;
+}
+
+void FileSystem::Refuse(const std::string& diskPath, const std::string& reason) {
     refused_.push_back({diskPath, reason});
     RaiseError(err::kOutsideNewFolder, "Refused to write \"" + diskPath + "\": " + reason + ".");
 }
 
-void FileSystem::NoteRead(const std::string& diskPath) {
-    if (!writeRoot_.empty()) return;
-    if (const auto id = IdentityOf(diskPath)) inputFiles_.insert(*id);
+void FileSystem::NoteRead(const Identity& id) {
+    if (writeRoot_.empty()) inputFiles_.insert(id);
 }
 
-void FileSystem::NoteWritten(const std::string& diskPath, const std::string& resolved) {
+FileSystem::WriteFolder* FileSystem::WriteFolderOf(const std::string& absoluteFolder) {
+    if (auto it = writeFolders_.find(absoluteFolder); it != writeFolders_.end()) return &it->second;
+    WriteFolder folder;
+    folder.disk = DiskPath(absoluteFolder);
+    folder.resolved = Resolved(folder.disk);
+    if (folder.resolved.empty() || !IsKind(folder.resolved, native::Kind::kFolder))
+        return nullptr;  // not kept: it may be made later
+    folder.existing = FolderNames(folder.disk);
+    return &writeFolders_.emplace(absoluteFolder, std::move(folder)).first->second;
+}
+
+// A target in a folder met before that is new or was written by this run: found
+// and checked in memory. Null, with nothing set, when the full look-up is needed.
+FileSystem::WriteFolder* FileSystem::KnownTarget(const std::string& absolute, std::string& disk,
+                                                 std::string& resolved) {
+    const std::string leaf = NamePart(absolute);
+    if (leaf.empty() || absolute[0] != '/') return nullptr;
+    WriteFolder* folder = WriteFolderOf(FolderPart(absolute));
+    if (folder == nullptr || FindName(folder->existing, leaf) != nullptr) return nullptr;
+    const std::string* own = FindName(folder->own, leaf);
+    const std::string& name = own != nullptr ? *own : leaf;
+    disk = JoinDisk(folder->disk, name);
+    resolved = JoinDisk(folder->resolved, name);
+    // What this run wrote was checked then; nothing else stands under a new name.
+    if (own == nullptr) {
+        const std::string reason = RefusalReason(resolved, std::nullopt);
+        if (!reason.empty()) Refuse(disk, reason);
+    }
+    return folder;
+}
+
+void FileSystem::NoteWritten(const std::string& diskPath, const std::string& resolved,
+                             bool restamp) {
     written_.insert(resolved);
     const std::string folder = ParentOf(diskPath);
     auto it = listings_.find(folder);
     if (it == listings_.end()) return;
-    if (const auto status = native::StatusOf(folder)) it->second.stamp = status->stamp;
+    // Without a new stamp, the next look-up that misses lists the folder again.
+    if (restamp)
+        if (const auto status = native::StatusOf(folder)) it->second.stamp = status->stamp;
     const std::size_t slash = diskPath.rfind('/');
     AddKeys(it->second.byFolded,
             slash == std::string::npos ? diskPath : diskPath.substr(slash + 1));
@@ -310,16 +380,40 @@ void FileSystem::SweepTempFiles(const std::string& folder) {
     }
 }
 
-void FileSystem::WriteAll(std::string_view path, std::string_view content) {
+void FileSystem::WriteAll(std::string_view path, std::string_view content, bool keep) {
     CheckInterrupt();
-    const std::string disk = DiskPath(GetAbsolutePathName(path));
-    const std::string resolved = CheckWritable(disk);
-    if (IsKind(disk, native::Kind::kFolder))
-        RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
+    const std::string absolute = GetAbsolutePathName(path);
+    std::string disk, resolved;
+    WriteFolder* folder = KnownTarget(absolute, disk, resolved);
+    if (folder == nullptr) {
+        disk = DiskPath(absolute);
+        resolved = CheckWritable(disk);
+        if (IsKind(disk, native::Kind::kFolder))
+            RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
+    }
     SweepTempFiles(ParentOf(disk));
     if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
         RaiseError(error, disk);
-    NoteWritten(disk, resolved);
+    if (folder != nullptr) AddKeys(folder->own, NamePart(disk));
+    NoteWritten(disk, resolved, folder == nullptr);
+    if (keep && folder != nullptr)
+        kept_[resolved] = content;
+    else if (!kept_.empty())
+        kept_.erase(resolved);
+}
+
+// The content of a file this run wrote with keep and has not read since.
+std::optional<std::string> FileSystem::TakeKept(std::string_view path) {
+    const std::string absolute = GetAbsolutePathName(path);
+    const auto folder = writeFolders_.find(FolderPart(absolute));
+    if (folder == writeFolders_.end()) return std::nullopt;
+    const std::string* name = FindName(folder->second.own, NamePart(absolute));
+    if (name == nullptr) return std::nullopt;
+    const auto it = kept_.find(JoinDisk(folder->second.resolved, *name));
+    if (it == kept_.end()) return std::nullopt;
+    std::string content = std::move(it->second);
+    kept_.erase(it);
+    return content;
 }
 
 void FileSystem::CopyFile(std::string_view from, std::string_view to) {
@@ -327,12 +421,16 @@ void FileSystem::CopyFile(std::string_view from, std::string_view to) {
 }
 
 void FileSystem::CreateFolder(std::string_view path) {
-    const std::string disk = DiskPath(GetAbsolutePathName(path));
+    const std::string absolute = GetAbsolutePathName(path);
+    const std::string disk = DiskPath(absolute);
     CheckInterrupt();
     const std::string resolved = CheckWritable(disk);
     bool created = false;
     if (const int error = native::MakeFolder(disk, created)) RaiseError(error, disk);
     NoteWritten(disk, resolved);
+    // A file written under its name takes the full look-up, which names the folder.
+    if (auto it = writeFolders_.find(FolderPart(absolute)); it != writeFolders_.end())
+        AddKeys(it->second.existing, NamePart(disk));
     if (created && !writeRoot_.empty() && SameEntry(disk, writeRoot_)) WriteRunMarker();
 }
 
@@ -347,10 +445,16 @@ void FileSystem::RemoveFile(std::string_view path) {
     const std::string resolved = CheckWritable(disk);
     if (const int error = native::RemoveFile(disk)) RaiseError(error, disk);
     written_.erase(resolved);
+    kept_.erase(resolved);
 }
 
 bool FileSystem::Written(std::string_view path) {
-    return written_.count(Resolved(DiskPath(GetAbsolutePathName(path)))) != 0;
+    const std::string absolute = GetAbsolutePathName(path);
+    if (auto it = writeFolders_.find(FolderPart(absolute)); it != writeFolders_.end()) {
+        if (const std::string* name = FindName(it->second.own, NamePart(absolute)))
+            return written_.count(JoinDisk(it->second.resolved, *name)) != 0;
+    }
+    return written_.count(Resolved(DiskPath(absolute))) != 0;
 }
 
 std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {

@@ -42,10 +42,13 @@ std::string CurrentFolder();
 bool ListFolder(const std::string& folder, std::vector<std::string>& names);
 
 // Whole-file operations; each returns 0 or a Basic error number.
-int ReadWholeFile(const std::string& path, std::size_t sizeHint, std::string& content);
+// Reading a regular file only (anything else gives 75), and telling what it read
+// in `status`; a pipe or device named as a file must not make it wait.
+int ReadWholeFile(const std::string& path, std::string& content, Status& status);
 // Writes a temporary file named `tempPrefix` followed by six letters or digits
 // in the folder of `path`, then renames it over `path`; the temporary file is
-// removed on failure.
+// removed on failure. The file gets the mode any new file gets, in as few
+// system calls as the system allows: this runs once per file written.
 int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content);
 // Creates a folder; an existing entry sets `created` false and is no error.
 int MakeFolder(const std::string& path, bool& created);

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -32,14 +33,7 @@ std::string FolderOf(const std::string& path) {
     return path.substr(0, slash);
 }
 
-}  // namespace
-
-bool NamesIgnoreCase() { return false; }
-
-std::optional<Status> StatusOf(const std::string& path, bool followLinks) {
-    struct stat st {};
-    if ((followLinks ? ::stat(path.c_str(), &st) : ::lstat(path.c_str(), &st)) != 0)
-        return std::nullopt;
+Status StatusFrom(const struct stat& st) {
     Status status;
     status.kind = S_ISREG(st.st_mode)   ? Kind::kFile
                   : S_ISDIR(st.st_mode) ? Kind::kFolder
@@ -49,6 +43,33 @@ std::optional<Status> StatusOf(const std::string& path, bool followLinks) {
     status.device = static_cast<std::uint64_t>(st.st_dev);
     status.inode = static_cast<std::uint64_t>(st.st_ino);
     return status;
+}
+
+// Six letters or digits, new for every call in this process and scrambled with
+// its id, so that two runs writing into one folder rarely try the same name.
+std::string TempSuffix() {
+    static const std::uint64_t pid = static_cast<std::uint64_t>(::getpid());
+    static std::atomic<std::uint64_t> counter{0};
+    std::uint64_t x = (pid << 32) + counter.fetch_add(1) + 0x9E3779B97F4A7C15ULL;
+    x = (x ^ (x >> 30)) * 0xBF58476D1CE4E5B9ULL;
+    x = (x ^ (x >> 27)) * 0x94D049BB133111EBULL;
+    x ^= x >> 31;
+    static constexpr char kDigits[] =
+        "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    std::string suffix;
+    for (int i = 0; i < 6; ++i, x /= 62) suffix += kDigits[x % 62];
+    return suffix;
+}
+
+}  // namespace
+
+bool NamesIgnoreCase() { return false; }
+
+std::optional<Status> StatusOf(const std::string& path, bool followLinks) {
+    struct stat st {};
+    if ((followLinks ? ::stat(path.c_str(), &st) : ::lstat(path.c_str(), &st)) != 0)
+        return std::nullopt;
+    return StatusFrom(st);
 }
 
 Resolution FinalPath(const std::string& path, std::string& out) {
@@ -76,36 +97,50 @@ bool ListFolder(const std::string& folder, std::vector<std::string>& names) {
     return true;
 }
 
-int ReadWholeFile(const std::string& path, std::size_t sizeHint, std::string& content) {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+int ReadWholeFile(const std::string& path, std::string& content, Status& status) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0) return ErrnoToError(errno);
-    content.reserve(sizeHint);
-    char buf[1 << 16];
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || (status = StatusFrom(st)).kind != Kind::kFile) {
+        ::close(fd);
+        return err::kPathFileAccess;
+    }
+    // A file as large as fstat said comes in one read; a short read that reaches
+    // that size is its end.
+    content.assign(status.size + 1, '\0');
+    std::size_t done = 0;
     while (true) {
-        const ssize_t n = ::read(fd, buf, sizeof buf);
+        if (done == content.size()) content.resize(content.size() + (1 << 16));
+        const ssize_t n = ::read(fd, content.data() + done, content.size() - done);
         if (n < 0) {
             if (errno == EINTR) continue;
             const int e = errno;
             ::close(fd);
+            content.clear();
             return e == EISDIR ? err::kPathFileAccess : err::kDeviceIO;
         }
-        if (n == 0) break;
-        content.append(buf, static_cast<std::size_t>(n));
+        done += static_cast<std::size_t>(n);
+        if (n == 0 || (done < content.size() && done >= status.size)) break;
     }
     ::close(fd);
+    content.resize(done);
     return 0;
 }
 
 int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content) {
-    std::string temp = FolderOf(path) + "/" + std::string(tempPrefix) + "XXXXXX";
-    const int fd = ::mkstemp(temp.data());
+    // Made with mode 0666 less the umask, as any new file, so no fchmod follows.
+    const std::string prefix = FolderOf(path) + "/" + std::string(tempPrefix);
+    std::string temp;
+    int fd = -1;
+    for (int attempt = 0; fd < 0 && attempt < 100; ++attempt) {
+        temp = prefix + TempSuffix();
+        fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd < 0 && errno != EEXIST) break;
+    }
     if (fd < 0) {
         const int error = ErrnoToError(errno);
         return error == err::kFileNotFound ? err::kPathNotFound : error;
     }
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
     std::size_t done = 0;
     while (done < content.size()) {
         const ssize_t n = ::write(fd, content.data() + done, content.size() - done);
