@@ -7,6 +7,7 @@
 #include "platform/program_error.h"
 #include "rewrite/containment.h"
 #include "rewrite/ordered_replace.h"
+#include "rewrite/popup_activation.h"
 #include "rewrite/project_writer.h"
 
 namespace tamrix::modRewrite {
@@ -64,7 +65,8 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
                 text.insert(headEnd == kNotFound ? outcome.caret : headEnd,
                             cssLink + std::string(LineEndOf(text)));
         }
-        fs.WriteAll(newPath, text);
+        // Popup activation reads the file again; it finds it in memory.
+        fs.WriteAll(newPath, text, CallsPopupToActivate(topic));
         return true;
     });
 }
