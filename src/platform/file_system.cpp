@@ -417,7 +417,28 @@ std::optional<std::string> FileSystem::TakeKept(std::string_view path) {
 }
 
 void FileSystem::CopyFile(std::string_view from, std::string_view to) {
-    WriteAll(to, ReadAll(from));
+    if (!LinkWritten(from, to)) WriteAll(to, ReadAll(from));
+}
+
+// Links a file this run wrote under a new name in a folder met before; false
+// when that cannot be done and the copy must be written.
+bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
+    CheckInterrupt();
+    const std::string absoluteFrom = GetAbsolutePathName(from);
+    const auto source = writeFolders_.find(FolderPart(absoluteFrom));
+    if (source == writeFolders_.end()) return false;
+    const WriteFolder& sourceFolder = source->second;  // stays valid as the map grows
+    const std::string* name = FindName(sourceFolder.own, NamePart(absoluteFrom));
+    if (name == nullptr || written_.count(JoinDisk(sourceFolder.resolved, *name)) == 0)
+        return false;
+    const std::string fromDisk = JoinDisk(sourceFolder.disk, *name);
+    std::string disk, resolved;
+    WriteFolder* folder = KnownTarget(GetAbsolutePathName(to), disk, resolved);
+    if (folder == nullptr || FindName(folder->own, NamePart(disk)) != nullptr) return false;
+    if (native::LinkFile(fromDisk, disk) != 0) return false;
+    AddKeys(folder->own, NamePart(disk));
+    NoteWritten(disk, resolved, false);
+    return true;
 }
 
 void FileSystem::CreateFolder(std::string_view path) {

@@ -40,7 +40,9 @@ public:
     /// that a killed run left in the folder are removed on its first write. With
     /// `keep`, the content stays in memory for the next ReadAll of the file.
     void WriteAll(std::string_view path, std::string_view content, bool keep = false);
-    /// Writes a copy of one file under another name, checked like any write.
+    /// Writes a copy of one file under another name, checked like any write. A file
+    /// this run wrote gets the new name as a second link where the system allows:
+    /// it is only ever replaced whole, so the copy keeps its content.
     void CopyFile(std::string_view from, std::string_view to);
     /// Creates one folder (its parent must exist); an existing one is no error.
     void CreateFolder(std::string_view path);
@@ -107,6 +109,7 @@ private:
     WriteFolder* WriteFolderOf(const std::string& absoluteFolder);
     WriteFolder* KnownTarget(const std::string& absolute, std::string& disk, std::string& resolved);
     std::optional<std::string> TakeKept(std::string_view path);
+    bool LinkWritten(std::string_view from, std::string_view to);
     struct Identity {
         std::uint64_t device = 0;
         std::uint64_t inode = 0;

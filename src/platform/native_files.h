@@ -50,6 +50,8 @@ int ReadWholeFile(const std::string& path, std::string& content, Status& status)
 // removed on failure. The file gets the mode any new file gets, in as few
 // system calls as the system allows: this runs once per file written.
 int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content);
+// Gives an existing file a second name, which must not exist yet.
+int LinkFile(const std::string& from, const std::string& to);
 // Creates a folder; an existing entry sets `created` false and is no error.
 int MakeFolder(const std::string& path, bool& created);
 // Removes a file; a missing file is no error.

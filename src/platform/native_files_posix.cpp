@@ -160,6 +160,10 @@ int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::st
     return 0;
 }
 
+int LinkFile(const std::string& from, const std::string& to) {
+    return ::link(from.c_str(), to.c_str()) == 0 ? 0 : ErrnoToError(errno);
+}
+
 int MakeFolder(const std::string& path, bool& created) {
     created = ::mkdir(path.c_str(), 0777) == 0;
     return created || errno == EEXIST ? 0 : ErrnoToError(errno);

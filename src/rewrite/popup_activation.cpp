@@ -119,10 +119,8 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
                     loaded = true;
                 }
                 if (!declared && NeedsDeclarations(*caller, buffer)) {
-                    // The buffer still holds the file as the write step left it.
-                    fs.WriteAll(
-                        modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName),
-                        buffer.Text());
+                    fs.CopyFile(
+                        path, modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName));
                     InsertDeclarations(buffer, *caller);
                     dirty = true;
                 }
