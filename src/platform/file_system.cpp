@@ -139,9 +139,12 @@ std::string FileSystem::DiskPath(std::string_view path) {
 // A path that exists as written is answered by one look at it.
 bool FileSystem::FileExists(std::string_view path) {
     if (path.empty()) return false;
-    const auto status = native::StatusOf(Slashes(path));
-    return status ? status->kind == native::Kind::kFile
-                  : IsKind(DiskPath(path), native::Kind::kFile);
+    std::string plain = Slashes(path);
+    const auto status = native::StatusOf(plain);
+    if (!status) return IsKind(DiskPath(path), native::Kind::kFile);
+    if (status->kind != native::Kind::kFile) return false;
+    if (writeRoot_.empty()) looked_[std::move(plain)] = *status;
+    return true;
 }
 
 bool FileSystem::FolderExists(std::string_view path) {
@@ -197,12 +200,15 @@ std::string FileSystem::BuildPath(std::string_view folder, std::string_view name
 std::string FileSystem::ReadAll(std::string_view path) {
     CheckInterrupt();
     if (!kept_.empty())
-        if (auto kept = TakeKept(path)) return std::move(*kept);
+        if (auto kept = KeptContent(path)) return std::move(*kept);
     std::string content;
     native::Status status;
     // Read as written; only a failure looks further (and names the reason).
     std::string disk = Slashes(path);
-    if (disk.empty() || native::ReadWholeFile(disk, content, status) != 0) {
+    const auto looked = looked_.find(disk);
+    const bool known = looked != looked_.end();
+    if (known) status = looked->second;
+    if (disk.empty() || native::ReadWholeFile(disk, content, status, known) != 0) {
         disk = DiskPath(path);
         const auto found = native::StatusOf(disk);
         if (!found) RaiseError(err::kFileNotFound, "File not found: " + disk);
@@ -211,6 +217,7 @@ std::string FileSystem::ReadAll(std::string_view path) {
         if (const int error = native::ReadWholeFile(disk, content, status)) RaiseError(error, disk);
     }
     NoteRead({status.device, status.inode});
+    if (writeRoot_.empty()) looked_[disk] = status;
     return content;
 }
 
@@ -222,6 +229,7 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
     writeFolders_.clear();
     kept_.clear();
     if (!writeRoot_.empty()) return;
+    looked_.clear();
     inputFolders_.clear();
     inputTree_.clear();
     inputFiles_.clear();
@@ -402,8 +410,8 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, bool 
         kept_.erase(resolved);
 }
 
-// The content of a file this run wrote with keep and has not read since.
-std::optional<std::string> FileSystem::TakeKept(std::string_view path) {
+// The content of a file this run wrote with keep and has not replaced since.
+std::optional<std::string> FileSystem::KeptContent(std::string_view path) {
     const std::string absolute = GetAbsolutePathName(path);
     const auto folder = writeFolders_.find(FolderPart(absolute));
     if (folder == writeFolders_.end()) return std::nullopt;
@@ -411,9 +419,7 @@ std::optional<std::string> FileSystem::TakeKept(std::string_view path) {
     if (name == nullptr) return std::nullopt;
     const auto it = kept_.find(JoinDisk(folder->second.resolved, *name));
     if (it == kept_.end()) return std::nullopt;
-    std::string content = std::move(it->second);
-    kept_.erase(it);
-    return content;
+    return it->second;
 }
 
 void FileSystem::CopyFile(std::string_view from, std::string_view to) {

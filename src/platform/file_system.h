@@ -12,6 +12,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "platform/native_files.h"
+
 namespace tamrix {
 
 class FileSystem {
@@ -38,7 +40,7 @@ public:
     /// Writes through a temporary file in the destination folder and renames it into
     /// place, so an interruption never leaves a half-written file. Temporary files
     /// that a killed run left in the folder are removed on its first write. With
-    /// `keep`, the content stays in memory for the next ReadAll of the file.
+    /// `keep`, ReadAll takes the content from memory until the file is replaced.
     void WriteAll(std::string_view path, std::string_view content, bool keep = false);
     /// Writes a copy of one file under another name, checked like any write. A file
     /// this run wrote gets the new name as a second link where the system allows:
@@ -108,7 +110,7 @@ private:
     };
     WriteFolder* WriteFolderOf(const std::string& absoluteFolder);
     WriteFolder* KnownTarget(const std::string& absolute, std::string& disk, std::string& resolved);
-    std::optional<std::string> TakeKept(std::string_view path);
+    std::optional<std::string> KeptContent(std::string_view path);
     bool LinkWritten(std::string_view from, std::string_view to);
     struct Identity {
         std::uint64_t device = 0;
@@ -148,6 +150,9 @@ private:
     std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files
     std::unordered_map<std::string, WriteFolder> writeFolders_;  // by absolute path
     std::unordered_map<std::string, std::string> kept_;  // written with keep, by resolved path
+    // What the files seen before the write root was set looked like, by path as
+    // written: their second read asks the system only to open, read and close.
+    std::unordered_map<std::string, native::Status> looked_;
 };
 
 // The one file-system service of the run.

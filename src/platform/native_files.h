@@ -43,8 +43,11 @@ bool ListFolder(const std::string& folder, std::vector<std::string>& names);
 
 // Whole-file operations; each returns 0 or a Basic error number.
 // Reading a regular file only (anything else gives 75), and telling what it read
-// in `status`; a pipe or device named as a file must not make it wait.
-int ReadWholeFile(const std::string& path, std::string& content, Status& status);
+// in `status`; a pipe or device named as a file must not make it wait. With
+// `known`, `status` holds what an earlier look found, and the system is asked
+// again only when the file turns out larger.
+int ReadWholeFile(const std::string& path, std::string& content, Status& status,
+                  bool known = false);
 // Writes a temporary file named `tempPrefix` followed by six letters or digits
 // in the folder of `path`, then renames it over `path`; the temporary file is
 // removed on failure. The file gets the mode any new file gets, in as few

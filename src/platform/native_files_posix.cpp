@@ -97,20 +97,26 @@ bool ListFolder(const std::string& folder, std::vector<std::string>& names) {
     return true;
 }
 
-int ReadWholeFile(const std::string& path, std::string& content, Status& status) {
+int ReadWholeFile(const std::string& path, std::string& content, Status& status, bool known) {
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0) return ErrnoToError(errno);
-    struct stat st {};
-    if (::fstat(fd, &st) != 0 || (status = StatusFrom(st)).kind != Kind::kFile) {
+    auto check = [&] {
+        struct stat st {};
+        if (::fstat(fd, &st) == 0 && (status = StatusFrom(st)).kind == Kind::kFile) return true;
         ::close(fd);
-        return err::kPathFileAccess;
-    }
-    // A file as large as fstat said comes in one read; a short read that reaches
-    // that size is its end.
+        return false;
+    };
+    if (!known && !check()) return err::kPathFileAccess;
+    // A file as large as it was said to be comes in one read; a short read that
+    // reaches that size is its end.
     content.assign(status.size + 1, '\0');
     std::size_t done = 0;
     while (true) {
-        if (done == content.size()) content.resize(content.size() + (1 << 16));
+        if (done == content.size()) {
+            if (known && !check()) return err::kPathFileAccess;  // grown, or a device
+            known = false;
+            content.resize(content.size() + (1 << 16));
+        }
         const ssize_t n = ::read(fd, content.data() + done, content.size() - done);
         if (n < 0) {
             if (errno == EINTR) continue;

@@ -65,8 +65,9 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
                 text.insert(headEnd == kNotFound ? outcome.caret : headEnd,
                             cssLink + std::string(LineEndOf(text)));
         }
-        // Popup activation reads the file again; it finds it in memory.
-        fs.WriteAll(newPath, text, CallsPopupToActivate(topic));
+        // Popup activation and the popup text writers read the file again; they
+        // find it in memory.
+        fs.WriteAll(newPath, text, !topic.HasTitle || CallsPopupToActivate(topic));
         return true;
     });
 }
