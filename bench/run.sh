@@ -11,7 +11,8 @@
 # Environment: BUILD (default build-rel), WORK (default /tmp/tamrix-bench; a
 # fresh folder under it is used and removed at the end),
 # RUNS (default 3), SEED (default 1), NOTES (text appended to the results,
-# default bench/NOTES.md when present).
+# default bench/NOTES.md when present), SYSCALL_SIZES (the sizes whose system
+# calls strace counts, default 1000 and 10000 when measured).
 set -euo pipefail
 
 here="$(cd "$(dirname "$0")" && pwd)"
@@ -125,6 +126,7 @@ load_after="$(cut -d' ' -f1-3 /proc/loadavg)"
 
 # What each tool asks of the file system at the smallest size (untimed).
 fs_ops=""
+syscall_rows=()
 if command -v strace >/dev/null; then
     n="${sizes[0]}" src="$work/in-${sizes[0]}"
     count_ops() {  # label, command...
@@ -140,6 +142,21 @@ if command -v strace >/dev/null; then
     fs_ops="$(count_ops convert "$cli" convert "$src/Bench.hhp" "$work/ops-out/Bench.hhp" \
                   --hpj "$src/Bench.hpj" --popups --yes --quiet
               count_ops "cp -r" cp -r "$src" "$work/ops-copy")"
+    # Every system call of both tools, per topic file.
+    read -r -a syscall_sizes <<<"${SYSCALL_SIZES:-1000 10000}"
+    for n in "${syscall_sizes[@]}"; do
+        src="$work/in-$n"
+        [ -d "$src" ] || continue
+        count_calls() {
+            strace -f -c -o "$work/calls" "$@" >/dev/null 2>&1 || true
+            awk -v n="$n" '$NF == "total" { printf "%.1f", $(NF - 2) / n }' "$work/calls"
+        }
+        mkdir -p "$work/calls-out-$n"
+        conv_calls="$(count_calls "$cli" convert "$src/Bench.hhp" "$work/calls-out-$n/Bench.hhp" \
+                          --hpj "$src/Bench.hpj" --popups --yes --quiet)"
+        copy_calls="$(count_calls cp -r "$src" "$work/calls-copy-$n")"
+        syscall_rows+=("| $n | $conv_calls | $copy_calls |")
+    done
 fi
 
 # Time per topic at the largest size over that at the smallest.
@@ -172,7 +189,7 @@ disk="$(df -hT "$work" | awk 'NR == 2 { print $2 " file system on " $1 ", " $3 "
     printf '%s\n' "${rows[@]}"
     echo
     echo "- Elapsed time per topic at N=${sizes[-1]} over N=${sizes[0]}: $growth (goal at most 1.2: $(verdict "$growth" 1.2)); CPU time per topic: $cpu_growth."
-    echo "- Largest convert/copy ratio: $worst_ratio (goal at most 3: $(verdict "$worst_ratio" 3))."
+    echo "- Largest convert/copy ratio: $worst_ratio (goal at most 2: $(verdict "$worst_ratio" 2))."
     if [ -n "$fs_ops" ]; then
         echo
         echo "File-system calls per topic file at N=${sizes[0]} (strace; files opened for reading, files created, renames, deletions):"
@@ -180,6 +197,14 @@ disk="$(df -hT "$work" | awk 'NR == 2 { print $2 " file system on " $1 ", " $3 "
         echo "| tool | opened | created | renamed | deleted |"
         echo "|---|---:|---:|---:|---:|"
         echo "$fs_ops"
+    fi
+    if [ ${#syscall_rows[@]} -gt 0 ]; then
+        echo
+        echo "System calls per topic file (\`strace -f -c\`, every call of the process, goal at most 15 for convert):"
+        echo
+        echo "| N | convert | cp -r |"
+        echo "|---:|---:|---:|"
+        printf '%s\n' "${syscall_rows[@]}"
     fi
     notes="${NOTES:-$here/NOTES.md}"
     if [ -f "$notes" ]; then

@@ -1,19 +1,11 @@
 #include "platform/file_system.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
-#include <climits>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 
 #include "platform/byte_text.h"
+#include "platform/native_files.h"
 #include "platform/program_error.h"
 
 namespace tamrix {
@@ -25,22 +17,11 @@ std::string Slashes(std::string_view path) {
     return out;
 }
 
-bool StatPath(const std::string& path, struct stat& st) { return ::stat(path.c_str(), &st) == 0; }
+bool Exists(const std::string& path) { return native::StatusOf(path).has_value(); }
 
-std::int64_t StampOf(const struct stat& st) {
-    return static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec;
-}
-
-int ErrnoToError(int e) {
-    switch (e) {
-        case ENOENT: return err::kFileNotFound;
-        case ENOTDIR: return err::kPathNotFound;
-        case EACCES:
-        case EPERM:
-        case EROFS: return err::kPermission;
-        case ENOMEM: return err::kOutOfMemory;
-        default: return err::kPathFileAccess;
-    }
+bool IsKind(const std::string& path, native::Kind kind) {
+    const auto status = native::StatusOf(path);
+    return status && status->kind == kind;
 }
 
 std::string ParentOf(const std::string& path) {
@@ -50,13 +31,40 @@ std::string ParentOf(const std::string& path) {
     return path.substr(0, slash);
 }
 
+using NameMap = std::unordered_map<std::string, std::string>;
+
 // Keys under which a directory entry can be found: its folded name, and the
 // folded Windows-1252 spelling of a UTF-8 name.
-void AddKeys(std::unordered_map<std::string, std::string>& map, const std::string& name) {
+void AddKeys(NameMap& map, const std::string& name) {
     map.emplace(Fold(name), name);
     std::string cp;
     if (Utf8ToCp1252(name, cp) && cp != name) map.emplace(Fold(cp), name);
 }
+
+// The entry a component names, by case or by its UTF-8 spelling; null when none.
+const std::string* FindName(const NameMap& map, std::string_view component) {
+    if (auto it = map.find(Fold(component)); it != map.end()) return &it->second;
+    std::string cp;
+    if (Utf8ToCp1252(component, cp) && cp != component) {
+        if (auto it = map.find(Fold(cp)); it != map.end()) return &it->second;
+    }
+    return nullptr;
+}
+
+NameMap FolderNames(const std::string& folder) {
+    NameMap map;
+    std::vector<std::string> names;
+    native::ListFolder(folder, names);
+    for (const std::string& name : names) AddKeys(map, name);
+    return map;
+}
+
+// The folder part of an absolute path, and its last component.
+std::string FolderPart(const std::string& absolute) {
+    const std::size_t slash = absolute.rfind('/');
+    return slash == 0 ? "/" : absolute.substr(0, slash);
+}
+std::string NamePart(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 std::string JoinDisk(const std::string& folder, const std::string& name) {
     return folder == "/" ? "/" + name : folder + "/" + name;
@@ -65,10 +73,12 @@ std::string JoinDisk(const std::string& folder, const std::string& name) {
 // The path with every existing ancestor resolved through links; empty when that
 // cannot be done (a dangling link, a file where a folder should be, no access).
 std::string Resolved(const std::string& absolute) {
-    char buf[PATH_MAX];
-    if (::realpath(absolute.c_str(), buf) != nullptr) return buf;
-    struct stat st {};
-    if (errno != ENOENT || ::lstat(absolute.c_str(), &st) == 0 || absolute == "/") return {};
+    std::string out;
+    const native::Resolution resolution = native::FinalPath(absolute, out);
+    if (resolution == native::Resolution::kResolved) return out;
+    if (resolution == native::Resolution::kFailed || native::StatusOf(absolute, false) ||
+        absolute == "/")
+        return {};
     const std::string parent = Resolved(ParentOf(absolute));
     if (parent.empty()) return {};
     return JoinDisk(parent, absolute.substr(absolute.rfind('/') + 1));
@@ -88,38 +98,22 @@ FileSystem& SharedFileSystem() {
 }
 
 FileSystem::Listing& FileSystem::ListingOf(const std::string& folder) {
-    struct stat st {};
-    const std::int64_t stamp = StatPath(folder, st) ? StampOf(st) : -2;
+    const auto status = native::StatusOf(folder);
+    const std::int64_t stamp = status ? status->stamp : -2;
     Listing& listing = listings_[folder];
     if (listing.stamp == stamp) return listing;
-    listing.byFolded.clear();
+    listing.byFolded = FolderNames(folder);
     listing.stamp = stamp;
-    if (DIR* dir = ::opendir(folder.c_str())) {
-        while (dirent* entry = ::readdir(dir)) {
-            const std::string name = entry->d_name;
-            if (name != "." && name != "..") AddKeys(listing.byFolded, name);
-        }
-        ::closedir(dir);
-    }
     return listing;
 }
 
 const std::string* FileSystem::FindEntry(const std::string& folder, std::string_view component) {
-    Listing& listing = ListingOf(folder);
-    if (auto it = listing.byFolded.find(Fold(component)); it != listing.byFolded.end())
-        return &it->second;
-    std::string cp;
-    if (Utf8ToCp1252(component, cp) && cp != component) {
-        if (auto it = listing.byFolded.find(Fold(cp)); it != listing.byFolded.end())
-            return &it->second;
-    }
-    return nullptr;
+    return FindName(ListingOf(folder).byFolded, component);
 }
 
 std::string FileSystem::DiskPath(std::string_view path) {
     const std::string plain = Slashes(path);
-    struct stat st {};
-    if (plain.empty() || StatPath(plain, st)) return plain;
+    if (plain.empty() || native::NamesIgnoreCase() || Exists(plain)) return plain;
     const bool absolute = plain[0] == '/';
     std::string folder = absolute ? "/" : ".";  // where the next component is looked for
     std::string out = absolute ? "/" : "";
@@ -128,7 +122,7 @@ std::string FileSystem::DiskPath(std::string_view path) {
         if (part.empty()) continue;
         std::string name = part;
         if (searching && part != "." && part != "..") {
-            if (!StatPath(JoinDisk(folder, part), st)) {
+            if (!Exists(JoinDisk(folder, part))) {
                 if (const std::string* found = FindEntry(folder, part))
                     name = *found;
                 else
@@ -142,16 +136,24 @@ std::string FileSystem::DiskPath(std::string_view path) {
     return out;
 }
 
+// A path that exists as written is answered by one look at it.
 bool FileSystem::FileExists(std::string_view path) {
     if (path.empty()) return false;
-    struct stat st {};
-    return StatPath(DiskPath(path), st) && S_ISREG(st.st_mode);
+    std::string plain = Slashes(path);
+    const auto status = native::StatusOf(plain);
+    if (!status) return IsKind(DiskPath(path), native::Kind::kFile);
+    if (status->kind != native::Kind::kFile) return false;
+    if (writeRoot_.empty()) looked_[std::move(plain)] = *status;
+    return true;
 }
 
 bool FileSystem::FolderExists(std::string_view path) {
     if (path.empty()) return false;
-    struct stat st {};
-    return StatPath(DiskPath(path), st) && S_ISDIR(st.st_mode);
+    const std::string plain = Slashes(path);
+    if (plain[0] == '/' && writeFolders_.count(GetAbsolutePathName(plain)) != 0) return true;
+    const auto status = native::StatusOf(plain);
+    return status ? status->kind == native::Kind::kFolder
+                  : IsKind(DiskPath(path), native::Kind::kFolder);
 }
 
 bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
@@ -166,9 +168,7 @@ bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
 std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
     std::string text = Slashes(path);
     if (text.empty() || text[0] != '/') {
-        char buf[PATH_MAX];
-        const std::string cwd = ::getcwd(buf, sizeof buf) != nullptr ? buf : "/";
-        text = cwd + "/" + text;
+        text = native::CurrentFolder() + "/" + text;
     }
     std::vector<std::string> kept;
     for (const std::string& part : Split(text, '/')) {
@@ -199,28 +199,25 @@ std::string FileSystem::BuildPath(std::string_view folder, std::string_view name
 
 std::string FileSystem::ReadAll(std::string_view path) {
     CheckInterrupt();
-    const std::string disk = DiskPath(path);
-    struct stat st {};
-    if (!StatPath(disk, st)) RaiseError(err::kFileNotFound, "File not found: " + disk);
-    if (!S_ISREG(st.st_mode)) RaiseError(err::kPathFileAccess, "Not a file: " + disk);
-    const int fd = ::open(disk.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) RaiseError(ErrnoToError(errno), disk);
+    if (!kept_.empty())
+        if (auto kept = KeptContent(path)) return std::move(*kept);
     std::string content;
-    content.reserve(static_cast<std::size_t>(st.st_size));
-    char buf[1 << 16];
-    while (true) {
-        const ssize_t n = ::read(fd, buf, sizeof buf);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            const int e = errno;
-            ::close(fd);
-            RaiseError(e == EISDIR ? err::kPathFileAccess : err::kDeviceIO, disk);
-        }
-        if (n == 0) break;
-        content.append(buf, static_cast<std::size_t>(n));
+    native::Status status;
+    // Read as written; only a failure looks further (and names the reason).
+    std::string disk = Slashes(path);
+    const auto looked = looked_.find(disk);
+    const bool known = looked != looked_.end();
+    if (known) status = looked->second;
+    if (disk.empty() || native::ReadWholeFile(disk, content, status, known) != 0) {
+        disk = DiskPath(path);
+        const auto found = native::StatusOf(disk);
+        if (!found) RaiseError(err::kFileNotFound, "File not found: " + disk);
+        if (found->kind != native::Kind::kFile)
+            RaiseError(err::kPathFileAccess, "Not a file: " + disk);
+        if (const int error = native::ReadWholeFile(disk, content, status)) RaiseError(error, disk);
     }
-    ::close(fd);
-    NoteRead(disk);
+    NoteRead({status.device, status.inode});
+    if (writeRoot_.empty()) looked_[disk] = status;
     return content;
 }
 
@@ -229,7 +226,10 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
     written_.clear();
     refused_.clear();
     resolvedRoot_.clear();
+    writeFolders_.clear();
+    kept_.clear();
     if (!writeRoot_.empty()) return;
+    looked_.clear();
     inputFolders_.clear();
     inputTree_.clear();
     inputFiles_.clear();
@@ -238,6 +238,7 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
 void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
     inputFolders_.clear();
     inputTree_.clear();
+    writeFolders_.clear();
     for (const std::string& folder : folders)
         if (const auto id =
                 folder.empty() ? std::nullopt : IdentityOf(DiskPath(GetAbsolutePathName(folder))))
@@ -252,9 +253,9 @@ bool FileSystem::InsideWriteRoot(std::string_view path) {
 }
 
 std::optional<FileSystem::Identity> FileSystem::IdentityOf(const std::string& diskPath) {
-    struct stat st {};
-    if (!StatPath(diskPath, st)) return std::nullopt;
-    return Identity{static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
+    const auto status = native::StatusOf(diskPath);
+    if (!status) return std::nullopt;
+    return Identity{status->device, status->inode};
 }
 
 std::string FileSystem::ResolvedRoot() {
@@ -281,12 +282,12 @@ std::optional<FileSystem::Identity> FileSystem::InputFolderOf(const std::string&
     return found;
 }
 
-std::string FileSystem::RefusalReason(const std::string& target) {
+std::string FileSystem::RefusalReason(const std::string& target,
+                                      const std::optional<Identity>& own) {
     if (target.empty()) return "its folder cannot be resolved";
     const std::string root = ResolvedRoot();
     if (!writeRoot_.empty() && (root.empty() || !InsideOrSame(target, root)))
         return "it lies outside the new project folder";
-    const auto own = IdentityOf(target);
     const bool isInput =
         own && std::find(inputFolders_.begin(), inputFolders_.end(), *own) != inputFolders_.end();
     if (const auto input = isInput ? own : InputFolderOf(ParentOf(target))) {
@@ -302,101 +303,161 @@ std::string FileSystem::RefusalReason(const std::string& target) {
 
 std::string FileSystem::CheckWritable(const std::string& diskPath) {
     const std::string target = Resolved(diskPath);
-    const std::string reason = RefusalReason(target);
-    if (reason.empty()) return target;
+    const std::string reason =
+        RefusalReason(target, target.empty() ? std::nullopt : IdentityOf(target));
+    if (!reason.empty()) Refuse(diskPath, reason);
+    return target;
+}
+
+void FileSystem::Refuse(const std::string& diskPath, const std::string& reason) {
     refused_.push_back({diskPath, reason});
     RaiseError(err::kOutsideNewFolder, "Refused to write \"" + diskPath + "\": " + reason + ".");
 }
 
-void FileSystem::NoteRead(const std::string& diskPath) {
-    if (!writeRoot_.empty()) return;
-    if (const auto id = IdentityOf(diskPath)) inputFiles_.insert(*id);
+void FileSystem::NoteRead(const Identity& id) {
+    if (writeRoot_.empty()) inputFiles_.insert(id);
 }
 
-void FileSystem::NoteWritten(const std::string& diskPath, const std::string& resolved) {
+FileSystem::WriteFolder* FileSystem::WriteFolderOf(const std::string& absoluteFolder) {
+    if (auto it = writeFolders_.find(absoluteFolder); it != writeFolders_.end()) return &it->second;
+    WriteFolder folder;
+    folder.disk = DiskPath(absoluteFolder);
+    folder.resolved = Resolved(folder.disk);
+    if (folder.resolved.empty() || !IsKind(folder.resolved, native::Kind::kFolder))
+        return nullptr;  // not kept: it may be made later
+    folder.existing = FolderNames(folder.disk);
+    return &writeFolders_.emplace(absoluteFolder, std::move(folder)).first->second;
+}
+
+// A target in a folder met before that is new or was written by this run: found
+// and checked in memory. Null, with nothing set, when the full look-up is needed.
+FileSystem::WriteFolder* FileSystem::KnownTarget(const std::string& absolute, std::string& disk,
+                                                 std::string& resolved) {
+    const std::string leaf = NamePart(absolute);
+    if (leaf.empty() || absolute[0] != '/') return nullptr;
+    WriteFolder* folder = WriteFolderOf(FolderPart(absolute));
+    if (folder == nullptr || FindName(folder->existing, leaf) != nullptr) return nullptr;
+    const std::string* own = FindName(folder->own, leaf);
+    const std::string& name = own != nullptr ? *own : leaf;
+    disk = JoinDisk(folder->disk, name);
+    resolved = JoinDisk(folder->resolved, name);
+    // What this run wrote was checked then; nothing else stands under a new name.
+    if (own == nullptr) {
+        const std::string reason = RefusalReason(resolved, std::nullopt);
+        if (!reason.empty()) Refuse(disk, reason);
+    }
+    return folder;
+}
+
+void FileSystem::NoteWritten(const std::string& diskPath, const std::string& resolved,
+                             bool restamp) {
     written_.insert(resolved);
     const std::string folder = ParentOf(diskPath);
     auto it = listings_.find(folder);
     if (it == listings_.end()) return;
-    struct stat st {};
-    if (StatPath(folder, st)) it->second.stamp = StampOf(st);
+    // Without a new stamp, the next look-up that misses lists the folder again.
+    if (restamp)
+        if (const auto status = native::StatusOf(folder)) it->second.stamp = status->stamp;
     const std::size_t slash = diskPath.rfind('/');
     AddKeys(it->second.byFolded,
             slash == std::string::npos ? diskPath : diskPath.substr(slash + 1));
 }
 
 namespace {
-// A name mkstemp makes of "/.tamrix-XXXXXX".
+constexpr std::string_view kTempPrefix = ".tamrix-";
+
+// A temporary file's name: the prefix and six letters or digits.
 bool IsTempFileName(const std::string& name) {
-    constexpr std::string_view prefix = ".tamrix-";
-    if (name.size() != prefix.size() + 6 || name.compare(0, prefix.size(), prefix) != 0)
+    if (name.size() != kTempPrefix.size() + 6 ||
+        name.compare(0, kTempPrefix.size(), kTempPrefix) != 0)
         return false;
-    return std::all_of(name.begin() + static_cast<std::ptrdiff_t>(prefix.size()), name.end(),
+    return std::all_of(name.begin() + static_cast<std::ptrdiff_t>(kTempPrefix.size()), name.end(),
                        [](unsigned char c) { return std::isalnum(c) != 0; });
 }
 }  // namespace
 
 void FileSystem::SweepTempFiles(const std::string& folder) {
     if (!swept_.insert(folder).second) return;
-    DIR* dir = ::opendir(folder.c_str());
-    if (dir == nullptr) return;
-    std::vector<std::string> stale;
-    while (dirent* entry = ::readdir(dir))
-        if (IsTempFileName(entry->d_name)) stale.push_back(JoinDisk(folder, entry->d_name));
-    ::closedir(dir);
-    for (const std::string& path : stale) {
-        struct stat st {};
-        if (::lstat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode)) ::unlink(path.c_str());
+    std::vector<std::string> names;
+    if (!native::ListFolder(folder, names)) return;
+    for (const std::string& name : names) {
+        if (!IsTempFileName(name)) continue;
+        const std::string path = JoinDisk(folder, name);
+        const auto status = native::StatusOf(path, false);
+        if (status && status->kind == native::Kind::kFile) native::RemoveFile(path);
     }
 }
 
-void FileSystem::WriteAll(std::string_view path, std::string_view content) {
+void FileSystem::WriteAll(std::string_view path, std::string_view content, bool keep) {
     CheckInterrupt();
-    const std::string disk = DiskPath(GetAbsolutePathName(path));
-    const std::string resolved = CheckWritable(disk);
-    struct stat st {};
-    if (StatPath(disk, st) && S_ISDIR(st.st_mode))
-        RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
+    const std::string absolute = GetAbsolutePathName(path);
+    std::string disk, resolved;
+    WriteFolder* folder = KnownTarget(absolute, disk, resolved);
+    if (folder == nullptr) {
+        disk = DiskPath(absolute);
+        resolved = CheckWritable(disk);
+        if (IsKind(disk, native::Kind::kFolder))
+            RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
+    }
     SweepTempFiles(ParentOf(disk));
-    std::string temp = ParentOf(disk) + "/.tamrix-XXXXXX";
-    const int fd = ::mkstemp(temp.data());
-    if (fd < 0)
-        RaiseError(
-            ErrnoToError(errno) == err::kFileNotFound ? err::kPathNotFound : ErrnoToError(errno),
-            disk);
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
-    std::size_t done = 0;
-    while (done < content.size()) {
-        const ssize_t n = ::write(fd, content.data() + done, content.size() - done);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            ::close(fd);
-            ::unlink(temp.c_str());
-            RaiseError(err::kDeviceIO, disk);
-        }
-        done += static_cast<std::size_t>(n);
-    }
-    if (::close(fd) != 0 || ::rename(temp.c_str(), disk.c_str()) != 0) {
-        const int e = errno;
-        ::unlink(temp.c_str());
-        RaiseError(ErrnoToError(e), disk);
-    }
-    NoteWritten(disk, resolved);
+    if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
+        RaiseError(error, disk);
+    if (folder != nullptr) AddKeys(folder->own, NamePart(disk));
+    NoteWritten(disk, resolved, folder == nullptr);
+    if (keep && folder != nullptr)
+        kept_[resolved] = content;
+    else if (!kept_.empty())
+        kept_.erase(resolved);
+}
+
+// The content of a file this run wrote with keep and has not replaced since.
+std::optional<std::string> FileSystem::KeptContent(std::string_view path) {
+    const std::string absolute = GetAbsolutePathName(path);
+    const auto folder = writeFolders_.find(FolderPart(absolute));
+    if (folder == writeFolders_.end()) return std::nullopt;
+    const std::string* name = FindName(folder->second.own, NamePart(absolute));
+    if (name == nullptr) return std::nullopt;
+    const auto it = kept_.find(JoinDisk(folder->second.resolved, *name));
+    if (it == kept_.end()) return std::nullopt;
+    return it->second;
 }
 
 void FileSystem::CopyFile(std::string_view from, std::string_view to) {
-    WriteAll(to, ReadAll(from));
+    if (!LinkWritten(from, to)) WriteAll(to, ReadAll(from));
+}
+
+// Links a file this run wrote under a new name in a folder met before; false
+// when that cannot be done and the copy must be written.
+bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
+    CheckInterrupt();
+    const std::string absoluteFrom = GetAbsolutePathName(from);
+    const auto source = writeFolders_.find(FolderPart(absoluteFrom));
+    if (source == writeFolders_.end()) return false;
+    const WriteFolder& sourceFolder = source->second;  // stays valid as the map grows
+    const std::string* name = FindName(sourceFolder.own, NamePart(absoluteFrom));
+    if (name == nullptr || written_.count(JoinDisk(sourceFolder.resolved, *name)) == 0)
+        return false;
+    const std::string fromDisk = JoinDisk(sourceFolder.disk, *name);
+    std::string disk, resolved;
+    WriteFolder* folder = KnownTarget(GetAbsolutePathName(to), disk, resolved);
+    if (folder == nullptr || FindName(folder->own, NamePart(disk)) != nullptr) return false;
+    if (native::LinkFile(fromDisk, disk) != 0) return false;
+    AddKeys(folder->own, NamePart(disk));
+    NoteWritten(disk, resolved, false);
+    return true;
 }
 
 void FileSystem::CreateFolder(std::string_view path) {
-    const std::string disk = DiskPath(GetAbsolutePathName(path));
+    const std::string absolute = GetAbsolutePathName(path);
+    const std::string disk = DiskPath(absolute);
     CheckInterrupt();
     const std::string resolved = CheckWritable(disk);
-    const bool created = ::mkdir(disk.c_str(), 0777) == 0;
-    if (!created && errno != EEXIST) RaiseError(ErrnoToError(errno), disk);
+    bool created = false;
+    if (const int error = native::MakeFolder(disk, created)) RaiseError(error, disk);
     NoteWritten(disk, resolved);
+    // A file written under its name takes the full look-up, which names the folder.
+    if (auto it = writeFolders_.find(FolderPart(absolute)); it != writeFolders_.end())
+        AddKeys(it->second.existing, NamePart(disk));
     if (created && !writeRoot_.empty() && SameEntry(disk, writeRoot_)) WriteRunMarker();
 }
 
@@ -409,25 +470,27 @@ void FileSystem::WriteRunMarker() {
 void FileSystem::RemoveFile(std::string_view path) {
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     const std::string resolved = CheckWritable(disk);
-    if (::unlink(disk.c_str()) != 0 && errno != ENOENT) RaiseError(ErrnoToError(errno), disk);
+    if (const int error = native::RemoveFile(disk)) RaiseError(error, disk);
     written_.erase(resolved);
+    kept_.erase(resolved);
 }
 
 bool FileSystem::Written(std::string_view path) {
-    return written_.count(Resolved(DiskPath(GetAbsolutePathName(path)))) != 0;
+    const std::string absolute = GetAbsolutePathName(path);
+    if (auto it = writeFolders_.find(FolderPart(absolute)); it != writeFolders_.end()) {
+        if (const std::string* name = FindName(it->second.own, NamePart(absolute)))
+            return written_.count(JoinDisk(it->second.resolved, *name)) != 0;
+    }
+    return written_.count(Resolved(DiskPath(absolute))) != 0;
 }
 
 std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {
     const std::string disk = DiskPath(folder);
-    DIR* dir = ::opendir(disk.c_str());
-    if (dir == nullptr) RaiseError(err::kPathNotFound, disk);
+    std::vector<std::string> entries;
+    if (!native::ListFolder(disk, entries)) RaiseError(err::kPathNotFound, disk);
     std::vector<std::string> names;
-    while (dirent* entry = ::readdir(dir)) {
-        const std::string name = entry->d_name;
-        struct stat st {};
-        if (StatPath(disk + "/" + name, st) && S_ISREG(st.st_mode)) names.push_back(name);
-    }
-    ::closedir(dir);
+    for (const std::string& name : entries)
+        if (IsKind(disk + "/" + name, native::Kind::kFile)) names.push_back(name);
     std::sort(names.begin(), names.end());
     return names;
 }

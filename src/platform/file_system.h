@@ -12,14 +12,18 @@
 #include <unordered_set>
 #include <vector>
 
+#include "platform/native_files.h"
+
 namespace tamrix {
 
 class FileSystem {
 public:
-    // The disk path for a Windows-style name.
+    /// The disk path for a Windows-style name.
     std::string DiskPath(std::string_view path);
 
+    /// Whether the path names a regular file (looked up as written first).
     bool FileExists(std::string_view path);
+    /// Whether the path names a folder; a folder this run has written into counts.
     bool FolderExists(std::string_view path);
 
     // Whether two paths name the same file or folder: by device and inode when it
@@ -31,17 +35,22 @@ public:
     // Joins a folder and a name with one separator.
     std::string BuildPath(std::string_view folder, std::string_view name) const;
 
-    // Whole-file operations; failures raise BasicError (53, 70, 75, 76).
+    /// Reads a whole regular file; failures raise BasicError (53, 70, 75, 76).
     std::string ReadAll(std::string_view path);
-    // Writes through a temporary file in the destination folder and renames it into
-    // place, so an interruption never leaves a half-written file. Temporary files
-    // that a killed run left in the folder are removed on its first write.
-    void WriteAll(std::string_view path, std::string_view content);
+    /// Writes through a temporary file in the destination folder and renames it into
+    /// place, so an interruption never leaves a half-written file. Temporary files
+    /// that a killed run left in the folder are removed on its first write. With
+    /// `keep`, ReadAll takes the content from memory until the file is replaced.
+    void WriteAll(std::string_view path, std::string_view content, bool keep = false);
+    /// Writes a copy of one file under another name, checked like any write. A file
+    /// this run wrote gets the new name as a second link where the system allows:
+    /// it is only ever replaced whole, so the copy keeps its content.
     void CopyFile(std::string_view from, std::string_view to);
+    /// Creates one folder (its parent must exist); an existing one is no error.
     void CreateFolder(std::string_view path);
-    // Removes a file; a missing file is no error. Checked like a write.
+    /// Removes a file; a missing file is no error. Checked like a write.
     void RemoveFile(std::string_view path);
-    // Whether this run wrote the file (since the write root was last set).
+    /// Whether this run wrote the file (since the write root was last set).
     bool Written(std::string_view path);
     // Names of the regular files directly in a folder, sorted.
     std::vector<std::string> ListFiles(std::string_view folder);
@@ -75,16 +84,34 @@ public:
     const std::vector<RefusedWrite>& RefusedWrites() const { return refused_; }
     void ClearRefusedWrites() { refused_.clear(); }
 
-    // Drops the cached folder listings.
-    void ForgetListings() { listings_.clear(); }
+    /// Drops the cached folder listings and what is known of written folders.
+    void ForgetListings() {
+        listings_.clear();
+        writeFolders_.clear();
+    }
 
 private:
+    // Entry names by their folded spelling (and by the folded Windows-1252
+    // spelling of a UTF-8 name).
+    using NameMap = std::unordered_map<std::string, std::string>;
     struct Listing {
         std::int64_t stamp = -1;
-        std::unordered_map<std::string, std::string> byFolded;
+        NameMap byFolded;
     };
     const std::string* FindEntry(const std::string& folder, std::string_view component);
     Listing& ListingOf(const std::string& folder);
+    // A folder written into: found on disk, resolved, listed and checked once per
+    // run, so that writing a new file into it takes no look-up on disk.
+    struct WriteFolder {
+        std::string disk;
+        std::string resolved;
+        NameMap existing;  // what it held when first written into
+        NameMap own;       // what this run wrote into it since
+    };
+    WriteFolder* WriteFolderOf(const std::string& absoluteFolder);
+    WriteFolder* KnownTarget(const std::string& absolute, std::string& disk, std::string& resolved);
+    std::optional<std::string> KeptContent(std::string_view path);
+    bool LinkWritten(std::string_view from, std::string_view to);
     struct Identity {
         std::uint64_t device = 0;
         std::uint64_t inode = 0;
@@ -96,16 +123,18 @@ private:
     static std::optional<Identity> IdentityOf(const std::string& diskPath);
     std::optional<Identity> InputFolderOf(const std::string& path);
     std::string ResolvedRoot();
-    void NoteWritten(const std::string& diskPath, const std::string& resolved);
+    void NoteWritten(const std::string& diskPath, const std::string& resolved, bool restamp = true);
     void CheckInterrupt() const {
         if (interruptCheck_ != nullptr) interruptCheck_();
     }
-    void NoteRead(const std::string& diskPath);
+    void NoteRead(const Identity& id);
     // Raises error 600 (and keeps the refusal) unless `diskPath` may be written;
     // returns it with every link resolved.
     std::string CheckWritable(const std::string& diskPath);
-    // Why the resolved path may not be written; empty when it may.
-    std::string RefusalReason(const std::string& target);
+    [[noreturn]] void Refuse(const std::string& diskPath, const std::string& reason);
+    // Why the resolved path, whose own identity is `own` (none: it does not exist),
+    // may not be written; empty when it may.
+    std::string RefusalReason(const std::string& target, const std::optional<Identity>& own);
     void SweepTempFiles(const std::string& folder);
 
     std::unordered_map<std::string, Listing> listings_;
@@ -119,6 +148,11 @@ private:
     void (*interruptCheck_)() = nullptr;
     std::string runMarker_;
     std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files
+    std::unordered_map<std::string, WriteFolder> writeFolders_;  // by absolute path
+    std::unordered_map<std::string, std::string> kept_;  // written with keep, by resolved path
+    // What the files seen before the write root was set looked like, by path as
+    // written: their second read asks the system only to open, read and close.
+    std::unordered_map<std::string, native::Status> looked_;
 };
 
 // The one file-system service of the run.

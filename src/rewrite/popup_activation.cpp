@@ -79,6 +79,16 @@ std::string PopupScriptPath(std::string_view folder) {
     return path + "popups.js";
 }
 
+bool CallsPopupToActivate(const CTopicFile& caller) {
+    const CTopicFiles* topics = modGlobals::TopicFiles.get();
+    if (topics == nullptr) return false;
+    for (const auto& target : caller.targets()) {
+        const auto popup = topics->Find(Before(target->TargetString, '#'));
+        if (popup != nullptr && IsPopupToActivate(*popup, caller)) return true;
+    }
+    return false;
+}
+
 bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
     std::string current;  // the calling file being edited, named when it fails
     try {

@@ -14,6 +14,10 @@ namespace tamrix::modRewrite {
 // the project folder): the path from there to popups.js in the project folder.
 std::string PopupScriptPath(std::string_view folder);
 
+// Whether activation will edit the caller's new topic file: it links to a popup
+// that becomes a script popup.
+bool CallsPopupToActivate(const CTopicFile& caller);
+
 // Converts the links to script popups in every topic file of the new project
 // under root; an unmodified copy of each edited file goes to root\html\NoPopups.
 bool ModifyPopupFiles(WizardState& wizard, const std::string& root);

@@ -7,6 +7,7 @@
 #include "platform/program_error.h"
 #include "rewrite/containment.h"
 #include "rewrite/ordered_replace.h"
+#include "rewrite/popup_activation.h"
 #include "rewrite/project_writer.h"
 
 namespace tamrix::modRewrite {
@@ -64,7 +65,9 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
                 text.insert(headEnd == kNotFound ? outcome.caret : headEnd,
                             cssLink + std::string(LineEndOf(text)));
         }
-        fs.WriteAll(newPath, text);
+        // Popup activation and the popup text writers read the file again; they
+        // find it in memory.
+        fs.WriteAll(newPath, text, !topic.HasTitle || CallsPopupToActivate(topic));
         return true;
     });
 }

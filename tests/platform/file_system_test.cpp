@@ -99,6 +99,15 @@ TEST(FileSystemWrites, WritesAtomicallyAndListsFolders) {
     fs.CreateFolder(dir / "new\\sub");
     EXPECT_EQ(fs.ListFiles(dir / "new"), (std::vector<std::string>{"a.htm", "b.htm", "c.htm"}));
     EXPECT_EQ(dir.Read("new/c.htm"), "A");
+    // A copy of a file this run wrote keeps its content when the file is replaced,
+    // and a file kept in memory is read as last written.
+    fs.WriteAll(dir / "new\\k.htm", "K1", true);
+    fs.CopyFile(dir / "new\\k.htm", dir / "new\\k-copy.htm");
+    fs.WriteAll(dir / "new\\k.htm", "K2");
+    EXPECT_EQ(fs.ReadAll(dir / "new\\K.htm"), "K2");
+    EXPECT_EQ(dir.Read("new/k-copy.htm"), "K1");
+    fs.RemoveFile(dir / "new\\k.htm");
+    fs.RemoveFile(dir / "new\\k-copy.htm");
     // Overwriting an existing file with another case writes that file.
     fs.WriteAll(dir / "new\\A.HTM", "A2");
     EXPECT_EQ(dir.Read("new/a.htm"), "A2");
