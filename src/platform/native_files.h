@@ -35,6 +35,14 @@ std::optional<Status> StatusOf(const std::string& path, bool followLinks = true)
 enum class Resolution { kResolved, kMissing, kFailed };
 Resolution FinalPath(const std::string& path, std::string& out);
 
+// How long the root that `path` starts with is ("/", or on Windows "C:/" or
+// "//server/share/"); 0 for a relative path.
+std::size_t RootLength(std::string_view path);
+
+// The drive a path starting with a single "/" lies on: "C:" on Windows, empty
+// elsewhere.
+std::string CurrentDrive();
+
 // The process's current folder ("/" when it cannot be told).
 std::string CurrentFolder();
 
