@@ -272,8 +272,9 @@ std::string FileSystem::RefusalReason(const std::string& target) {
 }
 
 std::string FileSystem::CheckWritable(const std::string& diskPath) {
-    const std::string target = Resolved(diskPath);
-    const std::string reason = RefusalReason(target);
+    const bool device = native::IsDeviceName(diskPath.substr(diskPath.rfind('/') + 1));
+    const std::string target = device ? std::string() : Resolved(diskPath);
+    const std::string reason = device ? "its name is reserved for a device" : RefusalReason(target);
     if (reason.empty()) return target;
     refused_.push_back({diskPath, reason});
     RaiseError(err::kOutsideNewFolder, "Refused to write \"" + diskPath + "\": " + reason + ".");

@@ -43,6 +43,10 @@ std::size_t RootLength(std::string_view path);
 // elsewhere.
 std::string CurrentDrive();
 
+// Whether a file name names a device instead (on Windows "CON", "NUL",
+// "COM1".."COM9", "LPT1".."LPT9", "AUX", "PRN", with or without extension).
+bool IsDeviceName(std::string_view name);
+
 // The process's current folder ("/" when it cannot be told).
 std::string CurrentFolder();
 

@@ -64,6 +64,8 @@ std::size_t RootLength(std::string_view path) { return path.starts_with('/') ? 1
 
 std::string CurrentDrive() { return {}; }
 
+bool IsDeviceName(std::string_view) { return false; }
+
 std::string CurrentFolder() {
     char buf[PATH_MAX];
     return ::getcwd(buf, sizeof buf) != nullptr ? buf : "/";

@@ -1,5 +1,8 @@
 // The file calls of Windows, through the wide API: names are Windows-1252 text,
 // as in the project files, and become UTF-16 here.
+#ifndef _WIN32_WINNT
+#define _WIN32_WINNT 0x0A00  // FILE_ID_INFO
+#endif
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
@@ -7,7 +10,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <random>
+#include <vector>
 
 #include "platform/native_files.h"
 #include "platform/program_error.h"
@@ -36,20 +41,48 @@ std::string Narrow(std::wstring_view text) {
     return out;
 }
 
-// A path for the wide API: made absolute with "." and ".." resolved, and given
+}  // namespace
+
+std::size_t RootLength(std::string_view path);
+
+namespace {
+
+// A path for the wide API: absolute, "\" separators, "." and ".." resolved, and
 // the "\\?\" prefix so that its length is not limited to MAX_PATH.
 std::wstring ApiPath(const std::string& path) {
-    const std::wstring wide = Widen(path);
+    std::wstring wide = Widen(path);
     if (wide.starts_with(L"\\\\?\\")) return wide;
-    const DWORD n = ::GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
-    std::wstring full(n, L'\0');
-    const DWORD got = n == 0 ? 0 : ::GetFullPathNameW(wide.c_str(), n, full.data(), nullptr);
-    if (got == 0 || got >= n) return wide;
-    full.resize(got);
-    if (full.size() >= 3 && full[1] == L':' && full[2] == L'\\') return L"\\\\?\\" + full;
-    if (full.starts_with(L"\\\\") && !full.starts_with(L"\\\\.\\"))
-        return L"\\\\?\\UNC\\" + full.substr(2);
-    return full;  // a device such as "\\.\CON"
+    if (RootLength(path) < 3) {  // relative, or on the current drive
+        const DWORD n = ::GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
+        std::wstring full(n, L'\0');
+        const DWORD got = n == 0 ? 0 : ::GetFullPathNameW(wide.c_str(), n, full.data(), nullptr);
+        if (got == 0 || got >= n) return wide;
+        full.resize(got);
+        wide = full;
+    }
+    for (wchar_t& c : wide)
+        if (c == L'/') c = L'\\';
+    if (wide.starts_with(L"\\\\.\\")) return wide;  // a device such as "\\.\CON"
+    const bool share = wide.starts_with(L"\\\\");
+    const std::size_t root = share ? RootLength(Narrow(wide)) : 3;
+    std::vector<std::wstring> kept;
+    for (std::size_t start = root; start <= wide.size();) {
+        std::size_t end = wide.find(L'\\', start);
+        if (end == std::wstring::npos) end = wide.size();
+        const std::wstring part = wide.substr(start, end - start);
+        if (part == L"..") {
+            if (!kept.empty()) kept.pop_back();
+        } else if (!part.empty() && part != L".") {
+            kept.push_back(part);
+        }
+        start = end + 1;
+    }
+    std::wstring out =
+        share ? L"\\\\?\\UNC\\" + wide.substr(2, root - 2) : L"\\\\?\\" + wide.substr(0, root);
+    if (!out.ends_with(L'\\')) out += L'\\';
+    for (const std::wstring& part : kept) out += part + L'\\';
+    if (!kept.empty()) out.pop_back();
+    return out;
 }
 
 // A path the system gave back, in the service's spelling: "/" separators, no prefix.
@@ -99,7 +132,7 @@ private:
 HANDLE OpenEntry(const std::string& path, bool followLinks) {
     const DWORD flags =
         FILE_FLAG_BACKUP_SEMANTICS | (followLinks ? 0 : FILE_FLAG_OPEN_REPARSE_POINT);
-    return ::CreateFileW(ApiPath(path).c_str(), 0,
+    return ::CreateFileW(ApiPath(path).c_str(), FILE_READ_ATTRIBUTES,
                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                          OPEN_EXISTING, flags, nullptr);
 }
@@ -130,8 +163,19 @@ std::optional<Status> StatusOf(const std::string& path, bool followLinks) {
     status.stamp = static_cast<std::int64_t>(ticks) * 100;
     status.size =
         static_cast<std::size_t>((std::uint64_t{info.nFileSizeHigh} << 32) | info.nFileSizeLow);
-    status.device = info.dwVolumeSerialNumber;
-    status.inode = (std::uint64_t{info.nFileIndexHigh} << 32) | info.nFileIndexLow;
+    // The 128-bit file id names a file on any volume; the older 64-bit index is
+    // the answer where the system does not give it.
+    FILE_ID_INFO id{};
+    if (::GetFileInformationByHandleEx(handle.Get(), FileIdInfo, &id, sizeof id)) {
+        std::uint64_t low = 0, high = 0;
+        std::memcpy(&low, id.FileId.Identifier, sizeof low);
+        std::memcpy(&high, id.FileId.Identifier + sizeof low, sizeof high);
+        status.device = id.VolumeSerialNumber ^ (high * 0x9E3779B97F4A7C15ULL);
+        status.inode = low;
+    } else {
+        status.device = info.dwVolumeSerialNumber;
+        status.inode = (std::uint64_t{info.nFileIndexHigh} << 32) | info.nFileIndexLow;
+    }
     return status;
 }
 
@@ -177,6 +221,15 @@ std::size_t RootLength(std::string_view path) {
 std::string CurrentDrive() {
     const std::string folder = CurrentFolder();
     return folder.size() >= 2 && folder[1] == ':' ? folder.substr(0, 2) : std::string();
+}
+
+bool IsDeviceName(std::string_view name) {
+    std::string stem(name.substr(0, name.find('.')));
+    while (!stem.empty() && stem.back() == ' ') stem.pop_back();
+    for (char& c : stem) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    if (stem == "CON" || stem == "PRN" || stem == "AUX" || stem == "NUL") return true;
+    return stem.size() == 4 && (stem.starts_with("COM") || stem.starts_with("LPT")) &&
+           stem[3] >= '1' && stem[3] <= '9';
 }
 
 std::string CurrentFolder() {
@@ -239,6 +292,14 @@ int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::st
         }
     }
     if (created == INVALID_HANDLE_VALUE) return err::kPathFileAccess;
+    // The rename below would replace a read-only file where the user is allowed
+    // to change its folder; refuse it as Windows Explorer does.
+    const DWORD attributes = ::GetFileAttributesW(ApiPath(path).c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        ::CloseHandle(created);
+        ::DeleteFileW(temp.c_str());
+        return err::kPermission;
+    }
     bool written = true;
     {
         Handle file(created);

@@ -10,6 +10,7 @@
 #include "cli/cli_options.h"
 #include "platform/view.h"
 #include "support/cli_run.h"
+#include "support/environment.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -66,8 +67,8 @@ TEST(CliArguments, ParsesEveryOption) {
 
 class CliConvert : public ::testing::Test {
 protected:
-    void SetUp() override { ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1); }
-    void TearDown() override { ::unsetenv("SOURCE_DATE_EPOCH"); }
+    void SetUp() override { testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420"); }
+    void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
     std::vector<std::string> Convert(std::vector<std::string> extra = {}) {
         std::vector<std::string> args = {"convert", Sample("TideClock.hhp"), dir / "out/New.hhp",
                                          "--hpj", Sample("TideClock.hpj")};
@@ -113,14 +114,17 @@ TEST_F(CliConvert, ASecondRunAsks10038AndNoLeavesTheFolderIntact) {
     ASSERT_EQ(RunWith(Convert({"--yes"})).status, 0);
     std::map<std::string, std::string> before;
     for (const auto& entry : fs::recursive_directory_iterator(dir / "out"))
-        if (entry.is_regular_file()) before[entry.path()] = testing::ReadFileBytes(entry.path());
-    ::setenv("SOURCE_DATE_EPOCH", "1399333420", 1);  // a later run would write other dates
+        if (entry.is_regular_file())
+            before[entry.path().string()] = testing::ReadFileBytes(entry.path().string());
+    testing::SetEnvironment("SOURCE_DATE_EPOCH",
+                            "1399333420");  // a later run would write other dates
     const CliRun no = RunWith(Convert({"--no"}));
     EXPECT_EQ(no.status, 1);
     EXPECT_NE(no.err.find("[message 10038]"), std::string::npos);
     std::map<std::string, std::string> after;
     for (const auto& entry : fs::recursive_directory_iterator(dir / "out"))
-        if (entry.is_regular_file()) after[entry.path()] = testing::ReadFileBytes(entry.path());
+        if (entry.is_regular_file())
+            after[entry.path().string()] = testing::ReadFileBytes(entry.path().string());
     EXPECT_EQ(before, after);
     EXPECT_EQ(RunWith(Convert({"--yes"})).status, 0);
 }

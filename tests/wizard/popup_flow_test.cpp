@@ -7,6 +7,7 @@
 
 #include "cli/commands.h"
 #include "platform/profile.h"
+#include "support/environment.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -21,7 +22,7 @@ const char* const kCaller =
 class PopupFlow : public ::testing::Test {
 protected:
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+        testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
         dir.Write("in/P.hhp",
                   "[OPTIONS]\r\nTitle=Popups\r\n\r\n[FILES]\r\nhtml\\afxc0001.htm\r\n"
                   "html\\afxc0002.htm\r\nhtml\\afxp0003.htm\r\n");
@@ -41,7 +42,7 @@ protected:
         dir.Write("in/map.h",
                   "#define IDH_APP 100\r\n#define POP_ONE 0x20\r\n#define POP_ALIAS 201\r\n");
     }
-    void TearDown() override { ::unsetenv("SOURCE_DATE_EPOCH"); }
+    void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
     testing::TempDir dir;
 };
 
