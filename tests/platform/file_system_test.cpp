@@ -10,20 +10,14 @@
 
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
+#include "support/error_of.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
 namespace {
 
-int ErrorOf(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const BasicError& e) {
-        return e.Number();
-    }
-    return 0;
-}
+using testing::ErrorOf;
 
 // Names that exist only in another case or spelling, on a file system that tells
 // them apart; native_files_windows_test covers Windows paths.

@@ -9,19 +9,13 @@
 
 #include "platform/file_system.h"
 #include "platform/program_error.h"
+#include "support/error_of.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
 namespace {
 
-int ErrorOf(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const BasicError& e) {
-        return e.Number();
-    }
-    return 0;
-}
+using testing::ErrorOf;
 
 TEST(WindowsPaths, DrivesAndSharesAreRoots) {
     FileSystem fs;
