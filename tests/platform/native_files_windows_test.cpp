@@ -100,7 +100,7 @@ TEST(WindowsWrites, DevicesAndReadOnlyFilesAreClearErrors) {
     ::SetFileAttributesA(locked.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST(WindowsWrites, TheInputFolderIsKnownInEveryCase) {
+TEST(WindowsWrites, WritesStayInTheNewFolderWhateverTheCase) {
     testing::TempDir dir;
     dir.Write("in/t.hhp", "x");
     FileSystem fs;
@@ -110,6 +110,11 @@ TEST(WindowsWrites, TheInputFolderIsKnownInEveryCase) {
     fs.SetInputFolders({dir / "In"});
     EXPECT_TRUE(fs.SameEntry(dir / "in", dir / "IN\\"));
     EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "in\\x.htm", "x"); }), err::kOutsideNewFolder);
+    for (const char* outside : {"OUT\\..\\evil.htm", "outer.htm", "out\\..\\in\\t.hhp"})
+        EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / outside, "x"); }), err::kOutsideNewFolder)
+            << outside;
+    EXPECT_FALSE(dir.Exists("evil.htm") || dir.Exists("outer.htm"));
+    EXPECT_EQ(dir.Read("in/t.hhp"), "x");
     fs.WriteAll(dir / "out\\x.htm", "x");
     EXPECT_TRUE(fs.Written(dir / "Out/X.htm"));
 }
