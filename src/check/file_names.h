@@ -8,10 +8,10 @@
 
 namespace tamrix::check {
 
-// Why a path component is no valid Windows file name, or empty when it is.
+/// Why a path component is no valid Windows file name, or empty when it is.
 std::string InvalidWindowsName(std::string_view component);
 
-// Checks the names of the [FILES] entries.
+/// Checks the names of the [FILES] entries.
 void CheckFileNames(const std::vector<SourceLine>& files, std::vector<Problem>& problems);
 
 }  // namespace tamrix::check

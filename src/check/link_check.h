@@ -13,31 +13,34 @@
 
 namespace tamrix::check {
 
+/// Collects the links of a project's HTML files and checks them against the files and anchors that
+/// exist.
 class LinkChecker {
 public:
-    // `folder` is the project's folder, ending in a separator.
+    /// `folder` is the project's folder, ending in a separator.
     explicit LinkChecker(std::string folder);
+    /// Out of line, where HtmlFile is complete.
     ~LinkChecker();
 
-    // Reads an HTML file (a topic, the contents or the index) named relative to the
-    // project's folder and notes its links; false when it cannot be read.
+    /// Reads an HTML file (a topic, the contents or the index) named relative to the
+    /// project's folder and notes its links; false when it cannot be read.
     bool AddFile(const std::string& name);
-    // Checks every link noted so far.
+    /// Checks every link noted so far.
     void Check(std::vector<Problem>& problems);
 
 private:
     struct Link {
-        std::string target;  // as written
+        std::string target;  ///< as written
         long line = 0;
     };
     struct HtmlFile {
-        std::string name;                         // relative, as the project names it
-        std::unordered_set<std::string> anchors;  // folded
+        std::string name;                         ///< relative, as the project names it
+        std::unordered_set<std::string> anchors;  ///< folded
         std::vector<Link> links;
     };
 
     HtmlFile* Read(const std::string& key, const std::string& name);
-    // The file a link resolves to: its key and whether it exists.
+    /// The file a link resolves to: its key and whether it exists.
     bool Exists(const std::string& key);
     void CheckLink(const HtmlFile& from, const Link& link, std::vector<Problem>& problems);
 
@@ -47,8 +50,8 @@ private:
     std::vector<HtmlFile*> order_;                                      // files added, in order
 };
 
-// The project-relative key of a path: "/" separators, "." and ".." resolved,
-// "%XX" decoded, folded. Empty when the path leaves the project.
+/// The project-relative key of a path: "/" separators, "." and ".." resolved,
+/// "%XX" decoded, folded. Empty when the path leaves the project.
 std::string PathKey(const std::string& fromFolder, const std::string& path);
 
 }  // namespace tamrix::check

@@ -10,7 +10,7 @@
 
 namespace tamrix::check {
 
-// Adds one problem per faulty statement, naming `file` and the line.
+/// Adds one problem per faulty statement, naming `file` and the line.
 void CheckPopupScript(std::string_view text, const std::string& file,
                       std::vector<Problem>& problems);
 

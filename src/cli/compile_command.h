@@ -6,8 +6,8 @@
 
 namespace tamrix::cli {
 
-// Exit status: 0 compiled with every aliased context ID verified, 1 a failure,
-// 2 usage error or chmcmd/chmlib missing.
+/// Exit status: 0 compiled with every aliased context ID verified, 1 a failure,
+/// 2 usage error or chmcmd/chmlib missing.
 int RunCompileCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 }  // namespace tamrix::cli

@@ -8,15 +8,17 @@
 
 namespace tamrix::cli {
 
+/// The exit status of an interrupted run, as a shell reports SIGINT.
 inline constexpr int kInterruptedStatus = 130;
-// The file that marks a new folder while a conversion into it runs.
+/// The file that marks a new folder while a conversion into it runs.
 inline constexpr const char* kRunMarker = ".tamrix-running";
 
-// Catches SIGINT and SIGTERM; the run stops at its next read or write.
+/// Catches SIGINT and SIGTERM; the run stops at its next read or write.
 void InstallInterruptHandlers();
+/// True once SIGINT or SIGTERM has come.
 bool InterruptRequested();
 
-// What is said when the run stops; set for the length of a conversion.
+/// What is said when the run stops; set for the length of a conversion.
 void SetInterruptReport(std::function<void()> report);
 
 }  // namespace tamrix::cli

@@ -10,12 +10,12 @@
 
 namespace tamrix::compile {
 
-// The text of the round's project file; every other section is kept as it is,
-// [FILES] with "/", and "Compiled file" set to `compiledName`.
+/// The text of the round's project file; every other section is kept as it is,
+/// [FILES] with "/", and "Compiled file" set to `compiledName`.
 std::string ChmcmdProjectText(const check::ProjectSections& project,
                               const std::vector<AliasedId>& round, const std::string& compiledName);
 
-// A path named relative to the project's folder, with "/" and the disk's case.
+/// A path named relative to the project's folder, with "/" and the disk's case.
 std::string DiskRelativePath(const check::ProjectSections& project, const std::string& name);
 
 }  // namespace tamrix::compile

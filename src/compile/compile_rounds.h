@@ -10,17 +10,20 @@
 
 namespace tamrix::compile {
 
+/// A [MAP] ID with the file its alias names.
 struct AliasedId {
-    std::string name;
-    std::int32_t value = 0;
-    std::string target;  // as the alias names it
+    std::string name;        ///< as [MAP] names it
+    std::int32_t value = 0;  ///< its number
+    std::string target;      ///< as the alias names it
 };
 
+/// The compile rounds and the IDs that none of them can take.
 struct RoundPlan {
-    std::vector<std::vector<AliasedId>> rounds;  // the first round is the one given to the user
-    std::vector<std::string> unaliased;          // [MAP] IDs without an alias
+    std::vector<std::vector<AliasedId>> rounds;  ///< the first round is the one given to the user
+    std::vector<std::string> unaliased;          ///< [MAP] IDs without an alias
 };
 
+/// Splits the aliased IDs into rounds in [MAP] order, each file named at most once per round.
 RoundPlan PlanRounds(const check::ContextMap& map);
 
 }  // namespace tamrix::compile

@@ -5,6 +5,7 @@
 
 namespace tamrix::gui {
 
+/// The window icon of every window of the program.
 QIcon AppIcon();
 
 }  // namespace tamrix::gui

@@ -10,43 +10,48 @@ class QTextEdit;
 
 namespace tamrix::gui {
 
-// Page margins of printed logs, in twips (1/1440 inch).
+/// Page margins of printed logs, in twips (1/1440 inch).
 inline constexpr int kLeftMarginTwips = 1440;
 inline constexpr int kRightMarginTwips = 720;
 inline constexpr int kTopMarginTwips = 864;
 inline constexpr int kBottomMarginTwips = 1152;
 
-// The program's one printer, as every viewer shares it (orientation included).
+/// The program's one printer, as every viewer shares it (orientation included).
 QPrinter& SharedPrinter();
 
+/// Page layout and printing of a log viewer's text.
 class CPrintRTF {
 public:
-    // Prints on `printer` (the shared printer when null); the printer must outlive this.
+    /// Prints on `printer` (the shared printer when null); the printer must outlive this.
     explicit CPrintRTF(QPrinter* printer = nullptr);
+    /// Out of line, where QTextDocument is complete.
     ~CPrintRTF();
     CPrintRTF(const CPrintRTF&) = delete;
     CPrintRTF& operator=(const CPrintRTF&) = delete;
 
+    /// The printer it prints on.
     QPrinter& Printer() const { return *printer_; }
-    // Whether the system knows at least one printer.
+    /// Whether the system knows at least one printer.
     static bool PrinterInstalled();
-    // An installed printer, or output to a PDF file, which works everywhere.
+    /// An installed printer, or output to a PDF file, which works everywhere.
     bool CanPrint() const;
 
-    // Wraps the editor's text at the printable width (page less margins); false
-    // and nothing changed when there is nothing to print on.
+    /// Wraps the editor's text at the printable width (page less margins); false
+    /// and nothing changed when there is nothing to print on.
     bool WYSIWYG_RTF(QTextEdit& edit, int leftMargin, int rightMargin, int topMargin,
                      int bottomMargin);
-    int PrintableWidth() const { return printableWidth_; }    // twips
-    int PrintableHeight() const { return printableHeight_; }  // twips
+    /// Width of the page less margins, in twips.
+    int PrintableWidth() const { return printableWidth_; }
+    /// Height of the page less margins, in twips.
+    int PrintableHeight() const { return printableHeight_; }
 
-    // Pages the text (or its selection) takes on the current page.
+    /// Pages the text (or its selection) takes on the current page.
     int PageCount(const QTextEdit& edit, bool selection = false);
-    // Prints all pages, pages fromPage..toPage (all when toPage is 65535 or more)
-    // or the selection; returns the number of pages printed.
+    /// Prints all pages, pages fromPage..toPage (all when toPage is 65535 or more)
+    /// or the selection; returns the number of pages printed.
     int PrintRTF(const QTextEdit& edit, bool selection, int fromPage, int toPage);
 
-    // "2011/03/05  14:07     Page 2 of 7", dated now.
+    /// "2011/03/05  14:07     Page 2 of 7", dated now.
     static std::string FooterText(int page, int pageCount);
 
 private:
@@ -63,7 +68,7 @@ private:
     int pageCount_ = 0;
 };
 
-// Twips as pixels of a device with `dpi` dots per inch.
+/// Twips as pixels of a device with `dpi` dots per inch.
 double TwipsToPixels(int twips, double dpi);
 
 }  // namespace tamrix::gui

@@ -14,24 +14,33 @@ class OptionsDialog;
 
 namespace tamrix::gui {
 
+/// The window of the style-sheet options.
 class FrmOptions : public QDialog {
     Q_OBJECT
 
 public:
+    /// Builds the controls; ShowModal or Load connects them to an OptionsDialog.
     explicit FrmOptions(QWidget* parent = nullptr);
 
-    // Fills the controls from the dialog's values and shows it modally.
+    /// Fills the controls from the dialog's values and shows it modally.
     void ShowModal(OptionsDialog& dialog);
-    // Fills the controls without showing the window.
+    /// Fills the controls without showing the window.
     void Load(OptionsDialog& dialog);
 
+    /// The check box of the style-sheet link; the controls are exposed for tests.
     QCheckBox* CssFile() const { return chkCssFile_; }
+    /// The check box of the topic class.
     QCheckBox* TopicClass() const { return chkTopicClass_; }
+    /// The style sheet's file name.
     QLineEdit* CssFileName() const { return txtCssFileName_; }
+    /// The label of the file name, shown with it.
     QLabel* CssFileLabel() const { return lblCssFile_; }
+    /// Stores the controls in the dialog and closes.
     QPushButton* OKButton() const { return cmdOK_; }
+    /// Closes without storing.
     QPushButton* CancelButton() const { return cmdCancel_; }
 
+    /// Escape and the close box act as Cancel.
     void reject() override;
 
 protected:
@@ -39,7 +48,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    // An empty style-sheet name gets the default back whenever the dialog is painted.
+    /// An empty style-sheet name gets the default back whenever the dialog is painted.
     void PutBackDefaultName();
     void Store();
     void UpdateCssVisibility();

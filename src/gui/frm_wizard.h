@@ -30,61 +30,91 @@ namespace tamrix::gui {
 
 class FrmOptions;
 
+/// What the wizard window is given; the defaults are the real dialogs, printers and help.
 struct WizardWindowOptions {
+    /// The dialogs it asks through; tests script them.
     WizardDialogs dialogs = QtWizardDialogs();
-    std::optional<bool> printers;     // default: whether a printer is installed
-    std::optional<HelpProject> help;  // default: the installed help project
-    // Opens a folder in the file manager; default: the desktop's handler.
+    std::optional<bool> printers;     ///< default: whether a printer is installed
+    std::optional<HelpProject> help;  ///< default: the installed help project
+    /// Opens a folder in the file manager; default: the desktop's handler.
     std::function<bool(const QUrl&)> openUrl;
 };
 
+/// The wizard window, and the view the toolkit-free wizard talks to.
 class FrmWizard : public QMainWindow, public IWizardView {
     Q_OBJECT
 
 public:
+    /// What the window is given.
     using Options = WizardWindowOptions;
 
+    /// Builds the window and its Wizard; Start shows it.
     explicit FrmWizard(Options options = {}, QWidget* parent = nullptr);
+    /// Out of line, where FrmOptions is complete.
     ~FrmWizard() override;
 
+    /// The wizard the window shows.
     Wizard& GetWizard() { return *wizard_; }
-    // Form_Load: shows step 0; a project named on the command line fills step 1's box.
+    /// Form_Load: shows step 0; a project named on the command line fills step 1's box.
     void Start(const std::string& projectName = {});
 
     // IView
+    /// Shows the message window over the wizard; returns the button pressed (OK when there is no
+    /// dialog).
     int MessageBox(const MessageRequest& request) override;
+    /// Shows the plain error box.
     void ErrorBox(const std::string& text, const std::string& title) override;
+    /// Asks for a line of text; nothing when cancelled.
     std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultText) override;
+    /// The file chosen to open, or empty.
     std::string OpenFileDialog(const FileDialogRequest& request) override;
+    /// The file chosen to save to, or empty.
     std::string SaveFileDialog(const FileDialogRequest& request) override;
+    /// The text above the progress bar.
     void SetProgressCaption(const std::string& caption) override;
+    /// The bar's maximum (at least 1).
     void SetProgressMax(int maximum) override;
+    /// Moves the bar.
     void SetProgressValue(int value) override;
+    /// Shows the progress frame over the step, or hides it.
     void SetProgressVisible(bool visible) override;
+    /// Lets the window repaint and take clicks during a long step.
     void ProcessEvents() override;
 
     // IWizardView
+    /// Shows the wizard's step, captions and controls as they now are.
     void WizardChanged(const Wizard& wizard) override;
+    /// Opens the help window at a context; false when there is no such page.
     bool ShowHelp(int command, int context) override;
+    /// Closes the help window.
     void CloseHelp() override;
+    /// Closes the help, the options and the window, and raises ExitRequested.
     void ExitProgram() override;
+    /// Shows the About box modally.
     void ShowAbout() override;
+    /// Shows the options window modally over the wizard.
     void ShowOptionsDialog(OptionsDialog& dialog) override;
+    /// True when a printer is installed (or the options say so).
     bool HasAnyPrinters() override;
 
-    // The parts, for tests and screenshots.
+    /// The parts, for tests and screenshots.
     QPushButton* NavButton(int index) const { return cmdNav_[static_cast<std::size_t>(index)]; }
-    // A menu entry or menu by its name ("mnuViewScanLog", "mnuView").
+    /// A menu entry or menu by its name ("mnuViewScanLog", "mnuView").
     QAction* MenuAction(const QString& name) const;
+    /// The six step pages.
     QStackedWidget* Steps() const { return fraStep_; }
+    /// The progress frame shown over the step while a step works.
     QGroupBox* ProgressFrame() const { return fraProgress_; }
+    /// The progress bar.
     QProgressBar* ProgressBar() const { return pgbConversion_; }
+    /// The caption of the progress bar.
     QLabel* ProgressLabel() const { return lblprogress_; }
+    /// The help window.
     HelpWindow* Help() const { return help_; }
 
 signals:
-    // The user ended the program (Exit, File/Exit or the close box).
+    /// The user ended the program (Exit, File/Exit or the close box).
     void ExitRequested();
 
 protected:
@@ -96,7 +126,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // Tools/Check New Project… and the button of the Finished step.
+    /// Tools/Check New Project… and the button of the Finished step.
     void CheckNewProject();
     struct MenuBinding {
         QAction* action;
@@ -121,7 +151,7 @@ private:
     void RefreshControls(const Wizard& wizard);
     void UpdateBoxPosition();
     void SetTabOrder();
-    // Puts the keyboard on the step's first control.
+    /// Puts the keyboard on the step's first control.
     void FocusStep(int step);
     void RefreshRecentProjects(const Wizard& wizard);
     static QString ProjectSummary(const Wizard& wizard);

@@ -8,12 +8,15 @@ class QWidget;
 
 namespace tamrix::gui {
 
+/// The property holding a widget's caption number.
 inline constexpr const char* kTagProperty = "tag";
+/// The property holding a widget's tool-tip number.
 inline constexpr const char* kToolTipProperty = "toolTipId";
 
-// The catalogue text of a numeric value, or nothing for other values.
+/// The catalogue text of a numeric value, or nothing for other values.
 bool CatalogueTextOf(const QString& value, QString& text);
 
+/// Sets the captions and tool tips of `form` and its children from their numeric properties.
 void LocaliseForm(QWidget& form);
 
 }  // namespace tamrix::gui

@@ -11,13 +11,14 @@ class QTextDocument;
 
 namespace tamrix::gui {
 
+/// Groups nested deeper than this are skipped whole.
 inline constexpr int kMaxRtfDepth = 200;
 
-// Replaces the content of `doc`; false (document left empty) when the bytes do
-// not start with "{\rtf".
+/// Replaces the content of `doc`; false (document left empty) when the bytes do
+/// not start with "{\rtf".
 bool ReadRtf(std::string_view rtf, QTextDocument& doc);
 
-// Whether the bytes look like RTF (optional blanks, then "{\rtf").
+/// Whether the bytes look like RTF (optional blanks, then "{\rtf").
 bool LooksLikeRtf(std::string_view bytes);
 
 }  // namespace tamrix::gui

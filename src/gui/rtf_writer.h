@@ -8,6 +8,7 @@ class QTextDocument;
 
 namespace tamrix::gui {
 
+/// The document as RTF text; a document written and read back gives the same text and formats.
 std::string WriteRtf(const QTextDocument& doc);
 
 }  // namespace tamrix::gui

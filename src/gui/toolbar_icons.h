@@ -5,8 +5,8 @@
 
 namespace tamrix::gui {
 
-// The icon of a toolbar key: "Print", "Save", "Bold", "Italic", "Underline",
-// "Strike Through", "Left", "Right" or "Centre".
+/// The icon of a toolbar key: "Print", "Save", "Bold", "Italic", "Underline",
+/// "Strike Through", "Left", "Right" or "Centre".
 QIcon ToolbarIcon(const QString& key);
 
 }  // namespace tamrix::gui

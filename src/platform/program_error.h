@@ -10,6 +10,7 @@
 
 namespace tamrix {
 
+/// Error numbers: the classic Basic run-time numbers, and the program's own from 512 up.
 namespace err {
 inline constexpr int kInvalidCall = 5;
 inline constexpr int kOverflow = 6;
@@ -25,48 +26,55 @@ inline constexpr int kPathNotFound = 76;
 inline constexpr int kResourceNotFound = 326;
 inline constexpr int kDuplicateKey = 457;
 inline constexpr int kDialogCancelled = 32755;
-// Raised by the program itself: a target that would lie outside the new project folder.
+/// Raised by the program itself: a target that would lie outside the new project folder.
 inline constexpr int kOutsideNewFolder = 600;
 }  // namespace err
 
+/// An error with its Basic number and, optionally, what it concerns.
 class BasicError : public std::runtime_error {
 public:
+    /// `detail` says what the error concerns (which file, and why); empty for the plain
+    /// description.
     explicit BasicError(int number, const std::string& detail = {});
+    /// The Basic error number.
     int Number() const { return number_; }
 
 private:
     int number_;
 };
 
+/// Throws a BasicError with `number` and `detail`.
 [[noreturn]] void RaiseError(int number, const std::string& detail = {});
 
-// The standard description of an error number ("Overflow", "File not found", ...).
+/// The standard description of an error number ("Overflow", "File not found", ...).
 std::string ErrorDescription(int number);
 
-// Error number of the exception being handled (call inside a catch block).
+/// Error number of the exception being handled (call inside a catch block).
 int CurrentErrorNumber();
 
-// What the exception being handled says beyond its number (call inside a catch
-// block); empty when that is only the standard description.
+/// What the exception being handled says beyond its number (call inside a catch
+/// block); empty when that is only the standard description.
 std::string CurrentErrorDetail();
 
-// The common error report: errors from 512 up are the program's own, and their
-// detail (which file, and why) follows on a line of its own.
+/// The common error report: errors from 512 up are the program's own, and their
+/// detail (which file, and why) follows on a line of its own.
 void ReportProgramError(int number, std::string_view source, std::string_view detail = {});
 
-// Within one operation (one user command), a report with the same number and
-// source is shown once; when the operation ends the view is told how many times
-// it came again. Operations nest; the outermost one counts.
+/// Within one operation (one user command), a report with the same number and
+/// source is shown once; when the operation ends the view is told how many times
+/// it came again. Operations nest; the outermost one counts.
 class ErrorReportOperation {
 public:
+    /// Starts an operation, or joins the one already running.
     ErrorReportOperation();
+    /// Ends the operation; the outermost one tells the view how often each report came again.
     ~ErrorReportOperation();
     ErrorReportOperation(const ErrorReportOperation&) = delete;
     ErrorReportOperation& operator=(const ErrorReportOperation&) = delete;
 };
 
-// Runs `body`; an exception becomes the error report for `source` ("module:Procedure")
-// and the result `failure`.
+/// Runs `body`; an exception becomes the error report for `source` ("module:Procedure")
+/// and the result `failure`.
 template <class R, class F>
 R Guarded(std::string_view source, R failure, F&& body) {
     try {
@@ -77,6 +85,7 @@ R Guarded(std::string_view source, R failure, F&& body) {
     }
 }
 
+/// As Guarded, for a body that returns nothing.
 template <class F>
 void GuardedVoid(std::string_view source, F&& body) {
     try {

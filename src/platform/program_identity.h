@@ -5,13 +5,13 @@
 
 namespace tamrix {
 
-// major "." minor "." revision, each without leading zeros.
+/// major "." minor "." revision, each without leading zeros.
 std::string VersionString();
-// `text` + program name + " Version " + VersionString(): the first line of a generated file.
+/// `text` + program name + " Version " + VersionString(): the first line of a generated file.
 std::string BannerLine(std::string_view text);
-// The date line of generated files: "March 05, 2011, 02:07 PM".
+/// The date line of generated files: "March 05, 2011, 02:07 PM".
 std::string FileDateText();
-// The date line of logs: "March 05, 2011: 02:07 PM".
+/// The date line of logs: "March 05, 2011: 02:07 PM".
 std::string LogDateText();
 
 }  // namespace tamrix

@@ -5,9 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <sstream>
 
-#include "cli/commands.h"
+#include "support/cli_run.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -162,10 +161,9 @@ TEST(CheckCommand, ExitStatusAndJson) {
         {{"check", dir / "P.hhp", "--fast"}, 2, ""},
     };
     for (const Run& run : runs) {
-        std::istringstream in;
-        std::ostringstream out, err;
-        EXPECT_EQ(cli::RunCli(run.args, in, out, err, false, false), run.status) << err.str();
-        EXPECT_NE(out.str().find(run.output), std::string::npos) << out.str();
+        const testing::CliRun result = testing::RunCliWith(run.args);
+        EXPECT_EQ(result.status, run.status) << result.err;
+        EXPECT_NE(result.out.find(run.output), std::string::npos) << result.out;
     }
 }
 

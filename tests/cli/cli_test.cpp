@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <sstream>
 
 #include "cli/cli_options.h"
@@ -16,32 +15,33 @@
 namespace tamrix {
 namespace {
 
-namespace fs = std::filesystem;
-
 using testing::CliRun;
-
-CliRun RunWith(const std::vector<std::string>& args, const std::string& input = {},
-               bool interactive = false) {
-    return testing::RunCliWith(args, input, interactive);
-}
+using testing::RunCliWith;
 
 std::string Sample(const std::string& name) {
     return std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock/" + name;
 }
 
 TEST(CliArguments, UsageErrorsExitWithTwo) {
-    EXPECT_EQ(RunWith({}).status, 2);
-    EXPECT_EQ(RunWith({"frobnicate"}).status, 2);
-    EXPECT_EQ(RunWith({"convert", "a.hhp"}).status, 2);
-    EXPECT_EQ(RunWith({"scan", "a.hhp", "--popups"}).status, 2);  // convert-only option
-    const CliRun bad = RunWith({"convert", "a.hhp", "b.hhp", "--answer", "10038=maybe"});
-    EXPECT_EQ(bad.status, 2);
-    EXPECT_NE(bad.err.find("--answer takes ID="), std::string::npos);
-    EXPECT_EQ(RunWith({"convert", "a.hhp", "b.hhp", "--css="}).status, 2);
-    EXPECT_EQ(RunWith({"--help"}).status, 0);
-    const CliRun version = RunWith({"--version"});
-    EXPECT_EQ(version.status, 0);
-    EXPECT_EQ(version.out.rfind("Tamrix 1.", 0), 0u);
+    const struct {
+        std::vector<std::string> args;
+        int status;
+        const char* output;  // what stdout and stderr together start with or hold
+    } cases[] = {
+        {{}, 2, ""},
+        {{"frobnicate"}, 2, ""},
+        {{"convert", "a.hhp"}, 2, ""},
+        {{"scan", "a.hhp", "--popups"}, 2, ""},  // convert-only option
+        {{"convert", "a.hhp", "b.hhp", "--answer", "10038=maybe"}, 2, "--answer takes ID="},
+        {{"convert", "a.hhp", "b.hhp", "--css="}, 2, ""},
+        {{"--help"}, 0, ""},
+        {{"--version"}, 0, "Tamrix 1."},
+    };
+    for (const auto& c : cases) {
+        const CliRun run = RunCliWith(c.args);
+        EXPECT_EQ(run.status, c.status) << ::testing::PrintToString(c.args);
+        EXPECT_NE((run.out + run.err).find(c.output), std::string::npos) << run.out << run.err;
+    }
 }
 
 TEST(CliArguments, ParsesEveryOption) {
@@ -78,66 +78,59 @@ protected:
     testing::TempDir dir;
 };
 
-TEST_F(CliConvert, ConvertsTheSampleWithYesAndPrintsASummary) {
-    const CliRun run = RunWith(Convert({"--yes", "--popups", "--css"}));
-    ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_NE(run.out.find("Topic files renamed:    41 of 42"), std::string::npos) << run.out;
-    EXPECT_NE(run.out.find("rewrite.log"), std::string::npos);
-    EXPECT_TRUE(dir.Exists("out/New.hhp"));
-    EXPECT_TRUE(dir.Exists("out/HHStyles.css"));
-    // The folder question was answered without asking, and said so.
-    EXPECT_NE(run.err.find("-> Yes"), std::string::npos);
-}
-
-TEST_F(CliConvert, WithoutAnswersAQuestionIsAnsweredNoAndTheWizardStays) {
-    const CliRun run = RunWith(Convert());
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.err.find("[message 10011]"), std::string::npos) << run.err;
-    EXPECT_NE(run.err.find("-> No"), std::string::npos);
-    EXPECT_NE(run.err.find("stopped at step 3"), std::string::npos);
-    EXPECT_FALSE(dir.Exists("out"));
-}
-
-TEST_F(CliConvert, AnAnswerByIdWinsOverTheDefault) {
-    const CliRun run = RunWith(Convert({"--no", "--answer", "10011=yes"}));
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_TRUE(dir.Exists("out/New.hhp"));
-}
-
-TEST_F(CliConvert, OnATerminalTheUserIsAsked) {
-    const CliRun run = RunWith(Convert(), "y\n", true);
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_NE(run.err.find("[Yes/No/Cancel]? "), std::string::npos);
+// The new folder's question: answered by ID, by the default, by the user on a
+// terminal, or else No, which leaves the wizard at its step and writes nothing.
+TEST(CliAnswers, ByIdByDefaultByTheUserElseNo) {
+    testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
+    const struct {
+        std::vector<std::string> extra;
+        const char* input;
+        bool interactive;
+        int status;
+        const char* err;      // what standard error holds
+        const char* written;  // a file the run writes; none: no new folder at all
+    } cases[] = {
+        {{"--yes", "--popups", "--css"}, "", false, 0, "[message 10011]\n  -> Yes", "HHStyles.css"},
+        {{}, "", false, 1, "[message 10011]\n  -> No", nullptr},
+        {{"--no", "--answer", "10011=yes"}, "", false, 0, "[message 10011]\n  -> Yes", "New.hhp"},
+        {{}, "y\n", true, 0, "[Yes/No/Cancel]? ", "New.hhp"},
+    };
+    for (const auto& c : cases) {
+        testing::TempDir dir;
+        std::vector<std::string> args = {"convert", Sample("TideClock.hhp"), dir / "out/New.hhp",
+                                         "--hpj", Sample("TideClock.hpj")};
+        args.insert(args.end(), c.extra.begin(), c.extra.end());
+        const CliRun run = RunCliWith(args, c.input, c.interactive);
+        SCOPED_TRACE(::testing::PrintToString(args) + run.err);
+        EXPECT_EQ(run.status, c.status);
+        EXPECT_NE(run.err.find(c.err), std::string::npos);
+        EXPECT_EQ(dir.Exists(c.written ? std::string("out/") + c.written : "out"),
+                  c.written != nullptr);
+    }
+    testing::ClearEnvironment("SOURCE_DATE_EPOCH");
 }
 
 TEST_F(CliConvert, ASecondRunAsks10038AndNoLeavesTheFolderIntact) {
-    ASSERT_EQ(RunWith(Convert({"--yes"})).status, 0);
-    std::map<std::string, std::string> before;
-    for (const auto& entry : fs::recursive_directory_iterator(dir / "out"))
-        if (entry.is_regular_file())
-            before[entry.path().string()] = testing::ReadFileBytes(entry.path().string());
+    ASSERT_EQ(RunCliWith(Convert({"--yes"})).status, 0);
+    const auto before = testing::FilesUnder(dir / "out");
     testing::SetEnvironment("SOURCE_DATE_EPOCH",
                             "1399333420");  // a later run would write other dates
-    const CliRun no = RunWith(Convert({"--no"}));
+    const CliRun no = RunCliWith(Convert({"--no"}));
     EXPECT_EQ(no.status, 1);
     EXPECT_NE(no.err.find("[message 10038]"), std::string::npos);
-    std::map<std::string, std::string> after;
-    for (const auto& entry : fs::recursive_directory_iterator(dir / "out"))
-        if (entry.is_regular_file())
-            after[entry.path().string()] = testing::ReadFileBytes(entry.path().string());
-    EXPECT_EQ(before, after);
-    EXPECT_EQ(RunWith(Convert({"--yes"})).status, 0);
+    EXPECT_EQ(testing::FilesUnder(dir / "out"), before);
+    EXPECT_EQ(RunCliWith(Convert({"--yes"})).status, 0);
 }
 
 TEST_F(CliConvert, ScanWritesTheScanLog) {
     const CliRun toStdout =
-        RunWith({"scan", Sample("TideClock.hhp"), "--hpj", Sample("TideClock.hpj")});
+        RunCliWith({"scan", Sample("TideClock.hhp"), "--hpj", Sample("TideClock.hpj")});
     ASSERT_EQ(toStdout.status, 0) << toStdout.err;
     EXPECT_EQ(toStdout.out.rfind("Scan Results for HTML Project: TideClock.hhp\r\n", 0), 0u);
-    const CliRun toFile = RunWith({"scan", Sample("TideClock.hhp"), "--log", dir / "scan.log"});
+    const CliRun toFile = RunCliWith({"scan", Sample("TideClock.hhp"), "--log", dir / "scan.log"});
     ASSERT_EQ(toFile.status, 0);
     EXPECT_NE(dir.Read("scan.log").find("Untitled Topics: 11"), std::string::npos);
-    EXPECT_EQ(RunWith({"scan", dir / "missing.hhp"}).status, 1);
+    EXPECT_EQ(RunCliWith({"scan", dir / "missing.hhp"}).status, 1);
 }
 
 }  // namespace

@@ -6,8 +6,11 @@
 #include <QTextDocument>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tamrix::testing {
+
+inline QString U(const char* utf8) { return QString::fromUtf8(utf8); }
 
 // The raw text of every block joined with "\n" (line breaks stay U+2028).
 inline QString BlockText(const QTextDocument& doc) {
@@ -21,6 +24,14 @@ inline QTextCharFormat FormatAt(const QTextDocument& doc, int position) {
     QTextCursor c(const_cast<QTextDocument*>(&doc));
     c.setPosition(position + 1);
     return c.charFormat();
+}
+
+// The horizontal alignment of every block.
+inline std::vector<Qt::Alignment> Alignments(const QTextDocument& doc) {
+    std::vector<Qt::Alignment> aligns;
+    for (QTextBlock b = doc.begin(); b.isValid(); b = b.next())
+        aligns.push_back(b.blockFormat().alignment() & Qt::AlignHorizontal_Mask);
+    return aligns;
 }
 
 // Output of a program, or nullopt when it cannot be run.

@@ -58,10 +58,7 @@ TEST(HelpWindowTest, ContextTopicAndCloseAll) {
     EXPECT_TRUE(help.Browser()->toPlainText().contains("The six steps"));
     EXPECT_TRUE(help.HtmlHelp(kHelpCloseAll, 0));
     EXPECT_FALSE(help.isVisible());
-}
-
-TEST(HelpWindowTest, WithoutAHelpProjectNothingOpens) {
-    HelpWindow help;
+    // Without a help project nothing opens.
     help.SetProject(std::nullopt);
     EXPECT_FALSE(help.HtmlHelp(kHelpContext, 5010));
     EXPECT_FALSE(help.isVisible());
@@ -69,14 +66,10 @@ TEST(HelpWindowTest, WithoutAHelpProjectNothingOpens) {
 
 TEST(AboutBoxTest, NameVersionAndSystemInformation) {
     AboutBox about;
-    EXPECT_EQ(about.findChild<QLabel*>("lblTitle")->text(), "Tamrix");
     EXPECT_EQ(about.findChild<QLabel*>("lblVersion")->text(),
               "Version " + QString::fromStdString(VersionString()));
-    EXPECT_NE(about.findChild<QPushButton*>("cmdSysInfo"), nullptr);
     const QString info = SystemInformationText();
     EXPECT_TRUE(info.contains("Operating system: " + QSysInfo::prettyProductName()));
-    EXPECT_TRUE(info.contains("Kernel: " + QSysInfo::kernelType()));
-    EXPECT_TRUE(info.contains(QString("Qt version: ") + qVersion()));
     SystemInformationDialog dialog;
     EXPECT_TRUE(dialog.TextBox()->isReadOnly());
     EXPECT_EQ(dialog.TextBox()->toPlainText(), info);

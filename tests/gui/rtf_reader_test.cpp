@@ -14,8 +14,7 @@ namespace {
 
 using testing::BlockText;
 using testing::FormatAt;
-
-QString U(const char* utf8) { return QString::fromUtf8(utf8); }
+using testing::U;
 
 QString Read(const std::string& rtf) {
     QTextDocument doc;
@@ -147,14 +146,10 @@ TEST(RtfReader, CharacterFormats) {
 TEST(RtfReader, ParagraphAlignment) {
     QTextDocument doc;
     ASSERT_TRUE(ReadRtf(R"({\rtf1\pard\qc a\par\qr b\par\pard c\par\qj d\par{\qc e}\par f})", doc));
-    std::vector<Qt::Alignment> aligns;
-    for (QTextBlock b = doc.begin(); b.isValid(); b = b.next())
-        aligns.push_back(b.blockFormat().alignment() & Qt::AlignHorizontal_Mask);
-    const std::vector<Qt::Alignment> expected = {Qt::AlignHCenter, Qt::AlignRight,
-                                                 Qt::AlignLeft,    Qt::AlignJustify,
-                                                 Qt::AlignJustify, Qt::AlignJustify};
     EXPECT_EQ(BlockText(doc), "a\nb\nc\nd\ne\nf");
-    EXPECT_EQ(aligns, expected);
+    EXPECT_EQ(testing::Alignments(doc),
+              (std::vector<Qt::Alignment>{Qt::AlignHCenter, Qt::AlignRight, Qt::AlignLeft,
+                                          Qt::AlignJustify, Qt::AlignJustify, Qt::AlignJustify}));
 }
 
 }  // namespace

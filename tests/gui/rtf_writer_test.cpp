@@ -16,8 +16,7 @@ namespace {
 
 using testing::BlockText;
 using testing::FormatAt;
-
-QString U(const char* utf8) { return QString::fromUtf8(utf8); }
+using testing::U;
 
 QTextCharFormat Format(bool bold, bool italic, bool underline, bool strike, const QString& family,
                        double points) {
@@ -93,14 +92,9 @@ TEST(RtfWriter, RoundTripKeepsTextAndFormatsAndIsStable) {
         EXPECT_EQ(a.families(), b.families()) << pos;
         EXPECT_EQ(a.pointSizeF(), b.pointSizeF()) << pos;
     }
-    std::vector<Qt::Alignment> aligns;
-    for (QTextBlock b = again.begin(); b.isValid(); b = b.next())
-        aligns.push_back(b.blockFormat().alignment() & Qt::AlignHorizontal_Mask);
-    ASSERT_EQ(aligns.size(), 5u);
-    EXPECT_EQ(aligns[0], Qt::AlignHCenter);
-    EXPECT_EQ(aligns[1], Qt::AlignLeft);
-    EXPECT_EQ(aligns[2], Qt::AlignRight);
-    EXPECT_EQ(aligns[3], Qt::AlignLeft);
+    EXPECT_EQ(testing::Alignments(again),
+              (std::vector<Qt::Alignment>{Qt::AlignHCenter, Qt::AlignLeft, Qt::AlignRight,
+                                          Qt::AlignLeft, Qt::AlignLeft}));
     EXPECT_EQ(WriteRtf(again), first);
 }
 

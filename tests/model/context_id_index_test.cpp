@@ -19,25 +19,17 @@ TEST(ContextIDIndexTest, FindsEveryDefinitionOfANameMapFilesFirstInCollectionOrd
     map.Add("idh_a", "1", "");
     map.Add("IDH_B", "2", "IDH_B");
     map.Add("Idh_A", "3", "");  // unkeyed records may repeat a name
+    map.Add("", "7", "");
     const ContextIDIndex index(&map, &project);
     EXPECT_EQ(Values(index.Named("IDH_a")), (std::vector<std::string>{"1 map", "3 map", "5 hpj"}));
     EXPECT_EQ(Values(index.Named("idh_b")), std::vector<std::string>{"2 map"});
     EXPECT_TRUE(index.Named("IDH_C").empty());
-    EXPECT_TRUE(index.Named("").empty());
-}
-
-TEST(ContextIDIndexTest, EitherCollectionMayBeMissing) {
-    CContextIDs project;
-    project.Add("IDH_X", "&H10", "IDH_X");
-    EXPECT_EQ(Values(ContextIDIndex(nullptr, &project).Named("idh_x")),
-              std::vector<std::string>{"&H10 hpj"});
-    EXPECT_TRUE(ContextIDIndex(nullptr, nullptr).Named("IDH_X").empty());
-}
-
-TEST(ContextIDIndexTest, AnEmptyNameMatchesDefinitionsWithoutAName) {
-    CContextIDs map;
-    map.Add("", "7", "");
-    EXPECT_EQ(Values(ContextIDIndex(&map, nullptr).Named("")), std::vector<std::string>{"7 map"});
+    // An empty name matches the definitions without a name.
+    EXPECT_EQ(Values(index.Named("")), std::vector<std::string>{"7 map"});
+    // Either collection may be missing.
+    EXPECT_EQ(Values(ContextIDIndex(nullptr, &project).Named("idh_a")),
+              std::vector<std::string>{"5 hpj"});
+    EXPECT_TRUE(ContextIDIndex(nullptr, nullptr).Named("IDH_A").empty());
 }
 
 }  // namespace

@@ -44,22 +44,6 @@ TEST(ProfileSections, ALongSectionIsCutToTheBufferLessTwo) {
     EXPECT_EQ(profile::text::GetSection("[S]\r\nabcd\r\n", "S", small, 5), 3);
 }
 
-TEST(ProfileSections, ReadsKeysWithDefaultsAndQuotesRemoved) {
-    testing::TempDir dir;
-    const std::string file = dir.Write("p.hhp", kProject);
-    std::string out;
-    profile::GetString(file, "OPTIONS", "contents file", "!!!!", out);
-    EXPECT_EQ(out, "Table of Contents.hhc");
-    profile::GetString(file, "options", "Index File", "!!!!", out);
-    EXPECT_EQ(out, "Index.hhk");
-    profile::GetString(file, "OPTIONS", "Default Topic", "!!!!", out);
-    EXPECT_EQ(out, "!!!!");
-    profile::GetString(dir / "missing.hhp", "OPTIONS", "x", "dflt", out);
-    EXPECT_EQ(out, "dflt");
-    EXPECT_EQ(profile::GetString(file, "OPTIONS", "Contents File", "", out, 6), 5);
-    EXPECT_EQ(out, "Table");
-}
-
 TEST(ProfileSections, WritingAKeyKeepsTheRestOfTheFileByteForByte) {
     const std::string replaced =
         profile::text::WriteString(kProject, "Options", "CONTENTS FILE", "new.hhc");
@@ -116,11 +100,23 @@ TEST(ProfileSections, InsertedLinesEndAsTheFilesOwnLinesDo) {
     for (const Case& c : cases) EXPECT_EQ(c.written, c.expected);
 }
 
-TEST(ProfileSections, WritesGoToTheFileAndMissingFilesAreCreated) {
+// The file functions read and write through the text ones; what they add is the
+// file: a missing one reads as the default and is created on write.
+TEST(ProfileSections, ReadsAndWritesFilesWithDefaultsAndQuotesRemoved) {
     testing::TempDir dir;
     const std::string file = dir.Write("p.hhp", kProject);
-    EXPECT_EQ(profile::WriteString(file, "OPTIONS", "Default Topic", "html\\a.htm"), 1);
     std::string out;
+    profile::GetString(file, "OPTIONS", "contents file", "!!!!", out);
+    EXPECT_EQ(out, "Table of Contents.hhc");
+    profile::GetString(file, "options", "Index File", "!!!!", out);
+    EXPECT_EQ(out, "Index.hhk");
+    profile::GetString(file, "OPTIONS", "Default Topic", "!!!!", out);
+    EXPECT_EQ(out, "!!!!");
+    profile::GetString(dir / "missing.hhp", "OPTIONS", "x", "dflt", out);
+    EXPECT_EQ(out, "dflt");
+    EXPECT_EQ(profile::GetString(file, "OPTIONS", "Contents File", "", out, 6), 5);
+    EXPECT_EQ(out, "Table");
+    EXPECT_EQ(profile::WriteString(file, "OPTIONS", "Default Topic", "html\\a.htm"), 1);
     profile::GetString(file, "OPTIONS", "Default topic", "", out);
     EXPECT_EQ(out, "html\\a.htm");
     EXPECT_EQ(profile::DeleteSection(file, "FILES"), 1);

@@ -56,4 +56,13 @@ std::string ReadFileBytes(const std::string& path) {
     return s.str();
 }
 
+std::map<std::string, std::string> FilesUnder(const std::string& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
+        if (entry.is_regular_file())
+            files[std::filesystem::relative(entry.path(), root).generic_string()] =
+                ReadFileBytes(entry.path().string());
+    return files;
+}
+
 }  // namespace tamrix::testing

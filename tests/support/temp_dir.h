@@ -1,6 +1,7 @@
 #pragma once
 // A fresh folder under the system's temporary folder, removed with its contents.
 #include <filesystem>
+#include <map>
 #include <string>
 
 namespace tamrix::testing {
@@ -25,5 +26,8 @@ private:
 
 // Reads a whole file as bytes.
 std::string ReadFileBytes(const std::string& path);
+
+// Every regular file under a folder, by its path relative to the folder, with its bytes.
+std::map<std::string, std::string> FilesUnder(const std::string& root);
 
 }  // namespace tamrix::testing

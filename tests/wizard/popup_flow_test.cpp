@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <sstream>
 
-#include "cli/commands.h"
 #include "platform/profile.h"
+#include "support/cli_run.h"
 #include "support/environment.h"
 #include "support/temp_dir.h"
 
@@ -47,13 +46,10 @@ protected:
 };
 
 TEST_F(PopupFlow, WritesThePopupFilesAndActivatesTheCallers) {
-    std::istringstream in;
-    std::ostringstream out, err;
-    ASSERT_EQ(cli::RunCli({"convert", dir / "in/P.hhp", dir / "out/P.hhp", "--hpj",
-                           dir / "in/P.hpj", "--popups", "--yes"},
-                          in, out, err, false, false),
-              0)
-        << err.str();
+    const testing::CliRun run =
+        testing::RunCliWith({"convert", dir / "in/P.hhp", dir / "out/P.hhp", "--hpj",
+                             dir / "in/P.hpj", "--popups", "--yes"});
+    ASSERT_EQ(run.status, 0) << run.err;
 
     EXPECT_EQ(dir.Read("out/popups.js"),
               "// Javascript Popups File written automatically by Tamrix Version 1.0.0\r\n"
