@@ -19,10 +19,17 @@ DateTime Now() {
         }
     }
     std::tm parts{};
+#ifdef _WIN32
+    if (utc)
+        gmtime_s(&parts, &t);
+    else
+        localtime_s(&parts, &t);
+#else
     if (utc)
         gmtime_r(&t, &parts);
     else
         localtime_r(&t, &parts);
+#endif
     return DateTime{parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday,
                     parts.tm_hour,        parts.tm_min,     parts.tm_sec};
 }

@@ -24,10 +24,15 @@ bool IsKind(const std::string& path, native::Kind kind) {
     return status && status->kind == kind;
 }
 
+bool IsRoot(const std::string& path) {
+    return !path.empty() && native::RootLength(path) == path.size();
+}
+
 std::string ParentOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     if (slash == std::string::npos) return ".";
-    if (slash == 0) return "/";
+    if (const std::size_t root = native::RootLength(path); slash < root)
+        return path.substr(0, root);
     return path.substr(0, slash);
 }
 
@@ -67,7 +72,7 @@ std::string FolderPart(const std::string& absolute) {
 std::string NamePart(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 std::string JoinDisk(const std::string& folder, const std::string& name) {
-    return folder == "/" ? "/" + name : folder + "/" + name;
+    return folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
 // The path with every existing ancestor resolved through links; empty when that
@@ -77,7 +82,7 @@ std::string Resolved(const std::string& absolute) {
     const native::Resolution resolution = native::FinalPath(absolute, out);
     if (resolution == native::Resolution::kResolved) return out;
     if (resolution == native::Resolution::kFailed || native::StatusOf(absolute, false) ||
-        absolute == "/")
+        IsRoot(absolute))
         return {};
     const std::string parent = Resolved(ParentOf(absolute));
     if (parent.empty()) return {};
@@ -85,9 +90,8 @@ std::string Resolved(const std::string& absolute) {
 }
 
 bool InsideOrSame(const std::string& path, const std::string& folder) {
-    if (folder == "/") return true;
     return path.compare(0, folder.size(), folder) == 0 &&
-           (path.size() == folder.size() || path[folder.size()] == '/');
+           (path.size() == folder.size() || folder.ends_with('/') || path[folder.size()] == '/');
 }
 
 }  // namespace
@@ -167,9 +171,15 @@ bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
 
 std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
     std::string text = Slashes(path);
-    if (text.empty() || text[0] != '/') {
+    if (native::RootLength(text) == 0) {
         text = native::CurrentFolder() + "/" + text;
+    } else if (text[0] == '/' && (text.size() == 1 || text[1] != '/')) {
+        text = native::CurrentDrive() + text;
     }
+    const std::size_t rootLength = native::RootLength(text);
+    std::string out = text.substr(0, rootLength);
+    if (!out.ends_with('/')) out += '/';
+    text.erase(0, rootLength);
     std::vector<std::string> kept;
     for (const std::string& part : Split(text, '/')) {
         if (part.empty() || part == ".") continue;
@@ -179,9 +189,9 @@ std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
         }
         kept.push_back(part);
     }
-    std::string out;
-    for (const std::string& part : kept) out += "/" + part;
-    return out.empty() ? "/" : out;
+    for (const std::string& part : kept) out += part + "/";
+    if (!kept.empty()) out.pop_back();
+    return out;
 }
 
 std::string FileSystem::BuildPath(std::string_view folder, std::string_view name) const {
@@ -276,7 +286,7 @@ std::optional<FileSystem::Identity> FileSystem::InputFolderOf(const std::string&
     const auto id = IdentityOf(path);
     if (id && std::find(inputFolders_.begin(), inputFolders_.end(), *id) != inputFolders_.end())
         found = id;
-    else if (path != "/")
+    else if (!IsRoot(path))
         found = InputFolderOf(ParentOf(path));
     inputTree_[path] = found;
     return found;
@@ -302,6 +312,8 @@ std::string FileSystem::RefusalReason(const std::string& target,
 }
 
 std::string FileSystem::CheckWritable(const std::string& diskPath) {
+    if (native::IsDeviceName(NamePart(diskPath)))
+        Refuse(diskPath, "its name is reserved for a device");
     const std::string target = Resolved(diskPath);
     const std::string reason =
         RefusalReason(target, target.empty() ? std::nullopt : IdentityOf(target));

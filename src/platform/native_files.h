@@ -35,6 +35,18 @@ std::optional<Status> StatusOf(const std::string& path, bool followLinks = true)
 enum class Resolution { kResolved, kMissing, kFailed };
 Resolution FinalPath(const std::string& path, std::string& out);
 
+// How long the root that `path` starts with is ("/", or on Windows "C:/" or
+// "//server/share/"); 0 for a relative path.
+std::size_t RootLength(std::string_view path);
+
+// The drive a path starting with a single "/" lies on: "C:" on Windows, empty
+// elsewhere.
+std::string CurrentDrive();
+
+// Whether a file name names a device instead (on Windows "CON", "NUL",
+// "COM1".."COM9", "LPT1".."LPT9", "AUX", "PRN", with or without extension).
+bool IsDeviceName(std::string_view name);
+
 // The process's current folder ("/" when it cannot be told).
 std::string CurrentFolder();
 

@@ -81,6 +81,12 @@ Resolution FinalPath(const std::string& path, std::string& out) {
     return errno == ENOENT ? Resolution::kMissing : Resolution::kFailed;
 }
 
+std::size_t RootLength(std::string_view path) { return path.starts_with('/') ? 1 : 0; }
+
+std::string CurrentDrive() { return {}; }
+
+bool IsDeviceName(std::string_view) { return false; }
+
 std::string CurrentFolder() {
     char buf[PATH_MAX];
     return ::getcwd(buf, sizeof buf) != nullptr ? buf : "/";

@@ -9,6 +9,7 @@
 #include "cli/cli_options.h"
 #include "platform/view.h"
 #include "support/cli_run.h"
+#include "support/environment.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -66,8 +67,8 @@ TEST(CliArguments, ParsesEveryOption) {
 
 class CliConvert : public ::testing::Test {
 protected:
-    void SetUp() override { ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1); }
-    void TearDown() override { ::unsetenv("SOURCE_DATE_EPOCH"); }
+    void SetUp() override { testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420"); }
+    void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
     std::vector<std::string> Convert(std::vector<std::string> extra = {}) {
         std::vector<std::string> args = {"convert", Sample("TideClock.hhp"), dir / "out/New.hhp",
                                          "--hpj", Sample("TideClock.hpj")};
@@ -80,7 +81,7 @@ protected:
 // The new folder's question: answered by ID, by the default, by the user on a
 // terminal, or else No, which leaves the wizard at its step and writes nothing.
 TEST(CliAnswers, ByIdByDefaultByTheUserElseNo) {
-    ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+    testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
     const struct {
         std::vector<std::string> extra;
         const char* input;
@@ -106,13 +107,14 @@ TEST(CliAnswers, ByIdByDefaultByTheUserElseNo) {
         EXPECT_EQ(dir.Exists(c.written ? std::string("out/") + c.written : "out"),
                   c.written != nullptr);
     }
-    ::unsetenv("SOURCE_DATE_EPOCH");
+    testing::ClearEnvironment("SOURCE_DATE_EPOCH");
 }
 
 TEST_F(CliConvert, ASecondRunAsks10038AndNoLeavesTheFolderIntact) {
     ASSERT_EQ(RunCliWith(Convert({"--yes"})).status, 0);
     const auto before = testing::FilesUnder(dir / "out");
-    ::setenv("SOURCE_DATE_EPOCH", "1399333420", 1);  // a later run would write other dates
+    testing::SetEnvironment("SOURCE_DATE_EPOCH",
+                            "1399333420");  // a later run would write other dates
     const CliRun no = RunCliWith(Convert({"--no"}));
     EXPECT_EQ(no.status, 1);
     EXPECT_NE(no.err.find("[message 10038]"), std::string::npos);

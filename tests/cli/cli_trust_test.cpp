@@ -13,6 +13,7 @@
 
 #include "hostile/hostile_fixture.h"
 #include "support/cli_run.h"
+#include "support/environment.h"
 
 namespace tamrix {
 namespace {
@@ -24,7 +25,7 @@ using testing::CliRun;
 class CliTrust : public ::testing::Test {
 protected:
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+        testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
         fs::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
                  fs::copy_options::recursive);
         before = testing::TakeSnapshot(dir / "in");
@@ -32,7 +33,7 @@ protected:
     void TearDown() override {
         const auto diff = testing::Differences(before, testing::TakeSnapshot(dir / "in"));
         EXPECT_TRUE(diff.empty()) << ::testing::PrintToString(diff);
-        ::unsetenv("SOURCE_DATE_EPOCH");
+        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
     }
     CliRun Run(const std::vector<std::string>& args) { return testing::RunCliWith(args); }
     CliRun Convert(const std::string& target, std::vector<std::string> extra = {"--yes"}) {

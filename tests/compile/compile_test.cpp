@@ -10,6 +10,7 @@
 #include "compile/compile_project.h"
 #include "compile/compile_rounds.h"
 #include "support/cli_run.h"
+#include "support/environment.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -111,10 +112,10 @@ INSTANTIATE_TEST_SUITE_P(
 // Without chmcmd on PATH the command says how to install it and exits 2.
 TEST(CompileCommand, MissingChmcmdIsExplained) {
     const std::string path = std::getenv("PATH") != nullptr ? std::getenv("PATH") : "";
-    setenv("PATH", "/nonexistent", 1);
+    testing::SetEnvironment("PATH", "/nonexistent");
     std::string out;
     const int status = Cli({"compile", "x.hhp"}, out);
-    setenv("PATH", path.c_str(), 1);
+    testing::SetEnvironment("PATH", path.c_str());
     EXPECT_EQ(status, 2);
     EXPECT_NE(out.find("apt-get install fp-utils"), std::string::npos) << out;
 }

@@ -16,6 +16,7 @@
 #include "model/project_state.h"
 #include "platform/file_system.h"
 #include "rewrite/containment.h"
+#include "support/environment.h"
 #include "support/scripted_wizard_view.h"
 #include "support/temp_dir.h"
 #include "wizard/wizard.h"
@@ -101,7 +102,7 @@ protected:
     static constexpr const char* kOut = "a/b/out";
 
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+        testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
         modGlobals::ResetAll();
         modRewrite::ClearRefusedFiles();
         wizard.Start();
@@ -111,7 +112,7 @@ protected:
         SharedFileSystem().ForgetListings();
         modGlobals::ResetAll();
         modRewrite::ClearRefusedFiles();
-        ::unsetenv("SOURCE_DATE_EPOCH");
+        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
     }
 
     std::string In(const std::string& rel) const { return dir / (std::string(kIn) + "/" + rel); }

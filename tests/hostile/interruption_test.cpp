@@ -28,6 +28,7 @@
 #include "hostile/hostile_fixture.h"
 #include "platform/byte_text.h"
 #include "platform/profile.h"
+#include "support/environment.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
@@ -42,7 +43,7 @@ constexpr const char* kTempPrefix = ".tamrix-";
 pid_t StartConversion(const std::string& in, const std::string& out) {
     const pid_t pid = ::fork();
     if (pid != 0) return pid;
-    ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+    testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
     const int devnull = ::open("/dev/null", O_RDWR);
     ::dup2(devnull, 1);
     ::dup2(devnull, 2);

@@ -1,29 +1,34 @@
 #include "platform/file_system.h"
 
 #include <gtest/gtest.h>
+#ifndef _WIN32
 #include <sys/stat.h>
 #include <unistd.h>
+#endif
 
 #include <filesystem>
 
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
+#include "support/error_of.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
 namespace tamrix {
 namespace {
 
-int ErrorOf(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const BasicError& e) {
-        return e.Number();
-    }
-    return 0;
-}
+using testing::ErrorOf;
+
+// Names that exist only in another case or spelling, on a file system that tells
+// them apart; native_files_windows_test covers Windows paths.
+#ifdef _WIN32
+#define SKIP_ON_WINDOWS(why) GTEST_SKIP() << why
+#else
+#define SKIP_ON_WINDOWS(why)
+#endif
 
 TEST(FileSystemNames, WindowsNamesAreFoundOnDisk) {
+    SKIP_ON_WINDOWS("Windows itself finds names without regard to case");
     testing::TempDir dir;
     dir.Write("Proj/HTML/Afxc0085.htm", "x");
     dir.Write("Proj/html2/dise\xC3\xB1os.htm", "utf8 name");  // as a Linux checkout stores it
@@ -42,13 +47,13 @@ TEST(FileSystemNames, WindowsNamesAreFoundOnDisk) {
 }
 
 TEST(FileSystemNames, AbsolutePathsResolveParentStepsTextually) {
+    SKIP_ON_WINDOWS("Windows paths start with a drive; native_files_windows_test covers them");
     FileSystem fs;
     EXPECT_EQ(fs.GetAbsolutePathName("/a/b/../c/./d.htm"), "/a/c/d.htm");
     EXPECT_EQ(fs.GetAbsolutePathName("/a/b\\..\\..\\..\\x.htm"), "/x.htm");
     EXPECT_EQ(fs.GetAbsolutePathName("/a/b/"), "/a/b");
-    char cwd[4096];
-    ASSERT_NE(::getcwd(cwd, sizeof cwd), nullptr);
-    EXPECT_EQ(fs.GetAbsolutePathName("x\\y.htm"), std::string(cwd) + "/x/y.htm");
+    EXPECT_EQ(fs.GetAbsolutePathName("x\\y.htm"),
+              std::filesystem::current_path().string() + "/x/y.htm");
     EXPECT_EQ(fs.BuildPath("/a", "b.htm"), "/a/b.htm");
     EXPECT_EQ(fs.BuildPath("/a/", "b.htm"), "/a/b.htm");
     EXPECT_EQ(fs.BuildPath("/a\\", "\\b.htm"), "/a\\b.htm");
@@ -81,11 +86,13 @@ TEST(FileSystemText, BadInputGivesAnErrorNumberNotACrash) {
     std::string line;
     ASSERT_TRUE(reader.ReadLine(line));
     EXPECT_EQ(line.size(), big.size() + 1);
+#ifndef _WIN32               // no mode bits there: native_files_windows_test locks a file instead
     if (::geteuid() != 0) {  // root reads everything
         const std::string locked = dir.Write("locked.htm", "x");
         ::chmod(locked.c_str(), 0);
         EXPECT_EQ(ErrorOf([&] { fs.ReadAll(locked); }), err::kPermission);
     }
+#endif
 }
 
 TEST(FileSystemWrites, WritesAtomicallyAndListsFolders) {
@@ -119,6 +126,7 @@ TEST(FileSystemWrites, WritesAtomicallyAndListsFolders) {
 }
 
 TEST(FileSystemWrites, NothingIsWrittenOutsideTheWriteRoot) {
+    SKIP_ON_WINDOWS("creating symbolic links needs a privilege there");
     testing::TempDir dir;
     FileSystem fs;
     fs.CreateFolder(dir / "new");
@@ -140,6 +148,7 @@ TEST(FileSystemWrites, NothingIsWrittenOutsideTheWriteRoot) {
 // The input project's folder tree is refused by what a path resolves to, not by
 // how it is spelled; a new folder strictly inside it is the one place to write.
 TEST(FileSystemWrites, TheInputFoldersAreRefusedByIdentity) {
+    SKIP_ON_WINDOWS("creating symbolic links needs a privilege there");
     testing::TempDir dir;
     dir.Write("in/t.hhp", "x");
     dir.Write("in/new/old.htm", "input");  // read before the write root is set

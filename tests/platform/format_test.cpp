@@ -6,6 +6,7 @@
 
 #include "platform/clock.h"
 #include "platform/program_identity.h"
+#include "support/environment.h"
 
 namespace tamrix {
 namespace {
@@ -55,11 +56,11 @@ TEST(FormatDate, EnglishMonthsAndTwelveHourClockWithAmPm) {
 
 // The written files' own dates are checked byte for byte where they are written.
 TEST(Clock, HonoursSourceDateEpoch) {
-    ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);  // 2011-03-05 13:57:00 UTC
+    testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");  // 2011-03-05 13:57:00 UTC
     EXPECT_EQ(LogDateText(), "March 05, 2011: 01:57 PM");
-    ::setenv("SOURCE_DATE_EPOCH", "not a number", 1);
+    testing::SetEnvironment("SOURCE_DATE_EPOCH", "not a number");
     EXPECT_GT(Now().year, 2020);  // falls back to the real clock
-    ::unsetenv("SOURCE_DATE_EPOCH");
+    testing::ClearEnvironment("SOURCE_DATE_EPOCH");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "model/project_state.h"
 #include "platform/program_identity.h"
 #include "platform/view.h"
+#include "support/environment.h"
 #include "support/script_check.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
@@ -36,12 +37,12 @@ std::string TopicHtml(const std::string& bodyLines) {
 class PopupWriters : public ::testing::Test {
 protected:
     void SetUp() override {
-        setenv("SOURCE_DATE_EPOCH", "1299334020", 1);
+        testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299334020");
         modGlobals::ResetAll();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
     }
     void TearDown() override {
-        unsetenv("SOURCE_DATE_EPOCH");
+        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
         modGlobals::ResetAll();
     }
 

@@ -12,6 +12,7 @@
 #include "model/wizard_state.h"
 #include "platform/program_identity.h"
 #include "reports/c_summary.h"
+#include "support/environment.h"
 #include "support/scripted_view.h"
 
 namespace tamrix::testing {
@@ -32,12 +33,12 @@ class LogTest : public ::testing::Test {
 protected:
     explicit LogTest(const char* epoch) : epoch_(epoch) {}
     void SetUp() override {
-        setenv("SOURCE_DATE_EPOCH", epoch_, 1);
+        testing::SetEnvironment("SOURCE_DATE_EPOCH", epoch_);
         modGlobals::ResetAll();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
     }
     void TearDown() override {
-        unsetenv("SOURCE_DATE_EPOCH");
+        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
         modGlobals::ResetAll();
     }
     std::shared_ptr<CTopicFile> AddTopic(const std::string& file, const std::string& context,

@@ -162,16 +162,22 @@ TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
     EXPECT_TRUE(Copy(true));
     EXPECT_EQ(Tree(newDir), (std::map<std::string, std::string>{{"images/B.bmp", "BM"},
                                                                 {"images/a.gif", "GIF89a"}}));
-    // Names are compared exactly: another case is no clash.
+    // Names are compared exactly: another case is no clash, except where the file
+    // system takes it for the same name and the copy would replace it.
+#ifdef _WIN32
+    const std::size_t caseClash = 1;
+#else
+    const std::size_t caseClash = 0;
+#endif
     std::filesystem::rename(newDir + "/images/a.gif", newDir + "/images/A.GIF");
     std::filesystem::remove(newDir + "/images/B.bmp");
     EXPECT_TRUE(Copy(true));
-    EXPECT_EQ(view.messages.size(), 3u);
+    EXPECT_EQ(view.messages.size(), 3u + caseClash);
     // Without asking, an existing copy is replaced.
     tmp.Write("work/new/images/B.bmp", "old copy");
     EXPECT_TRUE(Copy(false));
     EXPECT_EQ(tmp.Read("work/new/images/B.bmp"), "BM");
-    EXPECT_EQ(view.messages.size(), 3u);
+    EXPECT_EQ(view.messages.size(), 3u + caseClash);
 }
 
 }  // namespace

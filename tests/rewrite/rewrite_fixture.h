@@ -15,6 +15,7 @@
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "rewrite/containment.h"
+#include "support/environment.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
@@ -23,7 +24,7 @@ namespace tamrix::testing {
 class RewriteTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333960", 1);  // March 05, 2011 14:06 UTC
+        testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333960");  // March 05, 2011 14:06 UTC
         modGlobals::ResetAll();
         modRewrite::ClearRefusedFiles();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
@@ -59,7 +60,7 @@ protected:
         const std::filesystem::path root = under.empty() ? tmp.Path() : under;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
             if (entry.is_regular_file())
-                files[std::filesystem::relative(entry.path(), root).string()] =
+                files[std::filesystem::relative(entry.path(), root).generic_string()] =
                     ReadFileBytes(entry.path().string());
         return files;
     }

@@ -1,7 +1,9 @@
 #pragma once
 // Runs the command line in the test process and keeps what it printed, or
 // tamrix-cli as a program of its own through the shell.
+#ifndef _WIN32
 #include <sys/wait.h>
+#endif
 
 #include <cstdlib>
 #include <sstream>
@@ -35,7 +37,11 @@ inline std::string Quote(const std::string& s) { return "'" + s + "'"; }
 // Exit status of a shell command, -1 when it did not exit.
 inline int Shell(const std::string& command) {
     const int status = std::system(command.c_str());
+#ifdef _WIN32
+    return status;  // the exit code itself there
+#else
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+#endif
 }
 
 }  // namespace tamrix::testing

@@ -6,11 +6,12 @@
 #include <string>
 
 #include "model/project_state.h"
+#include "support/environment.h"
 
 namespace tamrix::testing {
 
 inline void PrepareSampleCopy(const std::filesystem::path& dir) {
-    ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
+    testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
     modGlobals::ResetAll();
     std::filesystem::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
                           std::filesystem::copy_options::recursive);

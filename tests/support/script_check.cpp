@@ -1,5 +1,7 @@
 #include "support/script_check.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -7,6 +9,12 @@
 namespace tamrix::testing {
 
 std::string ScriptSyntaxErrors(const std::string& path) {
+#ifdef _WIN32
+    // node parses the script in the Linux build; compare-windows.sh shows that the
+    // Windows build writes the same bytes.
+    [&] { GTEST_SKIP() << "no node to parse " << path << " here"; }();
+    return {};
+#else
     if (std::system("node --version >/dev/null 2>&1") != 0)
         return "node is not installed (scripts/install-deps.sh installs it)";
     std::string quoted = "'";
@@ -20,6 +28,7 @@ std::string ScriptSyntaxErrors(const std::string& path) {
         output += buffer.data();
     if (pclose(pipe) == 0) return {};
     return output.empty() ? "node --check failed" : output;
+#endif
 }
 
 }  // namespace tamrix::testing

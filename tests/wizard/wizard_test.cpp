@@ -10,6 +10,7 @@
 #include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
+#include "support/environment.h"
 #include "support/sample_copy.h"
 #include "support/scripted_wizard_view.h"
 #include "support/temp_dir.h"
@@ -28,7 +29,7 @@ protected:
     void TearDown() override {
         SharedFileSystem().SetWriteRoot({});
         modGlobals::ResetAll();
-        ::unsetenv("SOURCE_DATE_EPOCH");
+        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
     }
     void Next() { wizard.cmdNav_Click(kNavNext); }
     // Steps 0 to 3 with the sample and its WinHelp project.

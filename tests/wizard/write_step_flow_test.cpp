@@ -10,6 +10,7 @@
 #include "platform/file_system.h"
 #include "platform/profile.h"
 #include "rewrite/project_writer.h"
+#include "support/environment.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 #include "wizard/write_step.h"
@@ -34,7 +35,7 @@ public:
 class WriteStepFlow : public ::testing::Test {
 protected:
     void SetUp() override {
-        ::setenv("SOURCE_DATE_EPOCH", "1299333960", 1);
+        testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333960");
         modGlobals::ResetAll();
         modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
         wizard.Projectname = tmp.Write("old/p.hhp",
