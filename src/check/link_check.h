@@ -10,13 +10,15 @@
 #include <vector>
 
 #include "check/problem.h"
+#include "platform/file_system.h"
 
 namespace tamrix::check {
 
 class LinkChecker {
 public:
     // `folder` is the project's folder, ending in a separator.
-    explicit LinkChecker(std::string folder);
+    /// Checks the links of the project in `folder`, reading through `fs`.
+    LinkChecker(FileSystem& fs, std::string folder);
     ~LinkChecker();
 
     // Reads an HTML file (a topic, the contents or the index) named relative to the
@@ -41,6 +43,7 @@ private:
     bool Exists(const std::string& key);
     void CheckLink(const HtmlFile& from, const Link& link, std::vector<Problem>& problems);
 
+    FileSystem& fs_;
     std::string folder_;
     std::unordered_map<std::string, std::unique_ptr<HtmlFile>> files_;  // by key
     std::unordered_map<std::string, bool> exists_;                      // by key

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file_system.h"
+
 namespace tamrix::check {
 
 struct SourceLine {
@@ -17,7 +19,10 @@ struct SourceLine {
 class ProjectSections {
 public:
     // Raises BasicError when the file cannot be read.
-    explicit ProjectSections(const std::string& projectFile);
+    ProjectSections(FileSystem& fs, const std::string& projectFile);
+
+    /// The file-system service the project is read through.
+    FileSystem& Files() const { return fs_; }
 
     const std::string& ProjectFile() const { return projectFile_; }
     // The project's folder, ending in a separator.
@@ -28,12 +33,13 @@ public:
     std::string Option(std::string_view key) const;
 
 private:
+    FileSystem& fs_;
     std::string projectFile_;
     std::string folder_;
     std::map<std::string, std::vector<SourceLine>> sections_;  // by folded name
 };
 
 // The lines of a text file, numbered and trimmed; blank lines are left out.
-std::vector<SourceLine> ReadNumberedLines(const std::string& file);
+std::vector<SourceLine> ReadNumberedLines(FileSystem& fs, const std::string& file);
 
 }  // namespace tamrix::check

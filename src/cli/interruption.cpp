@@ -5,8 +5,6 @@
 #include <cstdlib>
 #include <utility>
 
-#include "platform/file_system.h"
-
 namespace tamrix::cli {
 namespace {
 
@@ -19,14 +17,13 @@ std::function<void()>& Report() {
     return report;
 }
 
-// Runs between two files: nothing is half-written, so the run can end here.
+}  // namespace
+
 void StopIfInterrupted() {
     if (g_interrupted == 0) return;
     if (Report()) Report()();
     std::_Exit(kInterruptedStatus);
 }
-
-}  // namespace
 
 void InstallInterruptHandlers() {
     struct sigaction action {};
@@ -34,7 +31,6 @@ void InstallInterruptHandlers() {
     sigemptyset(&action.sa_mask);
     ::sigaction(SIGINT, &action, nullptr);
     ::sigaction(SIGTERM, &action, nullptr);
-    SharedFileSystem().SetInterruptCheck(StopIfInterrupted);
 }
 
 bool InterruptRequested() { return g_interrupted != 0; }

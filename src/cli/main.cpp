@@ -7,6 +7,7 @@
 
 #include "cli/commands.h"
 #include "cli/interruption.h"
+#include "model/conversion.h"
 
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);

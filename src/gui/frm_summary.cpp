@@ -332,11 +332,11 @@ std::string FrmSummary::PlainText() const {
 bool FrmSummary::LoadFile(const std::string& path, FileKind kind) {
     std::string bytes;
     try {
-        bytes = SharedFileSystem().ReadAll(path);
+        bytes = files_.ReadAll(path);
     } catch (...) {
         return false;
     }
-    loadedFile_ = SharedFileSystem().GetAbsolutePathName(path);
+    loadedFile_ = FileSystem::GetAbsolutePathName(path);
     if (kind == kRichText && LooksLikeRtf(bytes)) {
         QTextDocument* doc = rtfItems_->document();
         doc->setDefaultFont(LogFont());
@@ -371,7 +371,7 @@ const char* FrmSummary::SaveFilter() {
 // in the new project's folder, or else in the user's home.
 std::string FrmSummary::SaveFolder() const {
     const std::string folder = options_.saveFolder ? options_.saveFolder() : std::string();
-    if (!folder.empty() && SharedFileSystem().FolderExists(folder)) return folder;
+    if (!folder.empty() && files_.FolderExists(folder)) return folder;
     return QDir::homePath().toStdString();
 }
 
@@ -384,7 +384,7 @@ bool FrmSummary::Save() {
         const SaveChoice choice = options_.dialogs.saveFile(this, request);
         if (choice.path.empty()) return false;
         if (readOnly_ && !loadedFile_.empty() &&
-            EqualsNoCase(SharedFileSystem().GetAbsolutePathName(choice.path), loadedFile_)) {
+            EqualsNoCase(FileSystem::GetAbsolutePathName(choice.path), loadedFile_)) {
             modMessages::ShowMessage(
                 "This file was opened as Read-Only.\r\nPlease save it under a different file name.",
                 mb::kExclamation, kProgramName, {}, 0);

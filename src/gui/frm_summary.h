@@ -8,6 +8,7 @@
 #include <string>
 
 #include "gui/summary_dialogs.h"
+#include "platform/file_system.h"
 
 class QAction;
 class QComboBox;
@@ -108,6 +109,7 @@ private:
     std::string saveFileName_;
     bool readOnly_ = false;
     bool printerPresent_ = false;
+    mutable FileSystem files_;  // the viewer reads outside any conversion
     std::string loadedFile_;
     std::unique_ptr<CPrintRTF> printing_;
     QString findText_;

@@ -21,6 +21,7 @@
 #include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
+#include "model/conversion.h"
 
 #include "gui/about_box.h"
 #include "gui/app_icon.h"
@@ -540,7 +541,7 @@ void FrmWizard::CheckNewProject() {
     std::string project;
     if (!wizard_->NewRootPath.empty() && !wizard_->NewProjectName.empty())
         project = modUtilities::MakeFullPathforFile(wizard_->NewRootPath, wizard_->NewProjectName);
-    if (!modUtilities::FileExists(project))
+    if (!modUtilities::FileExists(wizard_->Files, project))
         project = OpenFileDialog({"Check New Project",
                                   "HTML Help Project Files (*.hhp)|*.hhp|All Files (*.*)|*.*",
                                   "hhp",
@@ -561,7 +562,7 @@ void FrmWizard::Start(const std::string& projectName) {
     UpdateBoxPosition();
     wizard_->Start();
     if (!projectName.empty()) {
-        wizard_->controls.txtProjectName = SharedFileSystem().GetAbsolutePathName(projectName);
+        wizard_->controls.txtProjectName = FileSystem::GetAbsolutePathName(projectName);
         WizardChanged(*wizard_);
     }
     FocusStep(wizard_->CurrentStep());
@@ -628,7 +629,7 @@ void FrmWizard::RefreshControls(const Wizard& wizard) {
         lblNewProject_->clear();
     lblNewProject_->setVisible(wizard.RewriteDone);
     cmdOpenFolder_->setEnabled(wizard.RewriteDone &&
-                               modUtilities::FolderExists(wizard.NewRootPath));
+                               modUtilities::FolderExists(wizard_->Files, wizard.NewRootPath));
     lblHHPSummary_->setText(ProjectSummary(wizard));
     lblHHPSummary_->setVisible(!wizard.Projectname.empty());
 }

@@ -6,6 +6,7 @@
 #include "gui/app_icon.h"
 #include "gui/frm_wizard.h"
 #include "gui/summary_viewer.h"
+#include "model/conversion.h"
 #include "platform/program_identity.h"
 #include "platform/view.h"
 

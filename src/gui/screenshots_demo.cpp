@@ -17,6 +17,7 @@
 #include "gui/message_form.h"
 #include "gui/summary_viewer.h"
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "platform/file_system.h"
 #include "wizard/options_dialog.h"
 
@@ -93,7 +94,7 @@ int main(int argc, char** argv) {
     ok = Save(window, pictures, 4) && ok;
     window.NavButton(tamrix::kNavNext)->click();
     ok = Save(window, pictures, 5) && ok;
-    tamrix::SharedFileSystem().SetWriteRoot({});
+    window.GetWizard().Files.SetWriteRoot({});
 
     // The scan log from the new folder, in the viewer over the wizard.
     window.MenuAction("mnuViewScanLog")->trigger();

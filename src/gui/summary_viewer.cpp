@@ -50,7 +50,7 @@ std::string SummaryViewer::ChooseFileToView(const std::string& filter, bool /*re
     request.title = "Select File for Viewing";
     request.filter = filter;
     const std::string chosen = dialogs_.openFile(form_.get(), request);
-    if (chosen.empty() || !SharedFileSystem().FileExists(chosen)) return {};
+    if (chosen.empty() || !FileSystem().FileExists(chosen)) return {};
     return chosen;
 }
 

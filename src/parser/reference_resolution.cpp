@@ -3,6 +3,7 @@
 #include <memory>
 #include <unordered_map>
 #include <vector>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -39,7 +40,7 @@ NameIndex IndexTopicNames(const CTopicFiles& topicFiles) {
 }
 
 void CountDefinitions(const CContextIDs& definitions, const NameIndex& index,
-                      WizardState* progress) {
+                      Conversion* progress) {
     long position = 0;
     for (const auto& definition : definitions) {
         const auto it = index.find(Fold(definition->ContextString));
@@ -52,10 +53,10 @@ void CountDefinitions(const CContextIDs& definitions, const NameIndex& index,
 
 }  // namespace
 
-bool UpdateInternalReferences(WizardState& wizard) {
+bool UpdateInternalReferences(Conversion& wizard) {
     return Guarded("modUtilities:UpdateInternalReferences", false, [&] {
-        if (!modGlobals::TopicFiles) return true;
-        const CTopicFiles& topicFiles = *modGlobals::TopicFiles;
+        if (!wizard.Globals.TopicFiles) return true;
+        const CTopicFiles& topicFiles = *wizard.Globals.TopicFiles;
         std::shared_ptr<CTopicFile> previous;
         for (const auto& topic : topicFiles) {
             for (const auto& target : topic->targets()) {
@@ -97,31 +98,31 @@ bool CheckProjectValidity(const CTopicFiles* topicFiles) {
     });
 }
 
-bool CountExternalReferences(WizardState& wizard) {
+bool CountExternalReferences(Conversion& wizard) {
     return Guarded("modUtilities:CountExternalReferences", false, [&] {
-        if (!modGlobals::TopicFiles) return true;
-        const NameIndex index = IndexTopicNames(*modGlobals::TopicFiles);
-        if (modGlobals::MapContextIDs) {
-            InitializeProgressBar(wizard, modGlobals::MapContextIDs->Count(),
+        if (!wizard.Globals.TopicFiles) return true;
+        const NameIndex index = IndexTopicNames(*wizard.Globals.TopicFiles);
+        if (wizard.Globals.MapContextIDs) {
+            InitializeProgressBar(wizard, wizard.Globals.MapContextIDs->Count(),
                                   "Setting External References ...");
-            CountDefinitions(*modGlobals::MapContextIDs, index, &wizard);
+            CountDefinitions(*wizard.Globals.MapContextIDs, index, &wizard);
         }
-        if (modGlobals::ProjectContextIDs)
-            CountDefinitions(*modGlobals::ProjectContextIDs, index, nullptr);
+        if (wizard.Globals.ProjectContextIDs)
+            CountDefinitions(*wizard.Globals.ProjectContextIDs, index, nullptr);
         return true;
     });
 }
 
-bool UpdateExternalReferences(WizardState& wizard) {
+bool UpdateExternalReferences(Conversion& wizard) {
     return Guarded("modUtilities:UpdateExternalReferences", false, [&] {
-        if (!modGlobals::MapContextIDs || !modGlobals::TopicFiles) return true;
-        InitializeProgressBar(wizard, modGlobals::MapContextIDs->Count(),
+        if (!wizard.Globals.MapContextIDs || !wizard.Globals.TopicFiles) return true;
+        InitializeProgressBar(wizard, wizard.Globals.MapContextIDs->Count(),
                               "Updating External Reference Values ...");
         long position = 0;
-        for (const auto& definition : *modGlobals::MapContextIDs) {
+        for (const auto& definition : *wizard.Globals.MapContextIDs) {
             if (definition->FileDefined) {
                 if (auto topic =
-                        modGlobals::TopicFiles->FirstWithContext(definition->ContextString))
+                        wizard.Globals.TopicFiles->FirstWithContext(definition->ContextString))
                     topic->ContextIDValueString = definition->ContextID;
             }
             UpdateProgressBar(wizard, ++position);

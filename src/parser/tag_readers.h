@@ -8,6 +8,10 @@
 #include "model/c_target.h"
 #include "platform/file_system.h"
 
+namespace tamrix {
+class Conversion;
+}
+
 namespace tamrix::modParser {
 
 // The quoted value after "HREF=", or empty. A missing quote is reported (error 0).
@@ -17,12 +21,12 @@ std::string HTMLAnchorName(std::string_view tag);
 
 // The next anchor, from its "<A" up to and including the first "</A>", or empty
 // at the end of the stream. Text after that "</A>" that opens another "<A" is kept
-// in modGlobals::PendingAnchorText for the next call.
-std::string HTMLAnchor(TextReader& stream);
+// in wizard.Globals.PendingAnchorText for the next call.
+std::string HTMLAnchor(Conversion& wizard, TextReader& stream);
 // The next "<AREA" tag up to its ">", or empty at the end; one tag per line.
-std::string HTMLArea(TextReader& stream);
+std::string HTMLArea(Conversion& wizard, TextReader& stream);
 // The next "<OBJECT" element up to its "</OBJECT>", or empty at the end; one per line.
-std::string HTMLObject(TextReader& stream);
+std::string HTMLObject(Conversion& wizard, TextReader& stream);
 
 // Whether an equal TargetString (without regard to case) is present.
 bool CTargetExists(const CTargets& targets, std::string_view target);

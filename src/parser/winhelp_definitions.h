@@ -8,6 +8,10 @@
 #include "model/c_alias.h"
 #include "model/c_context_id.h"
 
+namespace tamrix {
+class Conversion;
+}
+
 namespace tamrix::modParser {
 
 // Adds the context ID of one definition line to `collection`. The "NAME VALUE"
@@ -15,10 +19,10 @@ namespace tamrix::modParser {
 // files only when ReadNameValueLines is set (otherwise it is counted). Overflowing
 // values go to InvalidContextIDs, conflicting redefinitions to DuplicateContextIDs.
 // fileName is not used.
-void AddContextIDFromString(std::string_view line, CContextIDs& collection,
+void AddContextIDFromString(Conversion& wizard, std::string_view line, CContextIDs& collection,
                             std::string_view fileName, int mapFileIndex);
 // Adds one "ALIAS = TOPIC [comment]" line to ProjectAliases unless the alias is known.
-void AddAliasFromString(std::string_view line);
+void AddAliasFromString(Conversion& wizard, std::string_view line);
 bool ThisAliasExists(const CAliases& aliases, std::string_view name);
 // The definition of `name` (without regard to case), or nullptr.
 std::shared_ptr<CContextID> ExistingContextID(const CContextIDs& collection, std::string_view name);

@@ -4,13 +4,15 @@
 #include <string>
 #include <string_view>
 
+#include "platform/file_system.h"
+
 namespace tamrix {
 
 class TextBuffer {
 public:
     // File operations raise BasicError on failure.
-    void LoadFile(std::string_view path);
-    void SaveFile(std::string_view path) const;
+    void LoadFile(FileSystem& fs, std::string_view path);
+    void SaveFile(FileSystem& fs, std::string_view path) const;
 
     const std::string& Text() const { return text_; }
     void SetText(std::string text);

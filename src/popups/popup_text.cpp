@@ -1,6 +1,7 @@
 #include "popups/popup_text.h"
 
 #include <algorithm>
+#include "model/conversion.h"
 
 #include "model/project_state.h"
 #include "parser/tag_readers.h"
@@ -50,7 +51,7 @@ std::string RemoveScriptListTags(std::string text) {
 
 }  // namespace
 
-PopupText CleanPopupBody(std::string body, PopupKind kind) {
+PopupText CleanPopupBody(const ProjectState& project, std::string body, PopupKind kind) {
     using namespace modStrings;
     const bool script = kind == PopupKind::Script;
     PopupText result;
@@ -61,23 +62,25 @@ PopupText CleanPopupBody(std::string body, PopupKind kind) {
     text = ReplaceAll(text, "<BR>", "");
     if (script) {
         text = ReplaceSpecialChars(RemoveHTMLTags(TrimNewLines(text)));
-        if (modGlobals::RemoveScriptLinks && ContainsNoCase(text, "HREF="))
+        if (project.RemoveScriptLinks && ContainsNoCase(text, "HREF="))
             text = RemoveHREFs(text);
-        else if (modGlobals::RemovePopupImages && ContainsNoCase(text, "<IMG "))
+        else if (project.RemovePopupImages && ContainsNoCase(text, "<IMG "))
             text = RemoveIMGs(text);
     } else {
         text = RemoveHTMLTags(text);
-        if (modGlobals::RemoveTextLinks && ContainsNoCase(text, "HREF=")) text = RemoveHREFs(text);
-        if (modGlobals::RemovePopupImages && ContainsNoCase(text, "<IMG ")) text = RemoveIMGs(text);
+        if (project.RemoveTextLinks && ContainsNoCase(text, "HREF=")) text = RemoveHREFs(text);
+        if (project.RemovePopupImages && ContainsNoCase(text, "<IMG ")) text = RemoveIMGs(text);
         text = TrimNewLines(text);
     }
     result.text = std::move(text);
     return result;
 }
 
-PopupText ReadPopupTopic(const std::string& root, const CTopicFile& topic, PopupKind kind) {
-    TextReader reader(modUtilities::MakeFullPathforFile(root, "html/" + topic.NewFileName));
-    return CleanPopupBody(HTMLBodyContents(reader), kind);
+PopupText ReadPopupTopic(Conversion& wizard, const std::string& root, const CTopicFile& topic,
+                         PopupKind kind) {
+    TextReader reader(wizard.Files,
+                      modUtilities::MakeFullPathforFile(root, "html/" + topic.NewFileName));
+    return CleanPopupBody(wizard.Globals, HTMLBodyContents(reader), kind);
 }
 
 std::string PopupName(const CTopicFile& topic, const std::string& anchorName) {

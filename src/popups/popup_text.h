@@ -3,6 +3,11 @@
 #include <string>
 
 #include "model/c_topic_file.h"
+#include "model/project_state.h"
+
+namespace tamrix {
+class Conversion;
+}
 
 namespace tamrix::modPopups {
 
@@ -15,10 +20,11 @@ struct PopupText {
 };
 
 // Cleans the body text of a popup topic for the given kind of popup.
-PopupText CleanPopupBody(std::string body, PopupKind kind);
+PopupText CleanPopupBody(const ProjectState& project, std::string body, PopupKind kind);
 // Reads the topic's renamed file under root + "html/" and cleans its body.
 // Raises BasicError when the file cannot be read.
-PopupText ReadPopupTopic(const std::string& root, const CTopicFile& topic, PopupKind kind);
+PopupText ReadPopupTopic(Conversion& wizard, const std::string& root, const CTopicFile& topic,
+                         PopupKind kind);
 // The name a popup is called by: the body's anchor name when it is set and
 // differs from the topic ID, otherwise the topic ID.
 std::string PopupName(const CTopicFile& topic, const std::string& anchorName);

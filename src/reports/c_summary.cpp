@@ -1,6 +1,7 @@
 #include "reports/c_summary.h"
 
 #include <cmath>
+#include "model/conversion.h"
 
 #include "platform/byte_text.h"
 #include "platform/counter16.h"
@@ -108,9 +109,9 @@ void CSummary::Show(int modal) {
     });
 }
 
-bool CSummary::SaveAsTextFile(const std::string& fileName) const {
+bool CSummary::SaveAsTextFile(FileSystem& fs, const std::string& fileName) const {
     try {
-        SharedFileSystem().WriteAll(fileName, document_);
+        fs.WriteAll(fileName, document_);
         return true;
     } catch (...) {
         return false;
@@ -187,9 +188,9 @@ std::string CSummary::dblFormat(double value) {
     return std::string(width - text.size(), ' ') + text;
 }
 
-bool SaveReport(const CSummary* report, const std::string& fileName) {
+bool SaveReport(FileSystem& fs, const CSummary* report, const std::string& fileName) {
     if (report == nullptr) return false;
-    report->SaveAsTextFile(fileName);
+    report->SaveAsTextFile(fs, fileName);
     return true;
 }
 

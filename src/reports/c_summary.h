@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/file_system.h"
 #include "reports/i_report.h"
 
 namespace tamrix {
@@ -51,7 +52,7 @@ public:
 
     const std::string& Text() const { return document_; }
     // Saves the document as plain text; false (and no message) on failure.
-    bool SaveAsTextFile(const std::string& fileName) const;
+    bool SaveAsTextFile(FileSystem& fs, const std::string& fileName) const;
     // Shows a file in the viewer; an empty name asks for one.
     void ViewFile(const std::string& filter, bool readOnly, const std::string& fileName);
 
@@ -72,6 +73,6 @@ private:
 };
 
 // Saves a report as plain text: true when the report is set, whatever the save gave.
-bool SaveReport(const CSummary* report, const std::string& fileName);
+bool SaveReport(FileSystem& fs, const CSummary* report, const std::string& fileName);
 
 }  // namespace tamrix

@@ -1,6 +1,7 @@
 #include "rewrite/containment.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "platform/byte_text.h"
 
 namespace tamrix::modRewrite {
@@ -67,7 +68,7 @@ bool IsWindowsFileName(std::string_view name) {
     return !IsDeviceName(name);
 }
 
-void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName) {
+void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName) {
     auto& refused = Refused();
     bool known = false;
     for (const std::string& name : refused) known = known || EqualsNoCase(name, relativeName);
@@ -78,7 +79,7 @@ void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName) {
                              mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
 }
 
-void RefuseTopicID(WizardState& wizard, const std::string& oldName, const std::string& topicId) {
+void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::string& topicId) {
     RefusedIDs().push_back(oldName + " (Topic ID \"" + topicId + "\")");
     modMessages::ShowMessage("The topic ID \"" + topicId +
                                  "\" cannot be a file name.\nThe topic file keeps its name \"" +

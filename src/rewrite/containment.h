@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 
 namespace tamrix::modRewrite {
 
@@ -22,11 +22,11 @@ bool IsSafeRelativeName(std::string_view relativeName);
 bool IsWindowsFileName(std::string_view name);
 
 // Tells the user that `relativeName` is not written and keeps it for the log.
-void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName);
+void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName);
 
 // Tells the user that a topic keeps its old file name because its topic ID
 // cannot be one, and keeps "old name (topic ID)" for the log.
-void RefuseTopicID(WizardState& wizard, const std::string& oldName, const std::string& topicId);
+void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::string& topicId);
 
 // The names refused since the last ClearRefusedFiles, in order, without repeats.
 const std::vector<std::string>& RefusedFiles();

@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/context_id_value.h"
 #include "parser/winhelp_reader.h"
@@ -29,8 +30,8 @@ std::string UniqueCopyName(std::unordered_set<std::string>& taken, const std::st
 
 }  // namespace
 
-bool CopyMapFiles(const std::vector<std::string>& includedMapFiles, int includedCount,
-                  const std::string& newRootPath, NewFileList& newMapFiles) {
+bool CopyMapFiles(Conversion& wizard, const std::vector<std::string>& includedMapFiles,
+                  int includedCount, const std::string& newRootPath, NewFileList& newMapFiles) {
     return Guarded("modRewrite:CopyMapFiles", false, [&] {
         const int count = std::min<int>(includedCount, static_cast<int>(includedMapFiles.size()));
         std::unordered_set<std::string> taken;
@@ -42,19 +43,19 @@ bool CopyMapFiles(const std::vector<std::string>& includedMapFiles, int included
                 continue;
             }
             name = UniqueCopyName(taken, WithHeaderExtension(name));
-            modParser::AddMapFile(newMapFiles.names, newMapFiles.count, name);
-            SharedFileSystem().CopyFile(oldPath,
-                                        modUtilities::MakeFullPathforFile(newRootPath, name));
+            modParser::AddMapFile(wizard, newMapFiles.names, newMapFiles.count, name);
+            wizard.Files.CopyFile(oldPath, modUtilities::MakeFullPathforFile(newRootPath, name));
         }
         return true;
     });
 }
 
-bool AddMapFiles(const NewFileList& newMapFiles, const std::string& newProjectFile) {
+bool AddMapFiles(Conversion& wizard, const NewFileList& newMapFiles,
+                 const std::string& newProjectFile) {
     return Guarded("modRewrite:AddMapFiles", false, [&] {
         std::string old;
-        if (profile::GetSection(newProjectFile, "MAP", old) > 0)
-            profile::WriteSection(newProjectFile, "MAP", "");
+        if (profile::GetSection(wizard.Files, newProjectFile, "MAP", old) > 0)
+            profile::WriteSection(wizard.Files, newProjectFile, "MAP", "");
         std::string section;
         const int count =
             std::min<int>(newMapFiles.count, static_cast<int>(newMapFiles.names.size()));
@@ -64,20 +65,21 @@ bool AddMapFiles(const NewFileList& newMapFiles, const std::string& newProjectFi
             // A substring test, so "a.h" is not listed again after "#include ba.h".
             if (!ContainsNoCase(section, name)) section += "#include " + name + '\0';
         }
-        const auto& own = modGlobals::ProjectContextIDs;
+        const auto& own = wizard.Globals.ProjectContextIDs;
         if (own && own->Count() >= 1) {
             std::string name = "NewMap.h";
-            if (WriteNewMapFile(name, modUtilities::FilePathOnly(newProjectFile)) && !name.empty())
+            if (WriteNewMapFile(wizard, name, modUtilities::FilePathOnly(newProjectFile)) &&
+                !name.empty())
                 section += "#include " + name + '\0';
         }
-        profile::WriteSection(newProjectFile, "MAP", section);
+        profile::WriteSection(wizard.Files, newProjectFile, "MAP", section);
         return true;
     });
 }
 
-bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
+bool WriteNewMapFile(Conversion& wizard, std::string& mapFileName, const std::string& folder) {
     return Guarded("modRewrite:WriteNewMapFile", false, [&] {
-        const auto& ids = modGlobals::ProjectContextIDs;
+        const auto& ids = wizard.Globals.ProjectContextIDs;
         if (!ids) {
             modMessages::ShowMessage("No Map definitions read from the WinHelp project file.",
                                      mb::kOKOnly, "Writing Alias File", {}, 0);
@@ -90,7 +92,7 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
             return true;
         }
         std::string path = modUtilities::MakeFullPathforFile(folder, name);
-        if (modUtilities::FileExists(path) &&
+        if (modUtilities::FileExists(wizard.Files, path) &&
             modMessages::AskMessage(modMessages::FromCatalogue(10018, path),
                                     mb::kYesNo | mb::kQuestion, "Writing Map File",
                                     {}) == mb::kNo) {
@@ -118,7 +120,7 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
                     id->Comment;
             text += kCrLf;
         }
-        SharedFileSystem().WriteAll(path, text);
+        wizard.Files.WriteAll(path, text);
         return true;
     });
 }

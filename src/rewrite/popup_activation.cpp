@@ -1,6 +1,7 @@
 #include "rewrite/popup_activation.h"
 
 #include <algorithm>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -54,7 +55,7 @@ bool NeedsDeclarations(const CTopicFile& caller, const TextBuffer& buffer) {
            !ContainsNoCase(buffer.Text(), ControlDeclaration(LineEndOf(buffer.Text())));
 }
 
-void ReportBadFormat(WizardState& wizard, const std::string& fileName, int errorNumber) {
+void ReportBadFormat(Conversion& wizard, const std::string& fileName, int errorNumber) {
     modMessages::ShowMessage("Bad format in Topic File " + fileName, mb::kExclamation,
                              "Writing Java Links", wizard.Box(), 0);
     ReportProgramError(errorNumber, "modRewrite:ModifyPopupFiles");
@@ -79,13 +80,13 @@ std::string PopupScriptPath(std::string_view folder) {
     return path + "popups.js";
 }
 
-bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
+bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
     std::string current;  // the calling file being edited, named when it fails
     try {
-        FileSystem& fs = SharedFileSystem();
+        FileSystem& fs = wizard.Files;
         const std::string backupFolder = modUtilities::MakeFullPathforFile(root, "html\\NoPopups");
         if (!fs.FolderExists(backupFolder)) fs.CreateFolder(backupFolder);
-        const CTopicFiles* topics = modGlobals::TopicFiles.get();
+        const CTopicFiles* topics = wizard.Globals.TopicFiles.get();
         modUtilities::InitializeProgressBar(wizard, topics == nullptr ? 0 : topics->Count(),
                                             "Editing the Topic Files that call Java Popups ...");
         if (topics == nullptr) return true;
@@ -105,7 +106,7 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
                 const auto popup = topics->Find(Before(target->TargetString, '#'));
                 if (popup == nullptr || !IsPopupToActivate(*popup, *caller)) continue;
                 if (!loaded) {
-                    buffer.LoadFile(path);
+                    buffer.LoadFile(wizard.Files, path);
                     loaded = true;
                 }
                 if (!declared && NeedsDeclarations(*caller, buffer)) {
@@ -126,7 +127,7 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
             }
             // Saved once with all its links, so a file is either as written before or done.
             if (dirty) {
-                buffer.SaveFile(path);
+                buffer.SaveFile(wizard.Files, path);
                 caller->JavaModified = true;
             }
         }

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "model/c_topic_file.h"
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 #include "platform/text_buffer.h"
 
 namespace tamrix::modRewrite {
@@ -16,7 +16,7 @@ std::string PopupScriptPath(std::string_view folder);
 
 // Converts the links to script popups in every topic file of the new project
 // under root; an unmodified copy of each edited file goes to root\html\NoPopups.
-bool ModifyPopupFiles(WizardState& wizard, const std::string& root);
+bool ModifyPopupFiles(Conversion& wizard, const std::string& root);
 // Converts every link after "<BODY" that starts with <A HREF="NewFileName of the
 // popup into a call of POPUPS.TextPopup with the popup's topic ID.
 bool AddJavaLinks(TextBuffer& buffer, const CTopicFile& popupTopic);

@@ -1,6 +1,7 @@
 #include "rewrite/topic_rewriter.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
@@ -20,7 +21,7 @@ std::string TargetBase(const std::string& target) {
 
 }  // namespace
 
-bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string& oldProjectFile,
+bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& oldProjectFile,
                       const std::string& newRootPath, const std::string& cssLink) {
     return Guarded("modRewrite:RewriteTopicFile", false, [&] {
         const std::string oldFolder = modUtilities::FilePathOnly(oldProjectFile);
@@ -30,17 +31,18 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
             RefuseOutsideFile(wizard, relFolder + topic.NewFileName);
             return true;
         }
-        modUtilities::CreateFolder(newRootPath, relFolder);  // a failure shows when saving
+        modUtilities::CreateFolder(wizard.Files, newRootPath,
+                                   relFolder);  // a failure shows when saving
         const std::string newPath = newRootPath + "\\" + relFolder + topic.NewFileName;
 
-        FileSystem& fs = SharedFileSystem();
+        FileSystem& fs = wizard.Files;
         const std::string old = fs.ReadAll(oldPath);
         // Each target's file name is replaced wherever it stands by the new name of
         // the topic it names; a name that names no topic is only looked for.
         std::vector<NameReplacement> names;
         for (const auto& target : topic.targets()) {
             const std::string base = TargetBase(target->TargetString);
-            std::string newName = NewTopicFileName(base);
+            std::string newName = NewTopicFileName(wizard, base);
             const bool unknown = newName.empty();
             names.push_back({base, std::move(newName), unknown});
         }

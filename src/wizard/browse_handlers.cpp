@@ -1,5 +1,6 @@
 // The Browse buttons of steps 1, 2 and 3.
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "parser/project_reader.h"
 #include "parser/winhelp_reader.h"
 #include "platform/byte_text.h"
@@ -32,11 +33,11 @@ bool AcceptExtension(const std::string& path, const char* extension, long messag
 
 void Wizard::FillProjectLabels(std::string& topicLabel) {
     topicLabel = DisplayTopicCount;
-    const std::string index = modParser::GetIndexFileName(controls.txtProjectName);
-    if (modUtilities::FileExists(index))
+    const std::string index = modParser::GetIndexFileName(*this, controls.txtProjectName);
+    if (modUtilities::FileExists(Files, index))
         controls.lblIndexFile = modUtilities::FileNameNoPath(index);
-    const std::string contents = modParser::GetContentsFileName(controls.txtProjectName);
-    if (modUtilities::FileExists(contents))
+    const std::string contents = modParser::GetContentsFileName(*this, controls.txtProjectName);
+    if (modUtilities::FileExists(Files, contents))
         controls.lblContents = modUtilities::FileNameNoPath(contents);
 }
 

@@ -1,5 +1,6 @@
 // The work done when the wizard leaves a step forwards.
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/project_reader.h"
 #include "parser/reference_resolution.h"
@@ -45,13 +46,13 @@ int Wizard::NextStep(int currentStep) {
                     ContentsFile.clear();
                     controls.lblIndexFile.clear();
                     controls.lblContents.clear();
-                    const std::string index = modParser::GetIndexFileName(Projectname);
-                    if (modUtilities::FileExists(index)) {
+                    const std::string index = modParser::GetIndexFileName(*this, Projectname);
+                    if (modUtilities::FileExists(Files, index)) {
                         IndexFile = modUtilities::FileNameNoPath(index);
                         controls.lblIndexFile = IndexFile;
                     }
-                    const std::string contents = modParser::GetContentsFileName(Projectname);
-                    if (modUtilities::FileExists(contents)) {
+                    const std::string contents = modParser::GetContentsFileName(*this, Projectname);
+                    if (modUtilities::FileExists(Files, contents)) {
                         ContentsFile = modUtilities::FileNameNoPath(contents);
                         controls.lblContents = ContentsFile;
                     }
@@ -104,9 +105,9 @@ bool Wizard::NextFromWinHelpFile() {
     const bool scanned = ScanProjectFiles(*this);
     BusyUI(false);
     if (scanned) {
-        const long topics = modGlobals::TopicFiles ? modGlobals::TopicFiles->Count() : 0;
+        const long topics = Globals.TopicFiles ? Globals.TopicFiles->Count() : 0;
         controls.lblContextCount = std::to_string(topics);
-        UntitledCount = modUtilities::UntitledTopics(modGlobals::TopicFiles.get());
+        UntitledCount = modUtilities::UntitledTopics(Globals.TopicFiles.get());
         UntitledCountText = std::to_string(UntitledCount);
         controls.lblUntitledCount = UntitledCountText;
         scanLog_.reset();
@@ -115,8 +116,8 @@ bool Wizard::NextFromWinHelpFile() {
         ScanComplete = true;
         menus.mnuViewScanLog.enabled = true;
         menus.mnuViewOldprojectFile.enabled = true;
-        const long ids = (modGlobals::MapContextIDs ? modGlobals::MapContextIDs->Count() : 0) +
-                         (modGlobals::ProjectAliases ? modGlobals::ProjectAliases->Count() : 0);
+        const long ids = (Globals.MapContextIDs ? Globals.MapContextIDs->Count() : 0) +
+                         (Globals.ProjectAliases ? Globals.ProjectAliases->Count() : 0);
         controls.lblContextIDs = std::to_string(ids);
         SuggestNewProjectPath();
     }
@@ -159,15 +160,16 @@ void Wizard::WriteLogsAndPopups() {
         scanLog_ = std::make_unique<CSummary>();
         if (!modUtilities::MakeScanLogSummary(*this, *scanLog_)) scanLog_.reset();
     }
-    SaveReport(scanLog_.get(), modUtilities::MakeFullPathforFile(NewRootPath, "scan.log"));
+    SaveReport(Files, scanLog_.get(), modUtilities::MakeFullPathforFile(NewRootPath, "scan.log"));
 
     // 2. The rewrite log.
     BusyUI(true);
     SetProgressCaption("Generating Rewrite Log ...");
     rewriteLog_ = std::make_unique<CSummary>();
-    const bool rewriteLogged = modUtilities::MakeRewriteLogSummary(*this, *rewriteLog_) &&
-                               SaveReport(rewriteLog_.get(), modUtilities::MakeFullPathforFile(
-                                                                 NewRootPath, "rewrite.log"));
+    const bool rewriteLogged =
+        modUtilities::MakeRewriteLogSummary(*this, *rewriteLog_) &&
+        SaveReport(Files, rewriteLog_.get(),
+                   modUtilities::MakeFullPathforFile(NewRootPath, "rewrite.log"));
     SetProgressCaption("Wrote Rewrite Report");
     menus.mnuViewRewriteLog.enabled = true;
     menus.mnuViewNewProjectFile.enabled = true;
@@ -176,12 +178,11 @@ void Wizard::WriteLogsAndPopups() {
 
     // 3. Popup text, only after the rewrite log was written.
     BusyUI(true);
-    if (modUtilities::UpdateExternalReferences(*this) && UntitledCount >= 1 &&
-        modGlobals::TopicFiles) {
+    if (modUtilities::UpdateExternalReferences(*this) && UntitledCount >= 1 && Globals.TopicFiles) {
         modUtilities::InitializeProgressBar(*this, UntitledCount,
                                             "Extracting Popup Text from Untitled Topics ...");
         int count = 0;
-        bool ok = modPopups::WriteJavaPopupStrings(*this, *modGlobals::TopicFiles, NewRootPath,
+        bool ok = modPopups::WriteJavaPopupStrings(*this, *Globals.TopicFiles, NewRootPath,
                                                    "popups.js", count);
         bool scriptPopups = false;
         bool appPopups = false;
@@ -189,23 +190,24 @@ void Wizard::WriteLogsAndPopups() {
             NumPopupStrings = count;
             scriptPopups = count != 0;
             PopupStringFile = "popups.js";
-            if (modGlobals::MapContextIDs || modGlobals::ProjectAliases) {
+            if (Globals.MapContextIDs || Globals.ProjectAliases) {
                 int appCount = 0;
-                ok = modPopups::WriteAppPopupStrings(*this, *modGlobals::TopicFiles, NewRootPath,
+                ok = modPopups::WriteAppPopupStrings(*this, *Globals.TopicFiles, NewRootPath,
                                                      "cshelp.txt", appCount);
                 appPopups = ok && appCount != 0;
                 NumTextPopups = ok ? appCount : 0;
             }
         }
         if (ok) {
-            modPopups::AddPopupFiles(modUtilities::MakeFullPathforFile(NewRootPath, NewProjectName),
+            modPopups::AddPopupFiles(*this,
+                                     modUtilities::MakeFullPathforFile(NewRootPath, NewProjectName),
                                      scriptPopups, appPopups);
             SetProgressCaption("Extracted and wrote text string files for popups.");
-            const std::string leftOut = modPopups::LeftOutPopupsMessage(*modGlobals::TopicFiles);
+            const std::string leftOut = modPopups::LeftOutPopupsMessage(*this, *Globals.TopicFiles);
             if (!leftOut.empty()) StepMessage += "\r\n" + leftOut;
             popupLog_ = std::make_unique<CSummary>();
             if (modUtilities::MakePopupLogSummary(*this, *popupLog_))
-                SaveReport(popupLog_.get(),
+                SaveReport(Files, popupLog_.get(),
                            modUtilities::MakeFullPathforFile(NewRootPath, "popups.log"));
             else
                 popupLog_.reset();

@@ -1,13 +1,14 @@
 #include "wizard/wizard.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "platform/file_system.h"
 #include "platform/program_error.h"
 
 namespace tamrix {
 
-Wizard::Wizard(IWizardView& view) : WizardState(&view), view_(view) {
+Wizard::Wizard(IWizardView& view) : Conversion(view), view_(view) {
     menus.mnuViewOldprojectFile.enabled = false;
     // Enabled once the popups step has been left.
     menus.mnuToolsFormatMapFiles.enabled = false;
@@ -29,13 +30,12 @@ std::string Wizard::NavCaption(int index) const {
 std::string Wizard::Caption() const { return "Tamrix - " + StepCaption(currentStep_); }
 
 void Wizard::Start() {
-    modGlobals::IgnoreZeroIDs = true;
+    Globals.IgnoreZeroIDs = true;
     menus.mnuOptionsIgnoreZeroIDs.checked = true;
-    modGlobals::ReadNameValueLines = false;
+    Globals.ReadNameValueLines = false;
     menus.mnuOptionsReadNameValue.checked = false;
     menus.mnuOptionstest.visible = menus.mnuOptionstest.enabled = false;
     menus.mnuOptionsSep1.visible = false;
-    SharedFileSystem();
     controls.lblPrinterVisible = !view_.HasAnyPrinters();
     ShowStep(0);
 }
@@ -173,10 +173,10 @@ void Wizard::ExitProgram() {
 }
 
 void Wizard::ResetProject() {
-    modGlobals::CloseProject();
-    modGlobals::RenamedTopicIDs.clear();
-    modGlobals::InvalidContextIDs.clear();
-    modGlobals::ContentsTopic.clear();
+    Globals.CloseProject();
+    Globals.RenamedTopicIDs.clear();
+    Globals.InvalidContextIDs.clear();
+    Globals.ContentsTopic.clear();
     Projectname.clear();
     ProjectFolder.clear();
     WinHelpProjectName.clear();
@@ -206,7 +206,7 @@ void Wizard::ResetProject() {
     } else {
         ResetOptions();
     }
-    SharedFileSystem().SetWriteRoot({});
+    Files.SetWriteRoot({});
 }
 
 void Wizard::Refresh() { view_.ProcessEvents(); }

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 #include "reports/c_summary.h"
 #include "wizard/options_dialog.h"
 #include "wizard/wizard_view.h"
@@ -65,7 +65,7 @@ struct WizardMenus {
     MenuEntry mnuHelp, mnuHelpAbout, mnuHelpProgram;
 };
 
-class Wizard : public WizardState {
+class Wizard : public Conversion {
 public:
     static constexpr int kStepCount = 6;
     static constexpr const char* kHelpFileName = "Tamrix.chm";

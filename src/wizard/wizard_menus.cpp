@@ -1,5 +1,6 @@
 // The View, Options and Help menus of the wizard window.
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "platform/path_helpers.h"
 #include "wizard/wizard.h"
@@ -50,7 +51,7 @@ void Wizard::mnuViewHTM_Click() {
 void Wizard::ViewReportOrFile(std::unique_ptr<CSummary>& log, const std::string& fileName) {
     if (!NewRootPath.empty()) {
         const std::string path = modUtilities::MakeFullPathforFile(NewRootPath, fileName);
-        if (modUtilities::FileExists(path)) ViewFile(path, kLogFilter, false);
+        if (modUtilities::FileExists(Files, path)) ViewFile(path, kLogFilter, false);
         return;
     }
     if (log) log->Show(0);
@@ -63,7 +64,7 @@ void Wizard::mnuViewScanLog_Click() {
     }
     if (RewriteDone) {
         const std::string path = modUtilities::MakeFullPathforFile(NewRootPath, "scan.log");
-        if (modUtilities::FileExists(path)) ViewFile(path, kLogFilter, false);
+        if (modUtilities::FileExists(Files, path)) ViewFile(path, kLogFilter, false);
     } else if (!ScanComplete) {
         modMessages::ShowMessageID(10009, mb::kInformation, "View Scan Log", "", Box());
     } else if (scanLog_) {
@@ -86,7 +87,7 @@ void Wizard::mnuOptionsHTML_Click() {
 
 void Wizard::mnuOptionsIgnoreZeroIDs_Click() {
     menus.mnuOptionsIgnoreZeroIDs.checked = !menus.mnuOptionsIgnoreZeroIDs.checked;
-    modGlobals::IgnoreZeroIDs = menus.mnuOptionsIgnoreZeroIDs.checked;
+    Globals.IgnoreZeroIDs = menus.mnuOptionsIgnoreZeroIDs.checked;
     controls.chkIgnoreZeroIDs = menus.mnuOptionsIgnoreZeroIDs.checked;
     Changed();
 }
@@ -98,7 +99,7 @@ void Wizard::mnuOptionsReformatMap_Click() {
 
 void Wizard::mnuOptionsReadNameValue_Click() {
     menus.mnuOptionsReadNameValue.checked = !menus.mnuOptionsReadNameValue.checked;
-    modGlobals::ReadNameValueLines = menus.mnuOptionsReadNameValue.checked;
+    Globals.ReadNameValueLines = menus.mnuOptionsReadNameValue.checked;
     Changed();
 }
 

@@ -59,8 +59,6 @@ protected:
     void TearDown() override {
         active.reset();
         window.reset();
-        SharedFileSystem().SetWriteRoot({});
-        modGlobals::ResetAll();
         ::unsetenv("SOURCE_DATE_EPOCH");
     }
 

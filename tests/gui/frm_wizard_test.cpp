@@ -221,15 +221,15 @@ TEST_F(FrmWizardTest, MenusFollowTheBusyStateAndToggles) {
     QAction* ignoreZero = window->MenuAction("mnuOptionsIgnoreZeroIDs");
     ignoreZero->trigger();
     EXPECT_FALSE(ignoreZero->isChecked());
-    EXPECT_FALSE(modGlobals::IgnoreZeroIDs);
+    EXPECT_FALSE(window->GetWizard().Globals.IgnoreZeroIDs);
     ignoreZero->trigger();
     EXPECT_TRUE(ignoreZero->isChecked());
-    EXPECT_TRUE(modGlobals::IgnoreZeroIDs);
+    EXPECT_TRUE(window->GetWizard().Globals.IgnoreZeroIDs);
     QAction* nameValue = window->MenuAction("mnuOptionsReadNameValue");
     EXPECT_FALSE(nameValue->isChecked());
     nameValue->trigger();
     EXPECT_TRUE(nameValue->isChecked());
-    EXPECT_TRUE(modGlobals::ReadNameValueLines);
+    EXPECT_TRUE(window->GetWizard().Globals.ReadNameValueLines);
     window->MenuAction("mnuViewHTM")->trigger();
     EXPECT_EQ(messages.back().text, "Not implemented");
     // The View menu's old project entry without a project: message 10022.

@@ -102,14 +102,10 @@ protected:
 
     void SetUp() override {
         ::setenv("SOURCE_DATE_EPOCH", "1299333420", 1);
-        modGlobals::ResetAll();
         modRewrite::ClearRefusedFiles();
         wizard.Start();
     }
     void TearDown() override {
-        SharedFileSystem().SetWriteRoot({});
-        SharedFileSystem().ForgetListings();
-        modGlobals::ResetAll();
         modRewrite::ClearRefusedFiles();
         ::unsetenv("SOURCE_DATE_EPOCH");
     }

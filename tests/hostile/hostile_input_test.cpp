@@ -44,9 +44,8 @@ TEST_F(HostileInput, ALinkedFolderInTheNewFolderLeadsNowhere) {
     before = testing::TakeSnapshot(dir.Path(), kOut);
     Convert();
     EXPECT_TRUE(fs::is_empty(dir / "elsewhere")) << AllMessages();
-    ASSERT_FALSE(SharedFileSystem().RefusedWrites().empty());
-    EXPECT_EQ(SharedFileSystem().RefusedWrites()[0].reason,
-              "it lies outside the new project folder");
+    ASSERT_FALSE(wizard.Files.RefusedWrites().empty());
+    EXPECT_EQ(wizard.Files.RefusedWrites()[0].reason, "it lies outside the new project folder");
     ExpectOnlyNewFolderWritten();
 }
 

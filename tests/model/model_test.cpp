@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "model/conversion.h"
 #include "model/project_state.h"
-#include "model/wizard_state.h"
 #include "support/scripted_view.h"
 
 namespace tamrix {
@@ -9,8 +9,6 @@ namespace {
 
 class ModelTest : public ::testing::Test {
 protected:
-    void SetUp() override { modGlobals::ResetAll(); }
-    void TearDown() override { modGlobals::ResetAll(); }
     testing::ScriptedView view;
     ScopedActiveView active{view};
 };
@@ -89,7 +87,7 @@ TEST_F(ModelTest, IndexedLookupsKeepTheFirstMatchInCollectionOrder) {
 }
 
 TEST_F(ModelTest, ProgressIgnoresValuesAboveTheMaximumAndRepaintsEveryTenth) {
-    WizardState wizard(&view);
+    Conversion wizard(view);
     modUtilities::InitializeProgressBar(wizard, 0, "Parsing Project File");
     EXPECT_EQ(wizard.ProgressCaption(), "Parsing Project File");
     EXPECT_FALSE(wizard.ProgressVisible());

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "popups/body_reader.h"
@@ -146,8 +147,8 @@ TEST(HtmlToTextFuzz, EveryFunctionEndsOnTagSoup) {
         const std::string body = modPopups::HTMLBodyContents(reader);
         EXPECT_LE(body.size(), 2 * s.size());
         for (auto kind : {modPopups::PopupKind::Script, modPopups::PopupKind::TextPopup}) {
-            modPopups::CleanPopupBody(s, kind);
-            modPopups::CleanPopupBody(body, kind);
+            modPopups::CleanPopupBody(ProjectState{}, s, kind);
+            modPopups::CleanPopupBody(ProjectState{}, body, kind);
         }
     }
 }

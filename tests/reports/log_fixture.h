@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "model/conversion.h"
 #include "model/project_state.h"
-#include "model/wizard_state.h"
 #include "platform/program_identity.h"
 #include "reports/c_summary.h"
 #include "support/scripted_view.h"
@@ -33,13 +33,9 @@ protected:
     explicit LogTest(const char* epoch) : epoch_(epoch) {}
     void SetUp() override {
         setenv("SOURCE_DATE_EPOCH", epoch_, 1);
-        modGlobals::ResetAll();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
     }
-    void TearDown() override {
-        unsetenv("SOURCE_DATE_EPOCH");
-        modGlobals::ResetAll();
-    }
+    void TearDown() override { unsetenv("SOURCE_DATE_EPOCH"); }
     std::shared_ptr<CTopicFile> AddTopic(const std::string& file, const std::string& context,
                                          bool hasTitle) {
         auto topic = std::make_shared<CTopicFile>();
@@ -48,13 +44,13 @@ protected:
         topic->Context = context;
         topic->NewFileName = context.empty() ? file : context + ".htm";
         topic->HasTitle = hasTitle;
-        modGlobals::TopicFiles->Add(topic, file);
+        wizard.Globals.TopicFiles->Add(topic, file);
         return topic;
     }
 
     ScriptedView view;
     ScopedActiveView active{view};
-    WizardState wizard{&view};
+    Conversion wizard{view};
     CSummary report;
 
 private:

@@ -81,7 +81,7 @@ TEST_F(ProjectFileTest, StopsWhenOneNameOccursMoreThanTenTimes) {
 }
 
 TEST_F(ProjectFileTest, WithoutAScanShowsWhatToDo) {
-    modGlobals::TopicFiles.reset();
+    wizard.Globals.TopicFiles.reset();
     EXPECT_FALSE(modRewrite::RewriteProjectFile(wizard, "", newDir + "/n.hhp"));
     EXPECT_FALSE(modRewrite::RewriteProjectFile(wizard, oldDir + "/p.hhp", newDir + "/n.hhp"));
     EXPECT_EQ(view.MessageIds(), (std::vector<long>{10010, 10009}));
@@ -97,17 +97,17 @@ TEST_F(ProjectFileTest, WritesTheDefaultTopicOnlyForAKnownContentsTopic) {
     const std::string renamed = "[OPTIONS]\r\nTitle=x\r\n\r\n[FILES]\r\npages\\Main.htm\r\n";
     EXPECT_EQ(Write(text), renamed);
 
-    modGlobals::ContentsTopic = "NoSuchTopic";
+    wizard.Globals.ContentsTopic = "NoSuchTopic";
     EXPECT_EQ(Write(text), renamed);
     EXPECT_TRUE(ok);
-    EXPECT_FALSE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
+    EXPECT_FALSE(modRewrite::SetDefaultTopic(wizard, newDir + "/n.hhp"));
 
     // The folder "html" is fixed, whatever folder the topic lies in.
-    modGlobals::ContentsTopic = "MAIN";
+    wizard.Globals.ContentsTopic = "MAIN";
     EXPECT_EQ(Write(text),
               "[OPTIONS]\r\nTitle=x\r\nDefault Topic=html\\Main.htm\r\n\r\n[FILES]\r\n"
               "pages\\Main.htm\r\n");
-    EXPECT_TRUE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
+    EXPECT_TRUE(modRewrite::SetDefaultTopic(wizard, newDir + "/n.hhp"));
 }
 
 TEST_F(RewriteTest, NewTopicFileNameLooksUpTheGeneratedName) {
@@ -115,11 +115,11 @@ TEST_F(RewriteTest, NewTopicFileNameLooksUpTheGeneratedName) {
     AddTopic("html\\afxc0002.htm", "");
     std::string names;
     for (const char* old : {"AFXC0001.HTM", "afxc0002.htm", "html\\afxc0001.htm", "other.htm"})
-        names += modRewrite::NewTopicFileName(old) + "|";
+        names += modRewrite::NewTopicFileName(wizard, old) + "|";
     // A topic without an ID keeps its name.
     EXPECT_EQ(names, "main.htm|afxc0002.htm|||");
-    modGlobals::TopicFiles.reset();
-    EXPECT_EQ(modRewrite::NewTopicFileName("afxc0001.htm"), "");
+    wizard.Globals.TopicFiles.reset();
+    EXPECT_EQ(modRewrite::NewTopicFileName(wizard, "afxc0001.htm"), "");
 }
 
 TEST_F(RewriteTest, StyleSheetIsCreatedOnceAndLinkedFromOneFolderDown) {
@@ -138,12 +138,12 @@ TEST_F(RewriteTest, StyleSheetIsCreatedOnceAndLinkedFromOneFolderDown) {
               "<link rel=\"stylesheet\" type=\"text/css\" href=\"../Mine.css\">");
     EXPECT_EQ(tmp.Read("work/new/Mine.css"), "p { color: red }");
 
-    EXPECT_TRUE(modRewrite::CreateCSSFile(newDir + "/plain.css", false));
+    EXPECT_TRUE(modRewrite::CreateCSSFile(wizard, newDir + "/plain.css", false));
     EXPECT_EQ(tmp.Read("work/new/plain.css"), "Body{ }\r\n\r\n");
 }
 
 TEST_F(RewriteTest, StyleSheetNameOutsideTheFolderIsRefused) {
-    SharedFileSystem().SetWriteRoot("");  // the check alone must keep it out
+    wizard.Files.SetWriteRoot("");  // the check alone must keep it out
     wizard.AddCssLink = true;
     wizard.CssFileName = "..\\..\\evil.css";
     modRewrite::MakeCSSLinkString(wizard, newDir);
@@ -196,7 +196,7 @@ TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
 TEST_F(ImageFolderTest, AFolderThatCannotBeCreatedIsReported) {
     tmp.Write("old/images/a.gif", "GIF89a");
     const std::string missing = tmp / "nowhere/deeper";
-    SharedFileSystem().SetWriteRoot(missing);
+    wizard.Files.SetWriteRoot(missing);
     EXPECT_FALSE(modRewrite::CopyImageFolder(wizard, oldDir + "/p.hhp", missing, false));
     ASSERT_EQ(view.MessageIds(), std::vector<long>{10013});
     EXPECT_EQ(view.messages[0].style, mb::kExclamation);

@@ -106,7 +106,7 @@ TEST_F(TopicFileTest, TheStyleSheetLinkFollowsTheCaretWhenTheHeadEndIsMissing) {
 }
 
 TEST_F(TopicFileTest, HostileNamesCreateNothingOutsideTheNewFolder) {
-    SharedFileSystem().SetWriteRoot("");  // the check alone must keep them out
+    wizard.Files.SetWriteRoot("");  // the check alone must keep them out
     const auto upTwice = AddTopic("..\\..\\evil.htm", "evil");
     const auto anchorUp = AddTopic("html\\a1.htm", "../evil");
     const auto anchorSep = AddTopic("html\\a2.htm", "sub\\evil");

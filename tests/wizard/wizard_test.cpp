@@ -25,11 +25,7 @@ protected:
         testing::PrepareSampleCopy(dir.Path());
         wizard.Start();
     }
-    void TearDown() override {
-        SharedFileSystem().SetWriteRoot({});
-        modGlobals::ResetAll();
-        ::unsetenv("SOURCE_DATE_EPOCH");
-    }
+    void TearDown() override { ::unsetenv("SOURCE_DATE_EPOCH"); }
     void Next() { wizard.cmdNav_Click(kNavNext); }
     // Steps 0 to 3 with the sample and its WinHelp project.
     void ScanSample(bool withHpj = true) {
@@ -88,8 +84,8 @@ TEST_F(WizardTest, ScanWithoutAWinHelpProjectHasNoContextIds) {
     ScanSample(false);
     ASSERT_EQ(wizard.CurrentStep(), 3);
     EXPECT_TRUE(wizard.ScanComplete);
-    EXPECT_EQ(modGlobals::MapContextIDs, nullptr);
-    EXPECT_EQ(modGlobals::ProjectContextIDs, nullptr);
+    EXPECT_EQ(wizard.Globals.MapContextIDs, nullptr);
+    EXPECT_EQ(wizard.Globals.ProjectContextIDs, nullptr);
     EXPECT_EQ(wizard.controls.lblContextIDs, "0");
     EXPECT_FALSE(wizard.controls.chkMapData);
     EXPECT_EQ(wizard.controls.lblUntitledCount, "11");
@@ -106,9 +102,9 @@ TEST_F(WizardTest, ScanWithTheWinHelpProjectReadsMapAndAliases) {
     ASSERT_EQ(wizard.CurrentStep(), 3);
     EXPECT_TRUE(wizard.controls.chkMapData);
     EXPECT_TRUE(wizard.controls.chkAliasData);
-    ASSERT_NE(modGlobals::MapContextIDs, nullptr);
-    EXPECT_EQ(modGlobals::MapContextIDs->Count(), 17);
-    EXPECT_EQ(modGlobals::ProjectAliases->Count(), 4);
+    ASSERT_NE(wizard.Globals.MapContextIDs, nullptr);
+    EXPECT_EQ(wizard.Globals.MapContextIDs->Count(), 17);
+    EXPECT_EQ(wizard.Globals.ProjectAliases->Count(), 4);
     EXPECT_EQ(wizard.controls.lblContextIDs, "21");
     EXPECT_EQ(wizard.Caption(), "Tamrix - New HTML Project");
 }
@@ -125,7 +121,7 @@ TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
                                              "[MAP]\r\n#include <TideClock.hm>\r\n"));
     EXPECT_FALSE(wizard.menus.mnuOptionsReadNameValue.checked);
     ScanSample();
-    EXPECT_EQ(modGlobals::MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
+    EXPECT_EQ(wizard.Globals.MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
     EXPECT_NE(view.FindMessage("2 lines of the map files defining an ID as \"NAME VALUE\" (as "
                                "Visual C++ writes them) not read. To read them, tick "
                                "Options/\"Read Name-Value Lines in Map Files\" and scan again."),
@@ -133,7 +129,7 @@ TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
     wizard.mnuOptionsReadNameValue_Click();
     wizard.cmdNav_Click(kNavBack);
     Next();  // scans again
-    ASSERT_NE(modGlobals::MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
+    ASSERT_NE(wizard.Globals.MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
 }
 
 TEST_F(WizardTest, HelpAsksForTheContextOfTheCurrentStep) {
@@ -211,7 +207,7 @@ TEST_F(WizardTest, CancelOffersARestartAndClearsTheProject) {
     wizard.cmdNav_Click(kNavCancel);
     EXPECT_EQ(wizard.CurrentStep(), 0);
     EXPECT_TRUE(wizard.Projectname.empty());
-    EXPECT_EQ(modGlobals::TopicFiles, nullptr);
+    EXPECT_EQ(wizard.Globals.TopicFiles, nullptr);
     EXPECT_TRUE(wizard.controls.txtProjectName.empty());
     EXPECT_FALSE(wizard.menus.mnuViewScanLog.enabled);
     view.answers = {mb::kYes};
@@ -344,7 +340,7 @@ TEST_F(WizardTest, TheRunsCheckBoxesActOnTheRestart) {
         Next();
         wizard.chkIgnoreZeroIDs_Click();
         EXPECT_FALSE(wizard.menus.mnuOptionsIgnoreZeroIDs.checked);
-        EXPECT_FALSE(modGlobals::IgnoreZeroIDs);
+        EXPECT_FALSE(wizard.Globals.IgnoreZeroIDs);
         wizard.mnuOptionsHTML_Click();
         wizard.controls.chkShowIntro = c.showIntro;
         wizard.controls.chkSaveSettings = c.saveSettings;
@@ -352,7 +348,7 @@ TEST_F(WizardTest, TheRunsCheckBoxesActOnTheRestart) {
         wizard.cmdNav_Click(kNavCancel);
         EXPECT_EQ(wizard.CurrentStep(), c.stepAfterRestart);
         EXPECT_TRUE(wizard.controls.txtProjectName.empty());
-        EXPECT_EQ(modGlobals::IgnoreZeroIDs, c.ignoreZeroAfter);
+        EXPECT_EQ(wizard.Globals.IgnoreZeroIDs, c.ignoreZeroAfter);
         EXPECT_EQ(wizard.controls.chkIgnoreZeroIDs, c.ignoreZeroAfter);
         EXPECT_EQ(wizard.Options() != nullptr, c.htmlOptionsKept);
     }
