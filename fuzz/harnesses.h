@@ -103,20 +103,20 @@ inline int TopicScanner(const std::uint8_t* data, std::size_t size) {
     int hotspots = 0;
     modParser::ParseTopicFile(run.wizard, file, title, topicId, targets, hotspots, extraIds);
     modParser::FindContextID(run.wizard, file, topicId);
-    modParser::HTMLHrefTarget(text);
-    modParser::HTMLAnchorName(text);
+    modParser::HTMLHrefTarget(run.wizard.Errors, text);
+    modParser::HTMLAnchorName(run.wizard.Errors, text);
 
     TextReader head;
     head.OpenText(text);
-    modParser::ExtractTopicTitle(modParser::HTMLHeader(run.wizard, head), title);
+    modParser::ExtractTopicTitle(run.wizard.Errors, modParser::HTMLHeader(run.wizard, head), title);
 
     run.wizard.Globals = ProjectState{};
     TextReader anchors;
     anchors.OpenText(text);
     for (std::string tag = modParser::HTMLAnchor(run.wizard, anchors); !tag.empty();
          tag = modParser::HTMLAnchor(run.wizard, anchors)) {
-        modParser::HTMLHrefTarget(tag);
-        modParser::HTMLAnchorName(tag);
+        modParser::HTMLHrefTarget(run.wizard.Errors, tag);
+        modParser::HTMLAnchorName(run.wizard.Errors, tag);
     }
     run.wizard.Globals = ProjectState{};
     TextReader areas;
@@ -165,13 +165,13 @@ inline int SitemapReader(const std::uint8_t* data, std::size_t size) {
 inline int PopupStrings(const std::uint8_t* data, std::size_t size) {
     FreshRun run;
     const std::string text = Bytes(data, size);
-    modStrings::RemoveHTMLTags(text);
-    modStrings::RemoveListTags(text, "* ");
-    modStrings::RemoveAnchor(text);
-    modStrings::RemoveHREFs(text);
-    modStrings::RemoveIMGs(text);
-    modStrings::TrimNewLines(text);
-    modStrings::ReplaceSpecialChars(text);
+    modStrings::RemoveHTMLTags(run.wizard.Errors, text);
+    modStrings::RemoveListTags(run.wizard.Errors, text, "* ");
+    modStrings::RemoveAnchor(run.wizard.Errors, text);
+    modStrings::RemoveHREFs(run.wizard.Errors, text);
+    modStrings::RemoveIMGs(run.wizard.Errors, text);
+    modStrings::TrimNewLines(run.wizard.Errors, text);
+    modStrings::ReplaceSpecialChars(run.wizard.Errors, text);
     modStrings::TabsToSpaces(text);
     // ReplaceAll takes its search text and replacement from the input's two halves.
     auto [find, replacement] = SplitInput(data, size);
@@ -179,11 +179,15 @@ inline int PopupStrings(const std::uint8_t* data, std::size_t size) {
     modStrings::VersionString();
     TextReader reader;
     reader.OpenText(text);
-    const std::string body = modPopups::HTMLBodyContents(reader);
-    modPopups::CleanPopupBody(run.wizard.Globals, text, modPopups::PopupKind::Script);
-    modPopups::CleanPopupBody(run.wizard.Globals, text, modPopups::PopupKind::TextPopup);
-    modPopups::CleanPopupBody(run.wizard.Globals, body, modPopups::PopupKind::Script);
-    modPopups::CleanPopupBody(run.wizard.Globals, body, modPopups::PopupKind::TextPopup);
+    const std::string body = modPopups::HTMLBodyContents(run.wizard.Errors, reader);
+    modPopups::CleanPopupBody(run.wizard.Errors, run.wizard.Globals, text,
+                              modPopups::PopupKind::Script);
+    modPopups::CleanPopupBody(run.wizard.Errors, run.wizard.Globals, text,
+                              modPopups::PopupKind::TextPopup);
+    modPopups::CleanPopupBody(run.wizard.Errors, run.wizard.Globals, body,
+                              modPopups::PopupKind::Script);
+    modPopups::CleanPopupBody(run.wizard.Errors, run.wizard.Globals, body,
+                              modPopups::PopupKind::TextPopup);
     return 0;
 }
 

@@ -182,7 +182,7 @@ void CliView::ClearProgress() {
 void CliView::ShowOptionsDialog(OptionsDialog& dialog) {
     dialog.chkCssFile = options_.css;
     dialog.txtCssFileName = options_.cssName;
-    dialog.OK();
+    dialog.OK(*this);
 }
 
 }  // namespace tamrix::cli

@@ -187,7 +187,6 @@ int RunCli(const std::vector<std::string>& args, std::istream& in, std::ostream&
         default: break;
     }
     CliView view(*options, in, err, interactive, showProgress);
-    ScopedActiveView active(view);
     SetInterruptReport([&err] { err << "\ntamrix-cli: interrupted.\n" << std::flush; });
     const int status = options->command == Command::kConvert ? RunConvert(*options, view, out, err)
                                                              : RunScan(*options, view, out, err);

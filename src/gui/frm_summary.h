@@ -9,6 +9,7 @@
 
 #include "gui/summary_dialogs.h"
 #include "platform/file_system.h"
+#include "platform/program_error.h"
 
 class QAction;
 class QComboBox;
@@ -38,7 +39,8 @@ public:
 
     using Options = SummaryOptions;
 
-    explicit FrmSummary(Options options = {}, QWidget* parent = nullptr);
+    /// The window; its messages and error reports go to `errors`.
+    explicit FrmSummary(ErrorReporter& errors, Options options = {}, QWidget* parent = nullptr);
     ~FrmSummary() override;
 
     const std::string& SaveFileName() const { return saveFileName_; }
@@ -109,6 +111,7 @@ private:
     std::string saveFileName_;
     bool readOnly_ = false;
     bool printerPresent_ = false;
+    ErrorReporter& errors_;
     mutable FileSystem files_;  // the viewer reads outside any conversion
     std::string loadedFile_;
     std::unique_ptr<CPrintRTF> printing_;

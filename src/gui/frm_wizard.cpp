@@ -172,9 +172,7 @@ FrmWizard::FrmWizard(Options options, QWidget* parent)
     setMinimumSize(680, 500);
 }
 
-FrmWizard::~FrmWizard() {
-    if (&ActiveView() == this) SetActiveView(nullptr);
-}
+FrmWizard::~FrmWizard() = default;
 
 // ---- Building the window ----
 
@@ -547,7 +545,7 @@ void FrmWizard::CheckNewProject() {
                                   "hhp",
                                   wizard_->NewRootPath,
                                   {}});
-    if (!project.empty()) checkReport_ = CheckProjectAndShowReport(project);
+    if (!project.empty()) checkReport_ = CheckProjectAndShowReport(wizard_->Errors, project);
 }
 
 QAction* FrmWizard::MenuAction(const QString& name) const {
@@ -699,7 +697,7 @@ void FrmWizard::ShowAbout() {
 }
 
 void FrmWizard::ShowOptionsDialog(OptionsDialog& dialog) {
-    if (!frmOptions_) frmOptions_ = std::make_unique<FrmOptions>(this);
+    if (!frmOptions_) frmOptions_ = std::make_unique<FrmOptions>(*this, this);
     frmOptions_->ShowModal(dialog);
 }
 

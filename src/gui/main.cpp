@@ -30,7 +30,6 @@ int main(int argc, char** argv) {
     viewer.owner = &wizard;
     viewer.saveFolder = [&wizard] { return wizard.GetWizard().NewRootPath; };
     tamrix::gui::InstallSummaryViewer(viewer);
-    tamrix::ScopedActiveView active(wizard);
     QObject::connect(&wizard, &tamrix::gui::FrmWizard::ExitRequested, &app, &QApplication::quit,
                      Qt::QueuedConnection);
     wizard.show();

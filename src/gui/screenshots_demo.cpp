@@ -70,7 +70,6 @@ int main(int argc, char** argv) {
         return (out + "/TideClock.hhp").toStdString();
     };
     FrmWizard window(options);
-    tamrix::ScopedActiveView active(window);
     tamrix::gui::FrmSummary::Options viewer;
     viewer.owner = &window;
     viewer.printerPresent = true;
@@ -116,7 +115,7 @@ int main(int argc, char** argv) {
     ok = message.grab().save(QDir(pictures).filePath("message-form.png")) && ok;
     // Ticked after it opened, so the picture shows the window grown by the name row.
     tamrix::OptionsDialog optionsData;
-    tamrix::gui::FrmOptions optionsForm;
+    tamrix::gui::FrmOptions optionsForm(window);
     optionsForm.Load(optionsData);
     optionsForm.show();
     Settle();

@@ -11,7 +11,8 @@ namespace tamrix::gui {
 
 class SummaryViewer : public ISummaryViewer {
 public:
-    explicit SummaryViewer(FrmSummary::Options options = {});
+    /// A viewer whose messages and error reports go to `errors`.
+    explicit SummaryViewer(ErrorReporter& errors, FrmSummary::Options options = {});
     ~SummaryViewer() override;
 
     void SetCaption(const std::string& caption) override;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "model/keyed_collection.h"
+#include "platform/program_error.h"
 
 namespace tamrix {
 
@@ -28,8 +29,8 @@ class CContextIDs {
 public:
     // Adds a definition under `key` (no key when empty). A key already present is
     // reported with "CContextIDs Collection:Add" and gives nullptr.
-    std::shared_ptr<CContextID> Add(std::string_view contextString, std::string_view contextID,
-                                    std::string_view key);
+    std::shared_ptr<CContextID> Add(ErrorReporter& errors, std::string_view contextString,
+                                    std::string_view contextID, std::string_view key);
     long Count() const { return items_.Count(); }
     const std::shared_ptr<CContextID>& Item(long index) const { return items_.Item(index); }
     const std::shared_ptr<CContextID>& Item(std::string_view key) const { return items_.Item(key); }

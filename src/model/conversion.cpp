@@ -31,7 +31,7 @@ void Conversion::SetProgressVisible(bool visible) {
 namespace modUtilities {
 
 void InitializeProgressBar(Conversion& wizard, long maximum, const std::string& caption) {
-    GuardedVoid("modUtilities:InitializeProgressBar", [&] {
+    GuardedVoid(wizard.Errors, "modUtilities:InitializeProgressBar", [&] {
         wizard.SetProgressCaption(caption);
         if (maximum > 0) {
             wizard.SetProgressVisible(true);
@@ -42,12 +42,13 @@ void InitializeProgressBar(Conversion& wizard, long maximum, const std::string& 
 }
 
 void UpdateProgressBar(Conversion& wizard, long value) {
-    GuardedVoid("modUtilities:UpdateProgressBar",
+    GuardedVoid(wizard.Errors, "modUtilities:UpdateProgressBar",
                 [&] { wizard.SetProgress(Counter16::Checked(value)); });
 }
 
 void ShowProgressBar(Conversion& wizard, bool visible) {
-    GuardedVoid("modUtilities:ShowProgressBar", [&] { wizard.SetProgressVisible(visible); });
+    GuardedVoid(wizard.Errors, "modUtilities:ShowProgressBar",
+                [&] { wizard.SetProgressVisible(visible); });
 }
 
 }  // namespace modUtilities

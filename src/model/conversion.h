@@ -8,6 +8,7 @@
 
 #include "model/project_state.h"
 #include "platform/file_system.h"
+#include "platform/program_error.h"
 #include "platform/view.h"
 
 namespace tamrix {
@@ -16,7 +17,7 @@ namespace tamrix {
 class Conversion {
 public:
     /// A conversion that shows its messages and progress on `view`.
-    explicit Conversion(IView& view) : view_(view) {}
+    explicit Conversion(IView& view) : Errors(view), view_(view) {}
     virtual ~Conversion() = default;
     Conversion(const Conversion&) = delete;
     Conversion& operator=(const Conversion&) = delete;
@@ -25,6 +26,8 @@ public:
     ProjectState Globals;
     /// The file-system service of this conversion: its write root, listings and refusals.
     FileSystem Files;
+    /// Where this conversion's unexpected errors are reported.
+    ErrorReporter Errors;
 
     std::string Projectname;         // full path of the scanned .hhp
     std::string ProjectFolder;       // folder part of Projectname

@@ -82,15 +82,15 @@ std::string OptionsFileName(Conversion& wizard, const std::string& projectFile, 
 
 bool OpenProjectFile(Conversion& wizard, const std::string& projectFile, int& htmCount) {
     htmCount = 0;
-    return Guarded("modParser:OpenProjectFile", false, [&] {
+    return Guarded(wizard.Errors, "modParser:OpenProjectFile", false, [&] {
         if (!modUtilities::FileExists(wizard.Files, projectFile)) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(10069, projectFile),
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10069, projectFile),
                                      mb::kExclamation, "Opening HTML Project File", wizard.Box());
             return false;
         }
         TextReader reader(wizard.Files, projectFile);
         if (!SkipToFilesSection(reader)) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(5004), mb::kOKOnly,
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(5004), mb::kOKOnly,
                                      "Opening Project File", wizard.Box());
             return false;
         }
@@ -115,7 +115,7 @@ bool OpenProjectFile(Conversion& wizard, const std::string& projectFile, int& ht
 
 bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& missingCount,
                       bool& stopped) {
-    return Guarded("modParser:ParseProjectFile", false, [&] {
+    return Guarded(wizard.Errors, "modParser:ParseProjectFile", false, [&] {
         wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
         wizard.Globals.RenamedTopicIDs.clear();
         CTopicFiles& topicFiles = *wizard.Globals.TopicFiles;
@@ -138,9 +138,9 @@ bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& m
             if (!modUtilities::FileExists(wizard.Files, fullPath)) {
                 ++missing;
                 missingCount = missing;
-                const int answer =
-                    modMessages::AskMessage(modMessages::FromCatalogue(10044, fullPath), mb::kYesNo,
-                                            "Scanning Project File", wizard.Box());
+                const int answer = modMessages::AskMessage(
+                    wizard.View(), modMessages::FromCatalogue(10044, fullPath), mb::kYesNo,
+                    "Scanning Project File", wizard.Box());
                 if (answer != mb::kYes) {
                     stoppedHere = true;
                     break;
@@ -164,8 +164,8 @@ bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& m
             }
             if (!topicId.empty() && ContainsNoCase(entry, topicId)) {
                 const int answer =
-                    modMessages::AskMessage(modMessages::FromCatalogue(10005, entry), mb::kYesNo,
-                                            "Parsing HTMl Project File", wizard.Box());
+                    modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10005, entry),
+                                            mb::kYesNo, "Parsing HTMl Project File", wizard.Box());
                 if (answer != mb::kYes) return false;
             }
 
@@ -186,9 +186,9 @@ bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& m
             RenameDuplicateID(wizard, *topic, byContext, duplicates);
 
             if (topicFiles.Find(topic->AutoFileName) != nullptr) {
-                modMessages::ShowMessage(modMessages::FromCatalogue(10056, topic->AutoFileName),
-                                         mb::kInformation, "Parsing HTML Project File",
-                                         wizard.Box());
+                modMessages::ShowMessage(
+                    wizard.View(), modMessages::FromCatalogue(10056, topic->AutoFileName),
+                    mb::kInformation, "Parsing HTML Project File", wizard.Box());
             } else {
                 topicFiles.Add(topic, topic->AutoFileName);
                 if (!topic->Context.empty()) byContext[Fold(topic->Context)].push_back(topic);
@@ -207,12 +207,12 @@ bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& m
 }
 
 std::string GetIndexFileName(Conversion& wizard, const std::string& projectFile) {
-    return Guarded("modParser:GetIndexFileName", std::string(),
+    return Guarded(wizard.Errors, "modParser:GetIndexFileName", std::string(),
                    [&] { return OptionsFileName(wizard, projectFile, "Index File"); });
 }
 
 std::string GetContentsFileName(Conversion& wizard, const std::string& projectFile) {
-    return Guarded("modParser:GetContentsFileName", std::string(),
+    return Guarded(wizard.Errors, "modParser:GetContentsFileName", std::string(),
                    [&] { return OptionsFileName(wizard, projectFile, "Contents File"); });
 }
 

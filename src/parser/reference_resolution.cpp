@@ -54,7 +54,7 @@ void CountDefinitions(const CContextIDs& definitions, const NameIndex& index,
 }  // namespace
 
 bool UpdateInternalReferences(Conversion& wizard) {
-    return Guarded("modUtilities:UpdateInternalReferences", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:UpdateInternalReferences", false, [&] {
         if (!wizard.Globals.TopicFiles) return true;
         const CTopicFiles& topicFiles = *wizard.Globals.TopicFiles;
         std::shared_ptr<CTopicFile> previous;
@@ -68,7 +68,7 @@ bool UpdateInternalReferences(Conversion& wizard) {
                     continue;
                 }
                 const int answer = modMessages::AskMessage(
-                    modMessages::FromCatalogue(10052, file), mb::kOKCancel,
+                    wizard.View(), modMessages::FromCatalogue(10052, file), mb::kOKCancel,
                     "Checking internal references to topic files", wizard.Box());
                 if (answer == mb::kCancel) return false;
                 // The unresolved link is counted for the file of the last link that resolved.
@@ -80,8 +80,8 @@ bool UpdateInternalReferences(Conversion& wizard) {
     });
 }
 
-bool CheckProjectValidity(const CTopicFiles* topicFiles) {
-    return Guarded("modUtilities:CheckProjectValidity", false, [&] {
+bool CheckProjectValidity(ErrorReporter& errors, const CTopicFiles* topicFiles) {
+    return Guarded(errors, "modUtilities:CheckProjectValidity", false, [&] {
         long withoutId = 0;
         long total = 0;
         if (topicFiles != nullptr) {
@@ -92,6 +92,7 @@ bool CheckProjectValidity(const CTopicFiles* topicFiles) {
         }
         if (withoutId * 4 <= total) return true;
         const int answer = modMessages::AskMessage(
+            errors.View(),
             modMessages::FromCatalogue(10023, SignedText(withoutId), SignedText(total)),
             mb::kYesNo | mb::kQuestion, "HTML Project Check", {});
         return answer == mb::kYes;
@@ -99,7 +100,7 @@ bool CheckProjectValidity(const CTopicFiles* topicFiles) {
 }
 
 bool CountExternalReferences(Conversion& wizard) {
-    return Guarded("modUtilities:CountExternalReferences", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:CountExternalReferences", false, [&] {
         if (!wizard.Globals.TopicFiles) return true;
         const NameIndex index = IndexTopicNames(*wizard.Globals.TopicFiles);
         if (wizard.Globals.MapContextIDs) {
@@ -114,7 +115,7 @@ bool CountExternalReferences(Conversion& wizard) {
 }
 
 bool UpdateExternalReferences(Conversion& wizard) {
-    return Guarded("modUtilities:UpdateExternalReferences", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:UpdateExternalReferences", false, [&] {
         if (!wizard.Globals.MapContextIDs || !wizard.Globals.TopicFiles) return true;
         InitializeProgressBar(wizard, wizard.Globals.MapContextIDs->Count(),
                               "Updating External Reference Values ...");
@@ -131,8 +132,8 @@ bool UpdateExternalReferences(Conversion& wizard) {
     });
 }
 
-int UntitledTopics(const CTopicFiles* topicFiles) {
-    return Guarded("modUtilities:UntitledTopics", 0, [&] {
+int UntitledTopics(ErrorReporter& errors, const CTopicFiles* topicFiles) {
+    return Guarded(errors, "modUtilities:UntitledTopics", 0, [&] {
         Counter16 count;
         if (topicFiles != nullptr) {
             for (const auto& topic : *topicFiles)

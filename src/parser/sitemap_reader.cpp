@@ -58,7 +58,7 @@ void ReadObjects(Conversion& wizard, const std::string& file, CTargets& targets)
 }  // namespace
 
 bool ParseIndexFile(Conversion& wizard, const std::string& indexFile) {
-    return Guarded("modParser:ParseIndexFile", false, [&] {
+    return Guarded(wizard.Errors, "modParser:ParseIndexFile", false, [&] {
         if (!modUtilities::FileExists(wizard.Files, indexFile)) return true;
         if (!wizard.Globals.IndexTargets)
             wizard.Globals.IndexTargets = std::make_shared<CTargets>();
@@ -68,7 +68,7 @@ bool ParseIndexFile(Conversion& wizard, const std::string& indexFile) {
 }
 
 bool ParseContentsFile(Conversion& wizard, const std::string& contentsFile) {
-    return Guarded("modParser:ParseContentsFile", false, [&] {
+    return Guarded(wizard.Errors, "modParser:ParseContentsFile", false, [&] {
         if (!wizard.Globals.ContentsTargets)
             wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
         CTargets& targets = *wizard.Globals.ContentsTargets;

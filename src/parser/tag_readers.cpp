@@ -12,7 +12,7 @@ namespace {
 // The trimmed text between the first two double quotes after `keyword`; the
 // place named by `missingQuotePlace(tag)` is reported when a quote is missing.
 template <class Place>
-std::string QuotedValueAfter(std::string_view tag, std::string_view keyword,
+std::string QuotedValueAfter(ErrorReporter& errors, std::string_view tag, std::string_view keyword,
                              Place missingQuotePlace) {
     const std::size_t key = FindNoCase(tag, keyword);
     if (key == kNotFound) return {};
@@ -20,7 +20,7 @@ std::string QuotedValueAfter(std::string_view tag, std::string_view keyword,
     const std::size_t open = rest.find('"');
     const std::size_t close = open == std::string_view::npos ? open : rest.find('"', open + 1);
     if (close == std::string_view::npos) {
-        ReportProgramError(0, missingQuotePlace(tag));
+        ReportProgramError(errors, 0, missingQuotePlace(tag));
         return {};
     }
     return Trim(rest.substr(open + 1, close - open - 1));
@@ -72,19 +72,20 @@ std::string ReadTag(TextReader& stream, std::string_view open, std::string_view 
 
 }  // namespace
 
-std::string HTMLHrefTarget(std::string_view tag) {
-    return QuotedValueAfter(tag, "HREF=", [](std::string_view t) {
+std::string HTMLHrefTarget(ErrorReporter& errors, std::string_view tag) {
+    return QuotedValueAfter(errors, tag, "HREF=", [](std::string_view t) {
         return "Missing quotes in HREF string " + std::string(t) + " in:modParser:HTMLHrefTarget";
     });
 }
 
-std::string HTMLAnchorName(std::string_view tag) {
-    return QuotedValueAfter(
-        tag, "NAME=", [](std::string_view) { return std::string("modParser:HTMLAnchorName"); });
+std::string HTMLAnchorName(ErrorReporter& errors, std::string_view tag) {
+    return QuotedValueAfter(errors, tag, "NAME=", [](std::string_view) {
+        return std::string("modParser:HTMLAnchorName");
+    });
 }
 
 std::string HTMLAnchor(Conversion& wizard, TextReader& stream) {
-    return Guarded("modParser:HTMLAnchor", std::string(), [&] {
+    return Guarded(wizard.Errors, "modParser:HTMLAnchor", std::string(), [&] {
         std::string text;
         std::size_t from = 0;
         if (!wizard.Globals.PendingAnchorText.empty()) {
@@ -114,12 +115,12 @@ std::string HTMLAnchor(Conversion& wizard, TextReader& stream) {
 }
 
 std::string HTMLArea(Conversion& wizard, TextReader& stream) {
-    return Guarded("modParser:HTMLArea", std::string(),
+    return Guarded(wizard.Errors, "modParser:HTMLArea", std::string(),
                    [&] { return ReadTag(stream, "<AREA", ">", wizard.Globals.AreaState); });
 }
 
 std::string HTMLObject(Conversion& wizard, TextReader& stream) {
-    return Guarded("modParser:HTMLObject", std::string(), [&] {
+    return Guarded(wizard.Errors, "modParser:HTMLObject", std::string(), [&] {
         return ReadTag(stream, "<OBJECT", "</OBJECT>", wizard.Globals.ObjectState);
     });
 }

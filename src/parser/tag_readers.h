@@ -9,15 +9,17 @@
 #include "platform/file_system.h"
 
 namespace tamrix {
+
+class ErrorReporter;
 class Conversion;
-}
+}  // namespace tamrix
 
 namespace tamrix::modParser {
 
 // The quoted value after "HREF=", or empty. A missing quote is reported (error 0).
-std::string HTMLHrefTarget(std::string_view tag);
+std::string HTMLHrefTarget(ErrorReporter& errors, std::string_view tag);
 // The quoted value after "NAME=", or empty. A missing quote is reported (error 0).
-std::string HTMLAnchorName(std::string_view tag);
+std::string HTMLAnchorName(ErrorReporter& errors, std::string_view tag);
 
 // The next anchor, from its "<A" up to and including the first "</A>", or empty
 // at the end of the stream. Text after that "</A>" that opens another "<A" is kept

@@ -20,7 +20,7 @@ void AppendListItem(std::string& list, std::string_view item) {
 }  // namespace
 
 std::string HTMLHeader(Conversion& wizard, TextReader& stream) {
-    return Guarded("modParser:HTMLHeader", std::string(), [&] {
+    return Guarded(wizard.Errors, "modParser:HTMLHeader", std::string(), [&] {
         wizard.Globals.HeadState = 0;
         std::string line;
         bool found = false;
@@ -39,12 +39,12 @@ std::string HTMLHeader(Conversion& wizard, TextReader& stream) {
     });
 }
 
-bool ExtractTopicTitle(std::string_view head, std::string& title) {
+bool ExtractTopicTitle(ErrorReporter& errors, std::string_view head, std::string& title) {
     title.clear();
-    return Guarded("modParser:ExtractTopicTitle", false, [&] {
+    return Guarded(errors, "modParser:ExtractTopicTitle", false, [&] {
         const std::size_t open = FindNoCase(head, "<TITLE>");
         if (open == kNotFound) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(5003), mb::kOKOnly,
+            modMessages::ShowMessage(errors.View(), modMessages::FromCatalogue(5003), mb::kOKOnly,
                                      "ExtractTopicTitle", {});
             return false;
         }
@@ -58,7 +58,7 @@ bool ExtractTopicTitle(std::string_view head, std::string& title) {
 
 bool FindContextID(Conversion& wizard, TextReader& stream, std::string& topicId) {
     topicId.clear();
-    return Guarded("modParser:FindContextID", false, [&] {
+    return Guarded(wizard.Errors, "modParser:FindContextID", false, [&] {
         wizard.Globals.BodyState = 0;
         std::string line;
         while (stream.ReadLine(line)) {
@@ -90,7 +90,7 @@ bool FindContextID(Conversion& wizard, TextReader& stream, std::string& topicId)
 
 bool FindContextID(Conversion& wizard, const std::string& file, std::string& topicId) {
     topicId.clear();
-    return Guarded("modParser:FindContextID", false, [&] {
+    return Guarded(wizard.Errors, "modParser:FindContextID", false, [&] {
         TextReader stream(wizard.Files, file);
         return FindContextID(wizard, stream, topicId);
     });
@@ -104,11 +104,11 @@ bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& ti
     targets.clear();
     extraIds.clear();
     hotspots = 0;
-    return Guarded("modParser:ParseTopicFile", false, [&] {
+    return Guarded(wizard.Errors, "modParser:ParseTopicFile", false, [&] {
         const std::string content = wizard.Files.ReadAll(file);
         TextReader stream;
         stream.OpenText(content);
-        const bool ok = ExtractTopicTitle(HTMLHeader(wizard, stream), title);
+        const bool ok = ExtractTopicTitle(wizard.Errors, HTMLHeader(wizard, stream), title);
 
         stream.OpenText(content);
         FindContextID(wizard, stream, topicId);  // a missing or malformed ID never fails the file
@@ -117,12 +117,12 @@ bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& ti
         wizard.Globals.PendingAnchorText.clear();
         for (std::string anchor = HTMLAnchor(wizard, stream); !anchor.empty();
              anchor = HTMLAnchor(wizard, stream)) {
-            const std::string target = HTMLHrefTarget(anchor);
+            const std::string target = HTMLHrefTarget(wizard.Errors, anchor);
             if (!target.empty()) {
                 AppendListItem(targets, target);
                 continue;
             }
-            const std::string name = HTMLAnchorName(anchor);
+            const std::string name = HTMLAnchorName(wizard.Errors, anchor);
             if (!name.empty() && !EqualsNoCase(name, topicId)) AppendListItem(extraIds, name);
         }
 
@@ -130,7 +130,7 @@ bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& ti
         Counter16 spots;
         for (std::string area = HTMLArea(wizard, stream); !area.empty();
              area = HTMLArea(wizard, stream)) {
-            const std::string target = HTMLHrefTarget(area);
+            const std::string target = HTMLHrefTarget(wizard.Errors, area);
             if (target.empty()) continue;
             ++spots;
             AppendListItem(targets, target);

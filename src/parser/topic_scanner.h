@@ -8,8 +8,10 @@
 #include "platform/file_system.h"
 
 namespace tamrix {
+
+class ErrorReporter;
 class Conversion;
-}
+}  // namespace tamrix
 
 namespace tamrix::modParser {
 
@@ -21,7 +23,7 @@ bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& ti
 // The head of the document ("<HEAD" to "</HEAD>", lines joined), or empty.
 std::string HTMLHeader(Conversion& wizard, TextReader& stream);
 // The trimmed TITLE text; false when it is empty. A missing <TITLE> shows message 5003.
-bool ExtractTopicTitle(std::string_view head, std::string& title);
+bool ExtractTopicTitle(ErrorReporter& errors, std::string_view head, std::string& title);
 // The topic ID of a file; true unless an unexpected error occurred (then the ID is empty).
 bool FindContextID(Conversion& wizard, const std::string& file, std::string& topicId);
 // The same on an open stream.

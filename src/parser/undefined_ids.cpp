@@ -9,7 +9,7 @@ namespace tamrix::modUtilities {
 
 int UndefinedIDs(Conversion& wizard, int& zeroCount) {
     zeroCount = 0;
-    return Guarded("modUtilities:UndefinedIDs", 0, [&] {
+    return Guarded(wizard.Errors, "modUtilities:UndefinedIDs", 0, [&] {
         Counter16 undefined;
         Counter16 zeros;
         for (const auto* collection :

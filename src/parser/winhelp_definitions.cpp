@@ -51,14 +51,14 @@ bool SplitDefinition(Conversion& wizard, std::string_view line, int mapFileIndex
 void NoteRedefinition(Conversion& wizard, const std::string& name, const std::string& value) {
     auto& duplicates = wizard.Globals.DuplicateContextIDs;
     if (!duplicates) duplicates = std::make_shared<CContextIDs>();
-    if (!duplicates->Find(name)) duplicates->Add(name, value, name);
+    if (!duplicates->Find(name)) duplicates->Add(wizard.Errors, name, value, name);
 }
 
 }  // namespace
 
 void AddContextIDFromString(Conversion& wizard, std::string_view line, CContextIDs& collection,
                             std::string_view /*fileName*/, int mapFileIndex) {
-    GuardedVoid("modParser:AddContextIDFromString", [&] {
+    GuardedVoid(wizard.Errors, "modParser:AddContextIDFromString", [&] {
         std::string name, valueText;
         if (!SplitDefinition(wizard, line, mapFileIndex, name, valueText) || name.empty()) return;
 
@@ -78,7 +78,7 @@ void AddContextIDFromString(Conversion& wizard, std::string_view line, CContextI
 
         std::string stored = value;
         if (StartsWithNoCase(stored, "0x")) stored = "&H" + stored.substr(2);
-        const auto record = collection.Add(name, stored, name);
+        const auto record = collection.Add(wizard.Errors, name, stored, name);
         if (!record) return;
         record->MapFileIndex = mapFileIndex;
         if (!comment.empty()) record->Comment = comment;
@@ -90,7 +90,7 @@ void AddContextIDFromString(Conversion& wizard, std::string_view line, CContextI
 }
 
 void AddAliasFromString(Conversion& wizard, std::string_view line) {
-    GuardedVoid("modParser:AddAliasFromString", [&] {
+    GuardedVoid(wizard.Errors, "modParser:AddAliasFromString", [&] {
         const std::size_t eq = line.find('=');
         if (eq == std::string_view::npos) return;
         const std::string alias = Trim(TabsToSpaces(line.substr(0, eq)));

@@ -41,7 +41,7 @@ void AddIncludedFiles(Conversion& wizard, const std::string& file, std::vector<s
 std::string FullPathofIncludeFile(Conversion& wizard, std::string_view line,
                                   std::string_view baseFolder, bool& found, BoxPosition position) {
     found = false;
-    return Guarded("modParser:FullPathofIncludeFile", std::string(), [&] {
+    return Guarded(wizard.Errors, "modParser:FullPathofIncludeFile", std::string(), [&] {
         const std::size_t at = FindNoCase(line, kInclude);
         std::string name = at == kNotFound ? Trim(line) : Trim(line.substr(at + kInclude.size()));
         name = Trim(ReplaceAllExact(name, "\"", " "));
@@ -58,7 +58,7 @@ std::string FullPathofIncludeFile(Conversion& wizard, std::string_view line,
         // A folder is no include file either.
         if (name.empty() || !modUtilities::FileExists(wizard.Files, path)) {
             const long id = angleForm ? 10036 : 10037;
-            modMessages::ShowMessage(modMessages::FromCatalogue(id), mb::kOKOnly,
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(id), mb::kOKOnly,
                                      "Parsing #include reference", position);
             return std::string();
         }
@@ -68,22 +68,22 @@ std::string FullPathofIncludeFile(Conversion& wizard, std::string_view line,
 }
 
 void AddIncludedMapFiles(Conversion& wizard, const std::string& mapFile) {
-    GuardedVoid("modParser:AddIncludedMapFiles", [&] {
+    GuardedVoid(wizard.Errors, "modParser:AddIncludedMapFiles", [&] {
         AddIncludedFiles(wizard, mapFile, wizard.Globals.MapFiles, wizard.Globals.MapFileCount);
     });
 }
 
 void AddIncludedAliasFiles(Conversion& wizard, const std::string& aliasFile) {
-    GuardedVoid("modParser:AddIncludedAliasFiles", [&] {
+    GuardedVoid(wizard.Errors, "modParser:AddIncludedAliasFiles", [&] {
         AddIncludedFiles(wizard, aliasFile, wizard.Globals.AliasFiles,
                          wizard.Globals.AliasFileCount);
     });
 }
 
 void CheckCommentFormat(Conversion& wizard, const std::string& aliasFile) {
-    GuardedVoid("modParser:CheckCommentFormat", [&] {
+    GuardedVoid(wizard.Errors, "modParser:CheckCommentFormat", [&] {
         if (!modUtilities::FileExists(wizard.Files, aliasFile)) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(10050), mb::kOKOnly,
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10050), mb::kOKOnly,
                                      "Checking Alias File Format", {});
             return;
         }
@@ -94,8 +94,8 @@ void CheckCommentFormat(Conversion& wizard, const std::string& aliasFile) {
             if (trimmed.empty() || trimmed[0] == ';') continue;
             if (trimmed.rfind("/*", 0) == 0) {
                 modMessages::ShowMessage(
-                    modMessages::FromCatalogue(10049, aliasFile, "C-type /*  */"), mb::kExclamation,
-                    "Scanning Header Files", {});
+                    wizard.View(), modMessages::FromCatalogue(10049, aliasFile, "C-type /*  */"),
+                    mb::kExclamation, "Scanning Header Files", {});
                 return;
             }
         }

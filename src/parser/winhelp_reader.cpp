@@ -78,9 +78,10 @@ bool OpenWinProjectFile(Conversion& wizard, const std::string& projectFile, bool
                         bool& hasMap) {
     hasAlias = false;
     hasMap = false;
-    return Guarded("modParser:OpenWinProjectFile", false, [&] {
+    return Guarded(wizard.Errors, "modParser:OpenWinProjectFile", false, [&] {
         if (!modUtilities::FileExists(wizard.Files, projectFile)) {
             modMessages::ShowMessage(
+                wizard.View(),
                 modMessages::FromCatalogue(10069, modUtilities::FileNameNoPath(projectFile)),
                 mb::kOKOnly, "Opening WinHelp Project File", wizard.Box());
             return false;
@@ -89,19 +90,19 @@ bool OpenWinProjectFile(Conversion& wizard, const std::string& projectFile, bool
         const long aliasChars = profile::GetSection(wizard.Files, projectFile, "ALIAS", section);
         hasAlias = aliasChars > 0;
         if (aliasChars >= kSectionTooLong)
-            modMessages::ShowMessage(modMessages::FromCatalogue(10034), mb::kOKOnly, "Warning",
-                                     wizard.Box());
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10034), mb::kOKOnly,
+                                     "Warning", wizard.Box());
         const long mapChars = profile::GetSection(wizard.Files, projectFile, "MAP", section);
         hasMap = mapChars > 0;
         if (mapChars >= kSectionTooLong)
-            modMessages::ShowMessage(modMessages::FromCatalogue(10035), mb::kOKOnly, "Warning",
-                                     wizard.Box());
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10035), mb::kOKOnly,
+                                     "Warning", wizard.Box());
         return true;
     });
 }
 
 bool ParseWinProjectFile(Conversion& wizard, const std::string& projectFile) {
-    return Guarded("modParser:ParseWinProjectFile", false, [&] {
+    return Guarded(wizard.Errors, "modParser:ParseWinProjectFile", false, [&] {
         const std::string folder = modUtilities::FilePathOnly(projectFile);
         ReadMapSection(wizard, projectFile, folder, wizard.Box());
         ReadAliasSection(wizard, projectFile, folder, wizard.Box());
@@ -114,7 +115,7 @@ bool ParseWinProjectFile(Conversion& wizard, const std::string& projectFile) {
 }
 
 bool ParseMapFile(Conversion& wizard, const std::string& mapFile, int mapFileIndex) {
-    return Guarded("modParser:ParseMapFile", false, [&] {
+    return Guarded(wizard.Errors, "modParser:ParseMapFile", false, [&] {
         if (!wizard.Globals.MapContextIDs)
             wizard.Globals.MapContextIDs = std::make_shared<CContextIDs>();
         TextReader reader(wizard.Files, mapFile);
@@ -131,7 +132,7 @@ bool ParseMapFile(Conversion& wizard, const std::string& mapFile, int mapFileInd
 
 void AddMapFile(Conversion& wizard, std::vector<std::string>& list, Counter16& count,
                 const std::string& path) {
-    GuardedVoid("modParser:AddMapFile", [&] {
+    GuardedVoid(wizard.Errors, "modParser:AddMapFile", [&] {
         if (path.empty()) return;
         for (int i = 0; i < count && i < static_cast<int>(list.size()); ++i) {
             if (EqualsNoCase(list[static_cast<std::size_t>(i)], path)) {

@@ -34,8 +34,9 @@ bool FileExists(FileSystem& fs, std::string_view path) {
 
 bool FolderExists(FileSystem& fs, std::string_view path) { return fs.FolderExists(path); }
 
-bool CreateFolder(FileSystem& fs, std::string_view parent, std::string_view name) {
-    return Guarded("modUtilities:CreateFolder", false, [&] {
+bool CreateFolder(FileSystem& fs, ErrorReporter& errors, std::string_view parent,
+                  std::string_view name) {
+    return Guarded(errors, "modUtilities:CreateFolder", false, [&] {
         std::string path(parent);
         if (path.empty() || (path.back() != '\\' && path.back() != '/')) path += '\\';
         path += name;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/file_system.h"
+#include "platform/program_error.h"
 
 namespace tamrix::modUtilities {
 
@@ -19,7 +20,8 @@ bool FileExists(FileSystem& fs, std::string_view path);
 /// Whether a folder exists.
 bool FolderExists(FileSystem& fs, std::string_view path);
 // Creates parent + name (one level); true when the folder exists afterwards.
-bool CreateFolder(FileSystem& fs, std::string_view parent, std::string_view name);
+bool CreateFolder(FileSystem& fs, ErrorReporter& errors, std::string_view parent,
+                  std::string_view name);
 // Equal without regard to case after dropping one trailing separator from each.
 bool IsTheSamePath(std::string_view a, std::string_view b);
 // The path with "\" appended unless its last "\" is already its last character.

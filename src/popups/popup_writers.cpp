@@ -76,7 +76,7 @@ bool IsAppPopupTopic(const CTopicFile& topic) {
 bool WriteJavaPopupStrings(Conversion& wizard, const CTopicFiles& topicFiles,
                            const std::string& root, const std::string& fileName, int& count) {
     count = 0;
-    return Guarded("modPopups:WriteJavaPopupStrings", false, [&] {
+    return Guarded(wizard.Errors, "modPopups:WriteJavaPopupStrings", false, [&] {
         std::string out = BannerLine("// Javascript Popups File written automatically by ") + kCrLf;
         out += "// " + FileDateText() + kCrLf;
         out += kCrLf;
@@ -108,7 +108,7 @@ bool WriteJavaPopupStrings(Conversion& wizard, const CTopicFiles& topicFiles,
 bool WriteAppPopupStrings(Conversion& wizard, const CTopicFiles& topicFiles,
                           const std::string& root, const std::string& fileName, int& count) {
     count = 0;
-    return Guarded("modPopups:WriteAppPopupStrings", false, [&] {
+    return Guarded(wizard.Errors, "modPopups:WriteAppPopupStrings", false, [&] {
         std::string text;
         std::string header;
         Counter16 written;
@@ -173,7 +173,7 @@ std::string LeftOutPopupsMessage(Conversion& wizard, const CTopicFiles& topicFil
 
 bool AddPopupFiles(Conversion& wizard, const std::string& projectFile, bool addScript,
                    bool addText) {
-    return Guarded("modPopups:AddPopupFiles", false, [&] {
+    return Guarded(wizard.Errors, "modPopups:AddPopupFiles", false, [&] {
         constexpr const char* kSection = "TEXT POPUPS";
         std::string existing;
         if (profile::GetSection(wizard.Files, projectFile, kSection, existing) > 0)

@@ -29,13 +29,13 @@ Overloaded(Ts...) -> Overloaded<Ts...>;
 
 void SetSummaryViewerFactory(SummaryViewerFactory factory) { Factory() = std::move(factory); }
 
-CSummary::CSummary() { EnsureViewer(); }
+CSummary::CSummary(ErrorReporter& errors) : errors_(errors) { EnsureViewer(); }
 
 CSummary::~CSummary() = default;
 
 void CSummary::EnsureViewer() {
     if (!viewer_ && Factory()) {
-        viewer_ = Factory()();
+        viewer_ = Factory()(errors_);
         if (viewer_) {
             viewer_->onCloseForm = [this] {
                 if (viewer_) viewer_->Hide();
@@ -47,7 +47,7 @@ void CSummary::EnsureViewer() {
 void CSummary::CloseSummary() { viewer_.reset(); }
 
 bool CSummary::OpenSummary(int /*mode*/) {
-    return Guarded("CSummary:OpenSummary", false, [&] {
+    return Guarded(errors_, "CSummary:OpenSummary", false, [&] {
         EnsureViewer();
         document_.clear();
         if (viewer_) {
@@ -80,7 +80,7 @@ std::string CSummary::FormatItemValue(const ItemValue& value) {
 }
 
 void CSummary::AddItem(const std::string& itemName, const ItemValue& itemValue) {
-    GuardedVoid("CSummary:AddItem", [&] {
+    GuardedVoid(errors_, "CSummary:AddItem", [&] {
         if (!itemName.empty()) {
             AddLine(itemName + ": \t" + FormatItemValue(itemValue));
             return;
@@ -101,7 +101,7 @@ void CSummary::AddItem(const std::string& itemName, const ItemValue& itemValue) 
 }
 
 void CSummary::Show(int modal) {
-    GuardedVoid("CSummary:Show", [&] {
+    GuardedVoid(errors_, "CSummary:Show", [&] {
         EnsureViewer();
         if (!viewer_) return;
         viewer_->SetDocument(document_);
@@ -119,7 +119,7 @@ bool CSummary::SaveAsTextFile(FileSystem& fs, const std::string& fileName) const
 }
 
 void CSummary::ViewFile(const std::string& filter, bool readOnly, const std::string& fileName) {
-    GuardedVoid("CSummary:ViewFile", [&] {
+    GuardedVoid(errors_, "CSummary:ViewFile", [&] {
         OpenSummary(0);
         if (!viewer_) return;
         viewer_->SetReadOnly(readOnly);

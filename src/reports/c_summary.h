@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/file_system.h"
+#include "platform/program_error.h"
 #include "reports/i_report.h"
 
 namespace tamrix {
@@ -30,13 +31,17 @@ public:
     std::function<void()> onCloseForm;
 };
 
-using SummaryViewerFactory = std::function<std::unique_ptr<ISummaryViewer>()>;
-// The GUI installs a factory; the command line and the tests run without one.
+/// Makes the viewer of a report; its messages and error reports go to `errors`.
+using SummaryViewerFactory = std::function<std::unique_ptr<ISummaryViewer>(ErrorReporter& errors)>;
+// The GUI installs a factory once at start-up, before any conversion runs, so it
+// stays process-wide; the command line and the tests run without one.
 void SetSummaryViewerFactory(SummaryViewerFactory factory);
 
+/// A text report (the logs) and the viewer that shows it.
 class CSummary : public IReport {
 public:
-    CSummary();
+    /// A report whose unexpected errors go to `errors`.
+    explicit CSummary(ErrorReporter& errors);
     ~CSummary() override;
 
     void CloseSummary() override;
@@ -64,6 +69,7 @@ public:
     ISummaryViewer* Viewer() const { return viewer_.get(); }
 
 private:
+    ErrorReporter& errors_;
     static std::string FormatItemValue(const ItemValue& value);
     void EnsureViewer();
 

@@ -196,7 +196,7 @@ void PopupLog::BothList(const PopupCounts& counts) {
 }  // namespace
 
 bool MakePopupLogSummary(Conversion& wizard, CSummary& report) {
-    return Guarded("modUtilities:MakePopupLogSummary", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:MakePopupLogSummary", false, [&] {
         const CTopicFiles* topics = wizard.Globals.TopicFiles.get();
         const PopupCounts counts = CountPopups(topics);
         const long total = static_cast<long>(counts.script) + counts.app + counts.both;

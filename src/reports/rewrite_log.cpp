@@ -7,7 +7,7 @@
 namespace tamrix::modUtilities {
 
 bool MakeRewriteLogSummary(Conversion& wizard, CSummary& report) {
-    return Guarded("modUtilities:MakeRewriteLogSummary", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:MakeRewriteLogSummary", false, [&] {
         int zeroCount = 0;
         const int undefinedCount = UndefinedIDs(wizard, zeroCount);
         return WriteRewriteLog(wizard, report, undefinedCount, zeroCount);

@@ -98,7 +98,7 @@ void WriteUnaliased(Conversion& wizard, CSummary& report, int undefinedCount, in
 }  // namespace
 
 bool WriteRewriteLog(Conversion& wizard, CSummary& report, int undefinedCount, int zeroCount) {
-    return Guarded("modUtilities:MakeRewriteLogSummary", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:MakeRewriteLogSummary", false, [&] {
         const std::string projectName = FileNameNoPath(wizard.Projectname);
         report.SetName("Write Summary Results for HTML Project: " + projectName);
         report.OpenSummary(0);

@@ -146,7 +146,7 @@ void AddTopicBlock(Conversion& wizard, IReport& report, const CTopicFiles& topic
 }  // namespace
 
 bool MakeScanLogSummary(Conversion& wizard, CSummary& report) {
-    return Guarded("modUtilities:MakeScanLogSummary", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:MakeScanLogSummary", false, [&] {
         // Printing lays the 144-column lines out in landscape; nothing to set up here.
         const auto& topicFiles = wizard.Globals.TopicFiles;
         InitializeProgressBar(wizard, topicFiles ? topicFiles->Count() : 0,
@@ -176,7 +176,7 @@ bool MakeScanLogSummary(Conversion& wizard, CSummary& report) {
 
 bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
                       Conversion& wizard) {
-    return Guarded("modUtilities:DisplayTopicFile", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:DisplayTopicFile", false, [&] {
         TableLine first;
         first.Put(1, FileNameNoPath(topic.AutoNamePath)).Put(20, topic.Context);
         std::string third = topic.TopicTitle;
@@ -223,9 +223,9 @@ bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
                 report.AddLine(line + " = " + found->NewFileName + anchor);
                 continue;
             }
-            const int answer = modMessages::AskMessage(modMessages::FromCatalogue(10052, file),
-                                                       mb::kOKCancel | mb::kInformation,
-                                                       "Reporting Scan Results", wizard.Box());
+            const int answer = modMessages::AskMessage(
+                wizard.View(), modMessages::FromCatalogue(10052, file),
+                mb::kOKCancel | mb::kInformation, "Reporting Scan Results", wizard.Box());
             if (answer == mb::kCancel) return false;
             report.AddLine(line);
         }

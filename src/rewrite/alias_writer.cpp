@@ -90,7 +90,7 @@ std::string RewrittenAliasLine(Conversion& wizard, const std::string& line,
 
 bool WriteAliasFiles(Conversion& wizard, const std::string& newRootPath, NewFileList& newAliasFiles,
                      std::string& aliasFileName, std::string& csAliasFileName) {
-    return Guarded("modRewrite:WriteAliasFiles", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:WriteAliasFiles", false, [&] {
         aliasFileName.clear();
         csAliasFileName.clear();
         bool ok = true;
@@ -121,11 +121,11 @@ bool WriteAliasFiles(Conversion& wizard, const std::string& newRootPath, NewFile
 bool RewriteOneAliasFile(Conversion& wizard, const std::string& oldAliasFile,
                          const std::string& newRootPath, std::string& newName) {
     newName.clear();
-    return Guarded("modRewrite:RewriteOneAliasFile", false, [&] {
-        ActiveView().SetProgressCaption("Writing Alias Files");
+    return Guarded(wizard.Errors, "modRewrite:RewriteOneAliasFile", false, [&] {
+        wizard.SetProgressCaption("Writing Alias Files");
         std::string name = NameInNewFolder(oldAliasFile);
         if (name.empty()) {
-            ShowRefusedName(oldAliasFile, "Writing Alias Files");
+            ShowRefusedName(wizard, oldAliasFile, "Writing Alias Files");
             return false;
         }
         name = WithHeaderExtension(name);
@@ -133,7 +133,7 @@ bool RewriteOneAliasFile(Conversion& wizard, const std::string& oldAliasFile,
         newName = name;
         // No keeps the existing file, which is still included.
         if (modUtilities::FileExists(wizard.Files, path) &&
-            modMessages::AskMessage(modMessages::FromCatalogue(10018, path),
+            modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10018, path),
                                     mb::kYesNo | mb::kQuestion, "Writing Alias Files",
                                     {}) == mb::kNo)
             return true;
@@ -161,16 +161,16 @@ bool RewriteOneAliasFile(Conversion& wizard, const std::string& oldAliasFile,
 
 bool WriteNewAliasFile(Conversion& wizard, std::string& aliasFileName, std::string& csAliasFileName,
                        const std::string& newRootPath) {
-    return Guarded("modRewrite:WriteNewAliasFile", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:WriteNewAliasFile", false, [&] {
         if (!wizard.Globals.MapContextIDs && !wizard.Globals.ProjectContextIDs) {
-            modMessages::ShowMessage("No Map files or definitions read.", mb::kOKOnly,
-                                     "Writing Alias File", wizard.Box(), 0);
+            modMessages::ShowMessage(wizard.View(), "No Map files or definitions read.",
+                                     mb::kOKOnly, "Writing Alias File", wizard.Box(), 0);
             return false;
         }
         const std::string normalName = NameInNewFolder(aliasFileName);
         const std::string untitledName = NameInNewFolder(csAliasFileName);
         if (normalName.empty() || untitledName.empty()) {
-            ShowRefusedName(normalName.empty() ? aliasFileName : csAliasFileName,
+            ShowRefusedName(wizard, normalName.empty() ? aliasFileName : csAliasFileName,
                             "Writing Alias File");
             return false;
         }
@@ -228,7 +228,7 @@ bool WriteNewAliasFile(Conversion& wizard, std::string& aliasFileName, std::stri
 bool RewriteInternalAliases(Conversion& wizard, const std::string& newProjectFile,
                             const NewFileList& newAliasFiles, const std::string& aliasFileName,
                             const std::string& csAliasFileName) {
-    return Guarded("modRewrite:RewriteInternalAliases", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteInternalAliases", false, [&] {
         const auto& aliases = wizard.Globals.ProjectAliases;
         if (aliases && aliases->Count() > 0)
             modUtilities::InitializeProgressBar(wizard, aliases->Count(),
@@ -271,7 +271,7 @@ bool RewriteInternalAliases(Conversion& wizard, const std::string& newProjectFil
 }
 
 int UnAliasedContexts(Conversion& wizard) {
-    return Guarded("modRewrite:UnAliasedContexts", 0, [&] {
+    return Guarded(wizard.Errors, "modRewrite:UnAliasedContexts", 0, [&] {
         Counter16 count;
         ForEachContextID(wizard, [&](const CContextID& id, bool) {
             if (!id.FileDefined) ++count;
@@ -281,7 +281,7 @@ int UnAliasedContexts(Conversion& wizard) {
 }
 
 bool UpdateContextIDs(Conversion& wizard) {
-    return Guarded("modRewrite:UpdateContextIDs", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:UpdateContextIDs", false, [&] {
         const auto& aliases = wizard.Globals.ProjectAliases;
         if (!aliases) return true;
         for (const auto& alias : *aliases) {

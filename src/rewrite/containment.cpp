@@ -73,7 +73,8 @@ void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName) {
     bool known = false;
     for (const std::string& name : refused) known = known || EqualsNoCase(name, relativeName);
     if (!known) refused.push_back(relativeName);
-    modMessages::ShowMessage("The file \"" + relativeName +
+    modMessages::ShowMessage(wizard.View(),
+                             "The file \"" + relativeName +
                                  "\" would lie outside the new project folder.\nIt was not "
                                  "written.",
                              mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
@@ -81,7 +82,8 @@ void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName) {
 
 void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::string& topicId) {
     RefusedIDs().push_back(oldName + " (Topic ID \"" + topicId + "\")");
-    modMessages::ShowMessage("The topic ID \"" + topicId +
+    modMessages::ShowMessage(wizard.View(),
+                             "The topic ID \"" + topicId +
                                  "\" cannot be a file name.\nThe topic file keeps its name \"" +
                                  oldName + "\".",
                              mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);

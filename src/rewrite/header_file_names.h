@@ -4,6 +4,10 @@
 #include <string>
 #include <string_view>
 
+namespace tamrix {
+class Conversion;
+}
+
 namespace tamrix::modRewrite {
 
 inline constexpr std::string_view kCrLf = "\r\n";
@@ -15,7 +19,7 @@ std::string NameInNewFolder(std::string_view path);
 // The name with its extension replaced by ".h" unless it already is "h" (any case).
 std::string WithHeaderExtension(std::string_view name);
 // Tells the user that a file was not written because of its name.
-void ShowRefusedName(std::string_view name, std::string_view title);
+void ShowRefusedName(Conversion& wizard, std::string_view name, std::string_view title);
 // The banner line and the date line that begin every generated header file.
 std::string HeaderBanner(std::string_view bannerText);
 

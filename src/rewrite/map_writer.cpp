@@ -32,14 +32,14 @@ std::string UniqueCopyName(std::unordered_set<std::string>& taken, const std::st
 
 bool CopyMapFiles(Conversion& wizard, const std::vector<std::string>& includedMapFiles,
                   int includedCount, const std::string& newRootPath, NewFileList& newMapFiles) {
-    return Guarded("modRewrite:CopyMapFiles", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:CopyMapFiles", false, [&] {
         const int count = std::min<int>(includedCount, static_cast<int>(includedMapFiles.size()));
         std::unordered_set<std::string> taken;
         for (int i = 0; i < count; ++i) {
             const std::string& oldPath = includedMapFiles[static_cast<std::size_t>(i)];
             std::string name = NameInNewFolder(oldPath);
             if (name.empty()) {
-                ShowRefusedName(oldPath, "Copying Map Files");
+                ShowRefusedName(wizard, oldPath, "Copying Map Files");
                 continue;
             }
             name = UniqueCopyName(taken, WithHeaderExtension(name));
@@ -52,7 +52,7 @@ bool CopyMapFiles(Conversion& wizard, const std::vector<std::string>& includedMa
 
 bool AddMapFiles(Conversion& wizard, const NewFileList& newMapFiles,
                  const std::string& newProjectFile) {
-    return Guarded("modRewrite:AddMapFiles", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:AddMapFiles", false, [&] {
         std::string old;
         if (profile::GetSection(wizard.Files, newProjectFile, "MAP", old) > 0)
             profile::WriteSection(wizard.Files, newProjectFile, "MAP", "");
@@ -78,25 +78,26 @@ bool AddMapFiles(Conversion& wizard, const NewFileList& newMapFiles,
 }
 
 bool WriteNewMapFile(Conversion& wizard, std::string& mapFileName, const std::string& folder) {
-    return Guarded("modRewrite:WriteNewMapFile", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:WriteNewMapFile", false, [&] {
         const auto& ids = wizard.Globals.ProjectContextIDs;
         if (!ids) {
-            modMessages::ShowMessage("No Map definitions read from the WinHelp project file.",
+            modMessages::ShowMessage(wizard.View(),
+                                     "No Map definitions read from the WinHelp project file.",
                                      mb::kOKOnly, "Writing Alias File", {}, 0);
             return true;
         }
         std::string name = NameInNewFolder(mapFileName);
         if (name.empty()) {
-            ShowRefusedName(mapFileName, "Writing Map File");
+            ShowRefusedName(wizard, mapFileName, "Writing Map File");
             mapFileName.clear();
             return true;
         }
         std::string path = modUtilities::MakeFullPathforFile(folder, name);
         if (modUtilities::FileExists(wizard.Files, path) &&
-            modMessages::AskMessage(modMessages::FromCatalogue(10018, path),
+            modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10018, path),
                                     mb::kYesNo | mb::kQuestion, "Writing Map File",
                                     {}) == mb::kNo) {
-            const std::optional<std::string> answer = ActiveView().InputBox(
+            const std::optional<std::string> answer = wizard.View().InputBox(
                 "Please enter the name for the map file.", "New Map File", mapFileName);
             if (!answer || answer->empty()) {
                 mapFileName.clear();
@@ -104,7 +105,7 @@ bool WriteNewMapFile(Conversion& wizard, std::string& mapFileName, const std::st
             }
             name = NameInNewFolder(*answer);
             if (name.empty()) {
-                ShowRefusedName(*answer, "Writing Map File");
+                ShowRefusedName(wizard, *answer, "Writing Map File");
                 mapFileName.clear();
                 return true;
             }

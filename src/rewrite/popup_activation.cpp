@@ -56,9 +56,9 @@ bool NeedsDeclarations(const CTopicFile& caller, const TextBuffer& buffer) {
 }
 
 void ReportBadFormat(Conversion& wizard, const std::string& fileName, int errorNumber) {
-    modMessages::ShowMessage("Bad format in Topic File " + fileName, mb::kExclamation,
-                             "Writing Java Links", wizard.Box(), 0);
-    ReportProgramError(errorNumber, "modRewrite:ModifyPopupFiles");
+    modMessages::ShowMessage(wizard.View(), "Bad format in Topic File " + fileName,
+                             mb::kExclamation, "Writing Java Links", wizard.Box(), 0);
+    ReportProgramError(wizard.Errors, errorNumber, "modRewrite:ModifyPopupFiles");
 }
 
 bool IsPopupToActivate(const CTopicFile& target, const CTopicFile& caller) {
@@ -123,7 +123,8 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
                     return false;
                 }
                 const std::string converted = modMessages::GetMessageString(10060, popup->Context);
-                if (buffer.Find(converted, body) < 0 && AddJavaLinks(buffer, *popup)) dirty = true;
+                if (buffer.Find(converted, body) < 0 && AddJavaLinks(wizard.Errors, buffer, *popup))
+                    dirty = true;
             }
             // Saved once with all its links, so a file is either as written before or done.
             if (dirty) {
@@ -138,8 +139,8 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
     }
 }
 
-bool AddJavaLinks(TextBuffer& buffer, const CTopicFile& popupTopic) {
-    return Guarded("modRewrite:AddJavaLinks", false, [&] {
+bool AddJavaLinks(ErrorReporter& errors, TextBuffer& buffer, const CTopicFile& popupTopic) {
+    return Guarded(errors, "modRewrite:AddJavaLinks", false, [&] {
         const long body = buffer.Find("<BODY", 0);
         if (body < 0) return true;
         const std::string link = "<A HREF=\"" + popupTopic.NewFileName;

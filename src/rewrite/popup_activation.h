@@ -8,6 +8,10 @@
 #include "model/conversion.h"
 #include "platform/text_buffer.h"
 
+namespace tamrix {
+class ErrorReporter;
+}
+
 namespace tamrix::modRewrite {
 
 // The script reference of a topic file in `folder` (Windows-style, relative to
@@ -19,6 +23,6 @@ std::string PopupScriptPath(std::string_view folder);
 bool ModifyPopupFiles(Conversion& wizard, const std::string& root);
 // Converts every link after "<BODY" that starts with <A HREF="NewFileName of the
 // popup into a call of POPUPS.TextPopup with the popup's topic ID.
-bool AddJavaLinks(TextBuffer& buffer, const CTopicFile& popupTopic);
+bool AddJavaLinks(ErrorReporter& errors, TextBuffer& buffer, const CTopicFile& popupTopic);
 
 }  // namespace tamrix::modRewrite

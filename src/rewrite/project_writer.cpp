@@ -50,12 +50,12 @@ void SettleNewFileNames(Conversion& wizard) {
 
 bool RewriteProjectFile(Conversion& wizard, const std::string& oldProjectFile,
                         const std::string& newProjectFile) {
-    return Guarded("modRewrite:RewriteProjectFile", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteProjectFile", false, [&] {
         const auto& topics = wizard.Globals.TopicFiles;
         if (!topics) {
             const long id = oldProjectFile.empty() ? 10010 : 10009;
-            modMessages::ShowMessage(modMessages::FromCatalogue(id), mb::kInformation,
-                                     kProjectCaption, wizard.Box());
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(id),
+                                     mb::kInformation, kProjectCaption, wizard.Box());
             return false;
         }
         TextBuffer buffer;
@@ -97,12 +97,13 @@ bool RewriteProjectFile(Conversion& wizard, const std::string& oldProjectFile,
                 if (ContainsNoCase(name.replacement, name.name) ||
                     ContainsNoCase(name.name, name.replacement)) {
                     const int answer = modMessages::AskMessage(
-                        modMessages::FromCatalogue(10005, name.name), mb::kYesNo | mb::kQuestion,
-                        kProjectCaption, wizard.Box());
+                        wizard.View(), modMessages::FromCatalogue(10005, name.name),
+                        mb::kYesNo | mb::kQuestion, kProjectCaption, wizard.Box());
                     if (answer != mb::kYes) return false;
                 }
                 if (outcome.counts[k++] > kMaxOccurrences) {
-                    modMessages::ShowMessage(modMessages::FromCatalogue(10005, name.name),
+                    modMessages::ShowMessage(wizard.View(),
+                                             modMessages::FromCatalogue(10005, name.name),
                                              mb::kOKOnly, kProjectCaption, wizard.Box());
                     return false;
                 }
@@ -116,7 +117,7 @@ bool RewriteProjectFile(Conversion& wizard, const std::string& oldProjectFile,
 }
 
 bool SetDefaultTopic(Conversion& wizard, const std::string& newProjectFile) {
-    return Guarded("modRewrite:SetDefaultTopic", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:SetDefaultTopic", false, [&] {
         if (wizard.Globals.ContentsTopic.empty()) return true;
         const auto& topics = wizard.Globals.TopicFiles;
         const auto topic =
@@ -128,7 +129,7 @@ bool SetDefaultTopic(Conversion& wizard, const std::string& newProjectFile) {
 }
 
 std::string NewTopicFileName(Conversion& wizard, const std::string& autoFileName) {
-    return Guarded("modRewrite:NewTopicFileName", std::string(), [&] {
+    return Guarded(wizard.Errors, "modRewrite:NewTopicFileName", std::string(), [&] {
         const auto& topics = wizard.Globals.TopicFiles;
         const auto topic = topics ? topics->Find(autoFileName) : nullptr;
         return topic ? topic->NewFileName : std::string();
@@ -136,7 +137,7 @@ std::string NewTopicFileName(Conversion& wizard, const std::string& autoFileName
 }
 
 std::string MakeCSSLinkString(Conversion& wizard, const std::string& newRootPath) {
-    return Guarded("modRewrite:MakeCSSLinkString", std::string(), [&] {
+    return Guarded(wizard.Errors, "modRewrite:MakeCSSLinkString", std::string(), [&] {
         if (!wizard.AddCssLink) return std::string();
         if (!IsSafeRelativeName(wizard.CssFileName)) {
             RefuseOutsideFile(wizard, wizard.CssFileName);
@@ -151,7 +152,7 @@ std::string MakeCSSLinkString(Conversion& wizard, const std::string& newRootPath
 }
 
 bool CreateCSSFile(Conversion& wizard, const std::string& path, bool defineTitleClass) {
-    return Guarded("modUtilities:CreateCSSFile", false, [&] {
+    return Guarded(wizard.Errors, "modUtilities:CreateCSSFile", false, [&] {
         std::string text = "Body{ }\r\n\r\n";
         if (defineTitleClass) text += ".Topic_Title { }\r\n\r\n";
         wizard.Files.WriteAll(path, text);
@@ -161,7 +162,7 @@ bool CreateCSSFile(Conversion& wizard, const std::string& path, bool defineTitle
 
 bool CopyImageFolder(Conversion& wizard, const std::string& oldProjectFile,
                      const std::string& newRootPath, bool askBeforeOverwrite) {
-    return Guarded("modRewrite:CopyImageFolder", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:CopyImageFolder", false, [&] {
         FileSystem& fs = wizard.Files;
         const std::string newImages = modUtilities::AddBackslash(newRootPath) + "images";
         const std::string oldImages =
@@ -176,19 +177,21 @@ bool CopyImageFolder(Conversion& wizard, const std::string& oldProjectFile,
                 bool clash = false;
                 for (const std::string& name : fs.ListFiles(newImages))
                     clash = clash || old.count(name) != 0;
-                if (clash && modMessages::AskMessage(modMessages::FromCatalogue(10007),
-                                                     mb::kYesNo | mb::kQuestion, kImagesCaption,
-                                                     wizard.Box()) != mb::kYes)
+                if (clash &&
+                    modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10007),
+                                            mb::kYesNo | mb::kQuestion, kImagesCaption,
+                                            wizard.Box()) != mb::kYes)
                     return true;
             }
-        } else if (!modUtilities::CreateFolder(wizard.Files, newImages, "")) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(10013, newImages), mb::kExclamation,
-                                     kImagesCaption, wizard.Box());
+        } else if (!modUtilities::CreateFolder(wizard.Files, wizard.Errors, newImages, "")) {
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10013, newImages),
+                                     mb::kExclamation, kImagesCaption, wizard.Box());
             return false;
         }
 
         if (oldNames.empty()) {
-            modMessages::ShowMessage("There are no image files in the old /images folder.",
+            modMessages::ShowMessage(wizard.View(),
+                                     "There are no image files in the old /images folder.",
                                      mb::kInformation, kImagesCaption, wizard.Box(), 0);
             return true;
         }

@@ -22,7 +22,7 @@ void ClearFileDefined(const std::shared_ptr<CContextIDs>& ids) {
 
 bool RewriteHelpProject(Conversion& wizard, const std::string& oldProjectFile,
                         const std::string& newProjectName, const std::string& newRootPath) {
-    return Guarded("modRewrite:RewriteHelpProject", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteHelpProject", false, [&] {
         const ProjectState& g = wizard.Globals;
         ClearRefusedFiles();
         SettleNewFileNames(wizard);

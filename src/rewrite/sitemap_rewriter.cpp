@@ -42,7 +42,7 @@ bool RewriteSitemap(Conversion& wizard, const std::string& oldProjectFile, const
 
 bool RewriteIndex(Conversion& wizard, const std::string& oldProjectFile,
                   const std::string& indexFile, const std::string& newRootPath) {
-    return Guarded("modRewrite:RewriteIndex", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteIndex", false, [&] {
         return RewriteSitemap(wizard, oldProjectFile, indexFile, newRootPath,
                               wizard.Globals.IndexTargets.get(), "Writing New Index File ...");
     });
@@ -50,7 +50,7 @@ bool RewriteIndex(Conversion& wizard, const std::string& oldProjectFile,
 
 bool RewriteContents(Conversion& wizard, const std::string& oldProjectFile,
                      const std::string& contentsFile, const std::string& newRootPath) {
-    return Guarded("modRewrite:RewriteContents", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteContents", false, [&] {
         return RewriteSitemap(wizard, oldProjectFile, contentsFile, newRootPath,
                               wizard.Globals.ContentsTargets.get(),
                               "Writing New Contents File ...");

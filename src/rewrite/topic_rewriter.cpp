@@ -23,7 +23,7 @@ std::string TargetBase(const std::string& target) {
 
 bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& oldProjectFile,
                       const std::string& newRootPath, const std::string& cssLink) {
-    return Guarded("modRewrite:RewriteTopicFile", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteTopicFile", false, [&] {
         const std::string oldFolder = modUtilities::FilePathOnly(oldProjectFile);
         const std::string relFolder = modUtilities::FilePathOnly(topic.AutoNamePath);
         const std::string oldPath = oldFolder + topic.AutoNamePath;
@@ -31,7 +31,7 @@ bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& 
             RefuseOutsideFile(wizard, relFolder + topic.NewFileName);
             return true;
         }
-        modUtilities::CreateFolder(wizard.Files, newRootPath,
+        modUtilities::CreateFolder(wizard.Files, wizard.Errors, newRootPath,
                                    relFolder);  // a failure shows when saving
         const std::string newPath = newRootPath + "\\" + relFolder + topic.NewFileName;
 
@@ -52,6 +52,7 @@ bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& 
             const std::string& t = target->TargetString;
             if (names[k].probeOnly && outcome.counts[k] > 0 && !t.empty() && t.front() != '#')
                 modMessages::ShowMessage(
+                    wizard.View(),
                     modMessages::FromCatalogue(10032, t, modUtilities::FileNameNoPath(oldPath)),
                     mb::kExclamation, "Rewriting Topic File", wizard.Box());
             ++k;

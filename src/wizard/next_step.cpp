@@ -20,15 +20,15 @@
 namespace tamrix {
 
 int Wizard::NextStep(int currentStep) {
-    return Guarded("frmWizard:NextStep", currentStep, [&]() -> int {
+    return Guarded(Errors, "frmWizard:NextStep", currentStep, [&]() -> int {
         switch (currentStep) {
             case 0:
             case 5: StepMessage.clear(); break;
             case 1: {
                 StepMessage.clear();
                 if (controls.txtProjectName.empty() && Projectname.empty()) {
-                    modMessages::ShowMessage(modMessages::FromCatalogue(10008), mb::kInformation,
-                                             "HTML Help Project File", Box());
+                    modMessages::ShowMessage(View(), modMessages::FromCatalogue(10008),
+                                             mb::kInformation, "HTML Help Project File", Box());
                     return currentStep;
                 }
                 if (controls.txtProjectName != Projectname) {
@@ -107,11 +107,11 @@ bool Wizard::NextFromWinHelpFile() {
     if (scanned) {
         const long topics = Globals.TopicFiles ? Globals.TopicFiles->Count() : 0;
         controls.lblContextCount = std::to_string(topics);
-        UntitledCount = modUtilities::UntitledTopics(Globals.TopicFiles.get());
+        UntitledCount = modUtilities::UntitledTopics(Errors, Globals.TopicFiles.get());
         UntitledCountText = std::to_string(UntitledCount);
         controls.lblUntitledCount = UntitledCountText;
         scanLog_.reset();
-        scanLog_ = std::make_unique<CSummary>();
+        scanLog_ = std::make_unique<CSummary>(Errors);
         if (!modUtilities::MakeScanLogSummary(*this, *scanLog_)) scanLog_.reset();
         ScanComplete = true;
         menus.mnuViewScanLog.enabled = true;
@@ -129,15 +129,15 @@ bool Wizard::NextFromWinHelpFile() {
 bool Wizard::NextFromNewProject() {
     if (controls.txtRootPath.empty()) {
         modMessages::ShowMessage(
-            "Please select the new HTML project location by clicking the Browse Button",
+            View(), "Please select the new HTML project location by clicking the Browse Button",
             mb::kInformation, "Writing new Project", Box());
         return false;
     }
     const std::string folder = modUtilities::FilePathOnly(controls.txtRootPath);
     const std::string name = modUtilities::FileNameNoPath(controls.txtRootPath);
     if (folder.empty() || name.empty()) {
-        modMessages::ShowMessage("Check syntax of New Path", mb::kExclamation, "New project Path",
-                                 Box());
+        modMessages::ShowMessage(View(), "Check syntax of New Path", mb::kExclamation,
+                                 "New project Path", Box());
         return false;
     }
     NewRootPath = folder;
@@ -157,7 +157,7 @@ void Wizard::WriteLogsAndPopups() {
     // 1. The scan log goes with the new project.
     RewriteDone = true;
     if (!scanLog_) {
-        scanLog_ = std::make_unique<CSummary>();
+        scanLog_ = std::make_unique<CSummary>(Errors);
         if (!modUtilities::MakeScanLogSummary(*this, *scanLog_)) scanLog_.reset();
     }
     SaveReport(Files, scanLog_.get(), modUtilities::MakeFullPathforFile(NewRootPath, "scan.log"));
@@ -165,7 +165,7 @@ void Wizard::WriteLogsAndPopups() {
     // 2. The rewrite log.
     BusyUI(true);
     SetProgressCaption("Generating Rewrite Log ...");
-    rewriteLog_ = std::make_unique<CSummary>();
+    rewriteLog_ = std::make_unique<CSummary>(Errors);
     const bool rewriteLogged =
         modUtilities::MakeRewriteLogSummary(*this, *rewriteLog_) &&
         SaveReport(Files, rewriteLog_.get(),
@@ -205,7 +205,7 @@ void Wizard::WriteLogsAndPopups() {
             SetProgressCaption("Extracted and wrote text string files for popups.");
             const std::string leftOut = modPopups::LeftOutPopupsMessage(*this, *Globals.TopicFiles);
             if (!leftOut.empty()) StepMessage += "\r\n" + leftOut;
-            popupLog_ = std::make_unique<CSummary>();
+            popupLog_ = std::make_unique<CSummary>(Errors);
             if (modUtilities::MakePopupLogSummary(*this, *popupLog_))
                 SaveReport(Files, popupLog_.get(),
                            modUtilities::MakeFullPathforFile(NewRootPath, "popups.log"));

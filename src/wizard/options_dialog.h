@@ -2,6 +2,8 @@
 // The "HTML Options" dialog as plain data and logic; the Qt dialog shows it.
 #include <string>
 
+#include "platform/view.h"
+
 namespace tamrix {
 
 class OptionsDialog {
@@ -21,7 +23,7 @@ public:
     // Painting with an empty name puts the default back.
     void Paint();
     // OK refuses an empty name with a message and keeps the dialog open.
-    void OK();
+    void OK(IView& view);
     void Cancel();
 };
 

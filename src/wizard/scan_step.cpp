@@ -96,9 +96,9 @@ std::string ScanSummary(Conversion& wizard) {
 }  // namespace
 
 bool ScanProjectFiles(Conversion& wizard) {
-    return Guarded("frmWizard:ScanProjectFiles", false, [&]() -> bool {
+    return Guarded(wizard.Errors, "frmWizard:ScanProjectFiles", false, [&]() -> bool {
         if (wizard.Projectname.empty()) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(10008), mb::kOKOnly,
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10008), mb::kOKOnly,
                                      "Parsing Project File", wizard.Box());
             return false;
         }
@@ -111,7 +111,8 @@ bool ScanProjectFiles(Conversion& wizard) {
         modUtilities::ShowProgressBar(wizard, true);
 
         bool result = ReadHtmlSide(wizard);
-        if (result && !modUtilities::CheckProjectValidity(wizard.Globals.TopicFiles.get())) {
+        if (result &&
+            !modUtilities::CheckProjectValidity(wizard.Errors, wizard.Globals.TopicFiles.get())) {
             wizard.SetProgressCaption(GetMessageString(10027));
             return false;
         }

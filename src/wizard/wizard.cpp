@@ -104,12 +104,12 @@ void Wizard::ShowStep(int newStep) {
         // Shown once: the next transition gathers its own results.
         const std::string text = StepMessage;
         StepMessage.clear();
-        modMessages::ShowMessage(text, mb::kInformation, "StepResults", Box());
+        modMessages::ShowMessage(View(), text, mb::kInformation, "StepResults", Box());
     }
 }
 
 void Wizard::cmdNav_Click(int index) {
-    ErrorReportOperation operation;  // an error flood shows as one report
+    ErrorReportOperation operation(Errors);  // an error flood shows as one report
     switch (index) {
         case kNavHelp:
             if (view_.ShowHelp(kHelpContext, HelpContext())) helpShown_ = true;
@@ -119,14 +119,14 @@ void Wizard::cmdNav_Click(int index) {
             busy_ = false;
             modUtilities::ShowProgressBar(*this, false);
             if (currentStep_ != 0) {
-                if (modMessages::AskMessage("Do you want to restart the program?",
+                if (modMessages::AskMessage(View(), "Do you want to restart the program?",
                                             mb::kYesNo + mb::kQuestion, "Cancel",
                                             Box()) == mb::kYes) {
                     ResetProject();
                     ShowStep(0);
                     if (!controls.chkShowIntro) ShowStep(1);
                 }
-            } else if (modMessages::AskMessage("Do you want to exit the program?",
+            } else if (modMessages::AskMessage(View(), "Do you want to exit the program?",
                                                mb::kYesNo + mb::kQuestion, "Cancel",
                                                Box()) == mb::kYes) {
                 ExitProgram();
@@ -144,7 +144,7 @@ void Wizard::cmdNav_Click(int index) {
             ShowStep(NextStep(currentStep_));
             break;
         case kNavExit:
-            if (modMessages::AskMessage("Do you want to exit the program?",
+            if (modMessages::AskMessage(View(), "Do you want to exit the program?",
                                         mb::kYesNo + mb::kQuestion, "Cancel", Box()) == mb::kYes)
                 ExitProgram();
             break;
@@ -212,7 +212,7 @@ void Wizard::ResetProject() {
 void Wizard::Refresh() { view_.ProcessEvents(); }
 
 bool Wizard::GetHTMLOptions() {
-    return Guarded("frmWizard:GetHTMLOptions", false, [&] {
+    return Guarded(Errors, "frmWizard:GetHTMLOptions", false, [&] {
         AddCssLink = false;
         SetTopicClass = false;  // offered in the dialog but never passed on
         CssFileName.clear();

@@ -12,14 +12,14 @@ constexpr const char* kLogFilter = "Log Files (*.log)|*.log|All Files (*.*)|*.*|
 }  // namespace
 
 void Wizard::ViewFile(const std::string& path, const std::string& filter, bool readOnly) {
-    auto viewer = std::make_unique<CSummary>();
+    auto viewer = std::make_unique<CSummary>(Errors);
     viewer->ViewFile(filter, readOnly, path);
     viewers_.push_back(std::move(viewer));
 }
 
 void Wizard::mnuViewOldprojectFile_Click() {
     if (Projectname.empty()) {
-        modMessages::ShowMessageID(10022, mb::kOKOnly, "View Project File", "", Box());
+        modMessages::ShowMessageID(View(), 10022, mb::kOKOnly, "View Project File", "", Box());
         return;
     }
     ViewFile(Projectname, kProjectFilter, true);
@@ -27,7 +27,7 @@ void Wizard::mnuViewOldprojectFile_Click() {
 
 void Wizard::mnuViewNewProjectFile_Click() {
     if (NewProjectName.empty()) {
-        modMessages::ShowMessageID(10022, mb::kOKOnly, "View New Project File", "", Box());
+        modMessages::ShowMessageID(View(), 10022, mb::kOKOnly, "View New Project File", "", Box());
         return;
     }
     ViewFile(modUtilities::MakeFullPathforFile(NewRootPath, NewProjectName), kProjectFilter, true);
@@ -43,7 +43,7 @@ void Wizard::mnuViewFile_Click() {
 }
 
 void Wizard::mnuViewHTM_Click() {
-    modMessages::ShowMessage("Not implemented", mb::kOKOnly, "View Topic File", Box());
+    modMessages::ShowMessage(View(), "Not implemented", mb::kOKOnly, "View Topic File", Box());
 }
 
 // Shows a log from the new project's folder when it has been written there,
@@ -59,18 +59,18 @@ void Wizard::ViewReportOrFile(std::unique_ptr<CSummary>& log, const std::string&
 
 void Wizard::mnuViewScanLog_Click() {
     if (Projectname.empty()) {
-        modMessages::ShowMessageID(10022, mb::kOKOnly, "View Scan Log", "", Box());
+        modMessages::ShowMessageID(View(), 10022, mb::kOKOnly, "View Scan Log", "", Box());
         return;
     }
     if (RewriteDone) {
         const std::string path = modUtilities::MakeFullPathforFile(NewRootPath, "scan.log");
         if (modUtilities::FileExists(Files, path)) ViewFile(path, kLogFilter, false);
     } else if (!ScanComplete) {
-        modMessages::ShowMessageID(10009, mb::kInformation, "View Scan Log", "", Box());
+        modMessages::ShowMessageID(View(), 10009, mb::kInformation, "View Scan Log", "", Box());
     } else if (scanLog_) {
         scanLog_->Show(0);
     } else {
-        modMessages::ShowMessageID(10022, mb::kOKOnly, "View Scan Log", "", Box());
+        modMessages::ShowMessageID(View(), 10022, mb::kOKOnly, "View Scan Log", "", Box());
     }
 }
 
@@ -104,7 +104,8 @@ void Wizard::mnuOptionsReadNameValue_Click() {
 }
 
 void Wizard::mnuOptionstest_Click() {
-    modMessages::ShowMessage(modMessages::FromCatalogue(10000), mb::kYesNo, "testing", Box());
+    modMessages::ShowMessage(View(), modMessages::FromCatalogue(10000), mb::kYesNo, "testing",
+                             Box());
 }
 
 void Wizard::mnuHelpAbout_Click() { view_.ShowAbout(); }

@@ -11,7 +11,7 @@
 namespace tamrix {
 
 bool cmdRewrite(Conversion& wizard, const std::string& txtRootPath) {
-    return Guarded("frmWizard:cmdRewrite", false, [&] {
+    return Guarded(wizard.Errors, "frmWizard:cmdRewrite", false, [&] {
         if (!CheckNewProjectTarget(wizard, txtRootPath)) return false;
         wizard.Files.SetWriteRoot(wizard.NewRootPath.empty() ? std::string(".")
                                                              : wizard.NewRootPath);

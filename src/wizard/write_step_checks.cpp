@@ -12,8 +12,8 @@ namespace {
 constexpr const char* kTitle = "Writing New Project Files";
 
 void Show(Conversion& wizard, long id, const std::string& insert = {}) {
-    modMessages::ShowMessage(modMessages::FromCatalogue(id, insert), mb::kOKOnly, kTitle,
-                             wizard.Box());
+    modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(id, insert), mb::kOKOnly,
+                             kTitle, wizard.Box());
 }
 
 // The same folder also when written another way: "x\.\", a relative path, a
@@ -25,14 +25,15 @@ bool SameFolder(Conversion& wizard, const std::string& a, const std::string& b) 
 }  // namespace
 
 bool CheckNewProjectTarget(Conversion& wizard, const std::string& txtRootPath) {
-    return Guarded("frmWizard:cmdRewrite", false, [&] {
+    return Guarded(wizard.Errors, "frmWizard:cmdRewrite", false, [&] {
         const auto& topics = wizard.Globals.TopicFiles;
         if (wizard.Projectname.empty()) {
             Show(wizard, 10010);
             return false;
         }
         if (!topics || !wizard.ScanComplete) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(10009), mb::kOKOnly, kTitle, {});
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10009), mb::kOKOnly,
+                                     kTitle, {});
             return false;
         }
         if (topics->Count() == 0) {
@@ -53,16 +54,16 @@ bool CheckNewProjectTarget(Conversion& wizard, const std::string& txtRootPath) {
             {oldFolder, modUtilities::FilePathOnly(wizard.WinHelpProjectName)});
         if (!root.empty() && !modUtilities::FolderExists(wizard.Files, root)) {
             const int answer =
-                modMessages::AskMessage(modMessages::FromCatalogue(10011, root),
+                modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10011, root),
                                         mb::kYesNoCancel | mb::kQuestion, kTitle, wizard.Box());
             if (answer == mb::kCancel) return false;
             if (answer == mb::kNo) {
                 Show(wizard, 10014);  // the same-folder text, shown here on purpose
                 return false;
             }
-            if (!modUtilities::CreateFolder(wizard.Files, root, "")) {
-                modMessages::ShowMessage(modMessages::FromCatalogue(10013, root), mb::kExclamation,
-                                         kTitle, wizard.Box());
+            if (!modUtilities::CreateFolder(wizard.Files, wizard.Errors, root, "")) {
+                modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10013, root),
+                                         mb::kExclamation, kTitle, wizard.Box());
                 return false;
             }
         }
@@ -72,7 +73,7 @@ bool CheckNewProjectTarget(Conversion& wizard, const std::string& txtRootPath) {
         }
         if (modUtilities::FileExists(wizard.Files, root + "\\" + wizard.NewProjectName)) {
             const int answer = modMessages::AskMessage(
-                modMessages::FromCatalogue(10038, wizard.NewProjectName, root),
+                wizard.View(), modMessages::FromCatalogue(10038, wizard.NewProjectName, root),
                 mb::kYesNo | mb::kQuestion, kTitle, wizard.Box());
             if (answer != mb::kYes) return false;
         }

@@ -17,8 +17,9 @@ namespace tamrix::gui {
 namespace {
 
 TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
+    testing::ScriptedView view;
     OptionsDialog dialog;
-    FrmOptions form;
+    FrmOptions form(view);
     form.Load(dialog);
     EXPECT_EQ(form.windowTitle(), "HTML Options");
     EXPECT_EQ(form.CssFile()->text(), "Insert link to Style Sheet");
@@ -38,9 +39,8 @@ TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
 
 TEST(FrmOptionsTest, OKWithAnEmptyNameIsRefusedAndTheDialogStays) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
     OptionsDialog dialog;
-    FrmOptions form;
+    FrmOptions form(view);
     form.Load(dialog);
     form.show();
     form.CssFile()->click();
@@ -71,9 +71,10 @@ TEST(FrmOptionsTest, OKWithAnEmptyNameIsRefusedAndTheDialogStays) {
 }
 
 TEST(FrmOptionsTest, AnEmptyNameIsPutBackWhenShownAgain) {
+    testing::ScriptedView view;
     OptionsDialog dialog;
     dialog.txtCssFileName.clear();
-    FrmOptions form;
+    FrmOptions form(view);
     form.Load(dialog);
     EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");
     // Emptied while hidden, it is back as soon as the window shows.

@@ -163,7 +163,6 @@ protected:
 
     TempDir dir;
     ScriptedWizardView view;
-    ScopedActiveView active{view};
     Wizard wizard{view};
     Snapshot before;
 };

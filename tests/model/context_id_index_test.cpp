@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "support/scripted_view.h"
+
 #include "model/context_id_index.h"
 
 namespace tamrix {
@@ -13,12 +15,14 @@ std::vector<std::string> Values(const std::vector<NamedDefinition>& found) {
 }
 
 TEST(ContextIDIndexTest, FindsEveryDefinitionOfANameMapFilesFirstInCollectionOrder) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     CContextIDs map;
     CContextIDs project;
-    project.Add("IDH_A", "5", "IDH_A");
-    map.Add("idh_a", "1", "");
-    map.Add("IDH_B", "2", "IDH_B");
-    map.Add("Idh_A", "3", "");  // unkeyed records may repeat a name
+    project.Add(errors, "IDH_A", "5", "IDH_A");
+    map.Add(errors, "idh_a", "1", "");
+    map.Add(errors, "IDH_B", "2", "IDH_B");
+    map.Add(errors, "Idh_A", "3", "");  // unkeyed records may repeat a name
     const ContextIDIndex index(&map, &project);
     EXPECT_EQ(Values(index.Named("IDH_a")), (std::vector<std::string>{"1 map", "3 map", "5 hpj"}));
     EXPECT_EQ(Values(index.Named("idh_b")), std::vector<std::string>{"2 map"});
@@ -27,16 +31,20 @@ TEST(ContextIDIndexTest, FindsEveryDefinitionOfANameMapFilesFirstInCollectionOrd
 }
 
 TEST(ContextIDIndexTest, EitherCollectionMayBeMissing) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     CContextIDs project;
-    project.Add("IDH_X", "&H10", "IDH_X");
+    project.Add(errors, "IDH_X", "&H10", "IDH_X");
     EXPECT_EQ(Values(ContextIDIndex(nullptr, &project).Named("idh_x")),
               std::vector<std::string>{"&H10 hpj"});
     EXPECT_TRUE(ContextIDIndex(nullptr, nullptr).Named("IDH_X").empty());
 }
 
 TEST(ContextIDIndexTest, AnEmptyNameMatchesDefinitionsWithoutAName) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     CContextIDs map;
-    map.Add("", "7", "");
+    map.Add(errors, "", "7", "");
     EXPECT_EQ(Values(ContextIDIndex(&map, nullptr).Named("")), std::vector<std::string>{"7 map"});
 }
 

@@ -10,14 +10,14 @@ namespace {
 class ModelTest : public ::testing::Test {
 protected:
     testing::ScriptedView view;
-    ScopedActiveView active{view};
+    ErrorReporter errors{view};
 };
 
 TEST_F(ModelTest, ContextIdsWithAnEmptyKeyMayShareAName) {
     CContextIDs ids;
-    EXPECT_NE(ids.Add("IDH_A", "1", ""), nullptr);
-    EXPECT_NE(ids.Add("IDH_A", "2", ""), nullptr);
-    EXPECT_NE(ids.Add("IDH_B", "&H10", "IDH_B"), nullptr);
+    EXPECT_NE(ids.Add(errors, "IDH_A", "1", ""), nullptr);
+    EXPECT_NE(ids.Add(errors, "IDH_A", "2", ""), nullptr);
+    EXPECT_NE(ids.Add(errors, "IDH_B", "&H10", "IDH_B"), nullptr);
     EXPECT_EQ(ids.Count(), 3);
     EXPECT_EQ(ids.Item("idh_b")->ContextID, "&H10");
     EXPECT_EQ(ids.Item(2)->ContextID, "2");
@@ -26,8 +26,8 @@ TEST_F(ModelTest, ContextIdsWithAnEmptyKeyMayShareAName) {
 
 TEST_F(ModelTest, ADuplicateKeyIsReportedWithTheCollectionsPlace) {
     CContextIDs ids;
-    ids.Add("IDH_A", "1", "IDH_A");
-    EXPECT_EQ(ids.Add("idh_a", "2", "IDH_a"), nullptr);
+    ids.Add(errors, "IDH_A", "1", "IDH_A");
+    EXPECT_EQ(ids.Add(errors, "idh_a", "2", "IDH_a"), nullptr);
     EXPECT_EQ(ids.Count(), 1);
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_EQ(view.errors[0].first,

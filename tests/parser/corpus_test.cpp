@@ -61,7 +61,7 @@ TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
     // Counted by hand: the listed files holding <TITLE>(Untitled)</TITLE>, found with
     //   grep -il '<title>(untitled)</title>' over the 82 entries of [FILES]
     // (the entries converted from Windows-1252 to the UTF-8 names on disk): 41.
-    EXPECT_EQ(modUtilities::UntitledTopics(&topics), 41);
+    EXPECT_EQ(modUtilities::UntitledTopics(wizard.Errors, &topics), 41);
     EXPECT_TRUE(view.messages.empty());
     EXPECT_TRUE(view.errors.empty());
     EXPECT_TRUE(modUtilities::UpdateInternalReferences(wizard));
@@ -88,7 +88,7 @@ TEST_F(CorpusProjects, WaveSoapParses) {
     EXPECT_EQ(missing, 0);
     EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 62);
     // 36 of its html\*.htm files hold <TITLE>(Untitled)</TITLE> (grep -il).
-    EXPECT_EQ(modUtilities::UntitledTopics(wizard.Globals.TopicFiles.get()), 36);
+    EXPECT_EQ(modUtilities::UntitledTopics(wizard.Errors, wizard.Globals.TopicFiles.get()), 36);
     EXPECT_TRUE(view.errors.empty());
 }
 

@@ -106,7 +106,6 @@ protected:
     }
 
     ScriptedView view;
-    ScopedActiveView active{view};
     Conversion wizard{view};
     TempDir dir;
     int missing = 0;

@@ -44,7 +44,7 @@ TEST_F(ParserRobustness, EmptyProject) {
     EXPECT_TRUE(Parse(project));
     EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 0);
     EXPECT_TRUE(modUtilities::UpdateInternalReferences(wizard));
-    EXPECT_TRUE(modUtilities::CheckProjectValidity(wizard.Globals.TopicFiles.get()));
+    EXPECT_TRUE(modUtilities::CheckProjectValidity(wizard.Errors, wizard.Globals.TopicFiles.get()));
     EXPECT_EQ(GetIndexFileName(wizard, project), "");
 }
 

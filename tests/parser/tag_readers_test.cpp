@@ -60,15 +60,15 @@ TEST_F(TagReaders, OnlyTheFirstAreaOfALineIsFoundAndObjectsRunToTheirEndTag) {
 }
 
 TEST_F(TagReaders, QuotedValuesAndMissingQuotes) {
-    EXPECT_EQ(HTMLHrefTarget("<A HREF=\" a.htm#x \">"), "a.htm#x");
-    EXPECT_EQ(HTMLAnchorName("<a name=\"IDH_A\">"), "IDH_A");
-    EXPECT_EQ(HTMLHrefTarget("<A NAME=\"x\">"), "");
+    EXPECT_EQ(HTMLHrefTarget(wizard.Errors, "<A HREF=\" a.htm#x \">"), "a.htm#x");
+    EXPECT_EQ(HTMLAnchorName(wizard.Errors, "<a name=\"IDH_A\">"), "IDH_A");
+    EXPECT_EQ(HTMLHrefTarget(wizard.Errors, "<A NAME=\"x\">"), "");
     EXPECT_TRUE(view.errors.empty());
-    EXPECT_EQ(HTMLHrefTarget("<A HREF=a.htm>"), "");
+    EXPECT_EQ(HTMLHrefTarget(wizard.Errors, "<A HREF=a.htm>"), "");
     EXPECT_TRUE(
         ErrorNamed("Missing quotes in HREF string <A HREF=a.htm> "
                    "in:modParser:HTMLHrefTarget"));
-    EXPECT_EQ(HTMLAnchorName("<A NAME=\"x>"), "");
+    EXPECT_EQ(HTMLAnchorName(wizard.Errors, "<A NAME=\"x>"), "");
     EXPECT_TRUE(ErrorNamed("modParser:HTMLAnchorName"));
     EXPECT_EQ(view.errors.size(), 2u);
 }

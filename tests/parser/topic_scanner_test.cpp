@@ -49,18 +49,18 @@ TEST_F(TopicScanner, HeadAndTitle) {
     const std::string head = HTMLHeader(wizard, reader);
     EXPECT_EQ(head, "<HEAD> <TITLE> Setup Guide </TITLE> </HEAD> ");
     std::string title;
-    EXPECT_TRUE(ExtractTopicTitle(head, title));
+    EXPECT_TRUE(ExtractTopicTitle(wizard.Errors, head, title));
     EXPECT_EQ(title, "Setup Guide");
     reader.OpenText("<HEAD><TITLE>x</TITLE>\n<BODY>");
     EXPECT_EQ(HTMLHeader(wizard, reader), "");
 
-    EXPECT_FALSE(ExtractTopicTitle("<HEAD><TITLE>  </TITLE></HEAD>", title));
+    EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD><TITLE>  </TITLE></HEAD>", title));
     EXPECT_TRUE(view.messages.empty());
-    EXPECT_FALSE(ExtractTopicTitle("<HEAD></HEAD>", title));
+    EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD></HEAD>", title));
     ASSERT_EQ(view.messages.size(), 1u);
     ExpectMessage(0, 5003, "ExtractTopicTitle");
     // A title that never closes is an unexpected error.
-    EXPECT_FALSE(ExtractTopicTitle("<HEAD><TITLE>open</HEAD>", title));
+    EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD><TITLE>open</HEAD>", title));
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_TRUE(ErrorNamed("modParser:ExtractTopicTitle"));
 }

@@ -208,12 +208,12 @@ TEST(PathHelpers, SplitNamesTheWayProjectFilesWriteThem) {
 TEST(PathHelpers, CreateFolderOnAnExistingFolderCreatesNothing) {
     testing::TempDir dir;
     testing::ScriptedView view;
-    ScopedActiveView active(view);
     FileSystem fs;
-    EXPECT_TRUE(modUtilities::CreateFolder(fs, dir.Path(), "sub"));
-    EXPECT_TRUE(modUtilities::CreateFolder(fs, dir.Path() + "/", "sub"));
+    ErrorReporter errors{view};
+    EXPECT_TRUE(modUtilities::CreateFolder(fs, errors, dir.Path(), "sub"));
+    EXPECT_TRUE(modUtilities::CreateFolder(fs, errors, dir.Path() + "/", "sub"));
     EXPECT_TRUE(modUtilities::FolderExists(fs, dir / "sub"));
-    EXPECT_FALSE(modUtilities::CreateFolder(fs, dir / "a/b/c", "d"));  // one level only
+    EXPECT_FALSE(modUtilities::CreateFolder(fs, errors, dir / "a/b/c", "d"));  // one level only
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_EQ(view.errors[0].first.rfind("modUtilities:CreateFolder\r\nError: ", 0), 0u);
     EXPECT_FALSE(modUtilities::FileExists(fs, ""));

@@ -13,8 +13,8 @@ namespace {
 
 TEST(ProgramError, SystemErrorsShowSourceAndDescriptionTitledError) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
-    ReportProgramError(9, "modUtilities:CreateFolder");
+    ErrorReporter errors{view};
+    ReportProgramError(errors, 9, "modUtilities:CreateFolder");
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_EQ(view.errors[0].first, "modUtilities:CreateFolder\r\nError: Subscript out of range");
     EXPECT_EQ(view.errors[0].second, "Error");
@@ -22,8 +22,8 @@ TEST(ProgramError, SystemErrorsShowSourceAndDescriptionTitledError) {
 
 TEST(ProgramError, ProgramErrorsShowTheNumberWithASignPosition) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
-    ReportProgramError(600, "modRewrite:RewriteTopicFile");
+    ErrorReporter errors{view};
+    ReportProgramError(errors, 600, "modRewrite:RewriteTopicFile");
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_EQ(view.errors[0].first, "Program Error No.  600 From: modRewrite:RewriteTopicFile");
     EXPECT_EQ(view.errors[0].second, "Tamrix");
@@ -33,18 +33,19 @@ TEST(ProgramError, ProgramErrorsShowTheNumberWithASignPosition) {
 // and a count; the detail of a program error says which file and why.
 TEST(ProgramError, RepeatsWithinAnOperationAreShownOnceAndCounted) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
+    ErrorReporter errors{view};
     int failures = 0;
     {
-        ErrorReportOperation operation;
-        ErrorReportOperation nested;  // the outermost one counts
+        ErrorReportOperation operation(errors);
+        ErrorReportOperation nested(errors);  // the outermost one counts
         for (int i = 0; i < 70000; ++i)
-            failures += Guarded("modUtilities:UpdateProgressBar", 0,
+            failures += Guarded(errors, "modUtilities:UpdateProgressBar", 0,
                                 []() -> int { RaiseError(err::kOverflow); }) == 0;
-        Guarded("m:Write", false, []() -> bool {
+        Guarded(errors, "m:Write", false, []() -> bool {
             RaiseError(err::kOutsideNewFolder, "Refused to write \"/in/a.htm\": why.");
         });
-        Guarded("m:Write", false, []() -> bool { RaiseError(err::kOutsideNewFolder, "b"); });
+        Guarded(errors, "m:Write", false,
+                []() -> bool { RaiseError(err::kOutsideNewFolder, "b"); });
         EXPECT_TRUE(view.repeats.empty());
     }
     EXPECT_EQ(failures, 70000);  // every call still fails as before
@@ -55,17 +56,17 @@ TEST(ProgramError, RepeatsWithinAnOperationAreShownOnceAndCounted) {
     using Repeat = std::pair<std::string, int>;
     EXPECT_EQ(view.repeats,
               (std::vector<Repeat>{{view.errors[0].first, 69999}, {view.errors[1].first, 1}}));
-    ReportProgramError(6, "modUtilities:UpdateProgressBar");  // a new operation shows again
+    ReportProgramError(errors, 6, "modUtilities:UpdateProgressBar");  // a new operation shows again
     EXPECT_EQ(view.errors.size(), 3u);
 }
 
 TEST(ProgramError, GuardTurnsEveryExceptionIntoTheReportAndTheFailureValue) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
-    EXPECT_FALSE(Guarded("m:A", false, []() -> bool { RaiseError(err::kFileNotFound); }));
-    EXPECT_EQ(Guarded("m:B", -1, []() -> int { throw std::bad_alloc(); }), -1);
-    EXPECT_EQ(Guarded("m:C", 0, []() -> int { throw 42; }), 0);
-    EXPECT_TRUE(Guarded("m:D", false, [] { return true; }));
+    ErrorReporter errors{view};
+    EXPECT_FALSE(Guarded(errors, "m:A", false, []() -> bool { RaiseError(err::kFileNotFound); }));
+    EXPECT_EQ(Guarded(errors, "m:B", -1, []() -> int { throw std::bad_alloc(); }), -1);
+    EXPECT_EQ(Guarded(errors, "m:C", 0, []() -> int { throw 42; }), 0);
+    EXPECT_TRUE(Guarded(errors, "m:D", false, [] { return true; }));
     ASSERT_EQ(view.errors.size(), 3u);
     EXPECT_EQ(view.errors[0].first, "m:A\r\nError: File not found");
     EXPECT_EQ(view.errors[1].first, "m:B\r\nError: Out of memory");

@@ -9,6 +9,7 @@
 #include "platform/file_system.h"
 #include "popups/body_reader.h"
 #include "popups/popup_text.h"
+#include "support/scripted_view.h"
 
 namespace tamrix::modPopups {
 namespace {
@@ -20,6 +21,8 @@ std::string CorpusDir() {
 
 TEST(PopupCorpus, EveryTopicFileOfTheCorpusYieldsText) {
     FileSystem fs;
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     int files = 0;
     for (const char* project : {"draftcable", "wavesoap"}) {
         const std::string folder = CorpusDir() + "/" + project + "/html";
@@ -30,11 +33,11 @@ TEST(PopupCorpus, EveryTopicFileOfTheCorpusYieldsText) {
             SCOPED_TRACE(folder + "/" + name);
             ++files;
             TextReader reader(fs, folder + "/" + name);
-            const std::string body = HTMLBodyContents(reader);
+            const std::string body = HTMLBodyContents(errors, reader);
             EXPECT_FALSE(ContainsNoCase(body, "<BODY"));
             EXPECT_FALSE(ContainsNoCase(body, "</BODY>"));
             for (auto kind : {PopupKind::Script, PopupKind::TextPopup}) {
-                const PopupText popup = CleanPopupBody(ProjectState{}, body, kind);
+                const PopupText popup = CleanPopupBody(errors, ProjectState{}, body, kind);
                 if (!body.empty()) {
                     EXPECT_FALSE(popup.text.empty());
                 }

@@ -67,7 +67,6 @@ protected:
 
     testing::TempDir dir_;
     testing::ScriptedView view_;
-    ScopedActiveView active_{view_};
     Conversion wizard_{view_};
     int made_ = 0;
 };
@@ -144,11 +143,11 @@ TEST_F(PopupWriters, EveryExtraIdCanBeCalled) {
     t->ExtraIds = "idh_alt^idh_alt2^idh_undefined";
     t->ContextIDValueString = "100";
     wizard_.Globals.MapContextIDs = std::make_shared<CContextIDs>();
-    wizard_.Globals.MapContextIDs->Add("IDH_ALT", "12", "IDH_ALT");
-    wizard_.Globals.MapContextIDs->Add("idh_other", "13", "idh_other");
+    wizard_.Globals.MapContextIDs->Add(wizard_.Errors, "IDH_ALT", "12", "IDH_ALT");
+    wizard_.Globals.MapContextIDs->Add(wizard_.Errors, "idh_other", "13", "idh_other");
     wizard_.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
-    wizard_.Globals.ProjectContextIDs->Add("idh_alt2", "&H20", "idh_alt2");
-    wizard_.Globals.ProjectContextIDs->Add("idh_alt", "14", "idh_alt");
+    wizard_.Globals.ProjectContextIDs->Add(wizard_.Errors, "idh_alt2", "&H20", "idh_alt2");
+    wizard_.Globals.ProjectContextIDs->Add(wizard_.Errors, "idh_alt", "14", "idh_alt");
     int count = 0;
     ASSERT_TRUE(WriteScript(count));
     EXPECT_EQ(count, 4);
@@ -196,7 +195,7 @@ TEST_F(PopupWriters, TextPopupsWithoutAValueAreLeftOut) {
     Topic("pop_proj", false, 0, 1, "<P>project</P>\n");
     Topic("pop_none", false, 0, 1, "<P>none</P>\n");
     wizard_.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
-    wizard_.Globals.ProjectContextIDs->Add("POP_PROJ", "&H2B", "POP_PROJ");
+    wizard_.Globals.ProjectContextIDs->Add(wizard_.Errors, "POP_PROJ", "&H2B", "POP_PROJ");
     int count = 0;
     ASSERT_TRUE(WriteApp(count));
     EXPECT_EQ(count, 2);

@@ -49,9 +49,8 @@ protected:
     }
 
     ScriptedView view;
-    ScopedActiveView active{view};
     Conversion wizard{view};
-    CSummary report;
+    CSummary report{wizard.Errors};
 
 private:
     const char* epoch_;

@@ -26,9 +26,9 @@ protected:
         topic->ExternalReferences = external;
         return topic;
     }
-    static void Define(CContextIDs& ids, const std::string& name, const std::string& value,
-                       const std::string& key, int mapFileIndex, bool fileDefined) {
-        auto id = ids.Add(name, value, key);
+    void Define(CContextIDs& ids, const std::string& name, const std::string& value,
+                const std::string& key, int mapFileIndex, bool fileDefined) {
+        auto id = ids.Add(wizard.Errors, name, value, key);
         ASSERT_NE(id, nullptr);
         id->MapFileIndex = mapFileIndex;
         id->FileDefined = fileDefined;

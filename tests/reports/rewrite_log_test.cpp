@@ -58,9 +58,9 @@ protected:
         g.ProjectAliases->Add("IDH_X")->AliasFound = true;
         g.ProjectAliases->Add("IDH_Y");
     }
-    static void AddID(CContextIDs& ids, const char* name, const char* value, int number,
-                      bool defined, int mapFile) {
-        const auto id = ids.Add(name, value, name);
+    void AddID(CContextIDs& ids, const char* name, const char* value, int number, bool defined,
+               int mapFile) {
+        const auto id = ids.Add(wizard.Errors, name, value, name);
         id->ContextIDVal = number;
         id->FileDefined = defined;
         id->MapFileIndex = mapFile;

@@ -147,16 +147,16 @@ TEST_F(ScanLog, WinHelpBlock) {
     wizard.Globals.AliasFiles = {"/p/al.h"};
     wizard.Globals.AliasFileCount = 1;
     wizard.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
-    wizard.Globals.ProjectContextIDs->Add("IDH_P", "5", "IDH_P");
+    wizard.Globals.ProjectContextIDs->Add(wizard.Errors, "IDH_P", "5", "IDH_P");
     wizard.Globals.MapContextIDs = std::make_shared<CContextIDs>();
     for (int i = 0; i < 41; ++i)
-        wizard.Globals.MapContextIDs->Add("IDH_" + std::to_string(i), "1",
+        wizard.Globals.MapContextIDs->Add(wizard.Errors, "IDH_" + std::to_string(i), "1",
                                           "IDH_" + std::to_string(i));
     wizard.Globals.ProjectAliases = std::make_shared<CAliases>();
     wizard.Globals.ProjectAliases->Add("ALIAS_A");
     wizard.Globals.DuplicateIncludes = "/p/one.h^/p/al.h";
     wizard.Globals.DuplicateContextIDs = std::make_shared<CContextIDs>();
-    wizard.Globals.DuplicateContextIDs->Add("IDH_3", "&H10", "");
+    wizard.Globals.DuplicateContextIDs->Add(wizard.Errors, "IDH_3", "&H10", "");
     wizard.Globals.InvalidContextIDs = "IDH_E = overflow value: 99999999999";
     wizard.Globals.TopicFiles.reset();
 

@@ -72,7 +72,6 @@ protected:
 
     testing::TempDir dir_;
     testing::ScriptedView view_;
-    ScopedActiveView active_{view_};
     Conversion wizard_{view_};
     std::shared_ptr<CTopicFile> main_, pop1_, pop2_;
 };
@@ -156,6 +155,8 @@ TEST(ScriptNames, PopupsJsIsReachedFromTheTopicsFolderAndNamesAreIdentifiers) {
 }
 
 TEST(AddJavaLinks, ConvertsLinksAfterTheBodyUntilTheReplacementMatchesAgainOrATagIsOpen) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     struct Case {
         const char* newName;
         std::string text, expected;
@@ -176,7 +177,7 @@ TEST(AddJavaLinks, ConvertsLinksAfterTheBodyUntilTheReplacementMatchesAgainOrATa
         popup.NewFileName = c.newName;
         TextBuffer buffer;
         buffer.SetText(c.text);
-        EXPECT_TRUE(AddJavaLinks(buffer, popup));
+        EXPECT_TRUE(AddJavaLinks(errors, buffer, popup));
         EXPECT_EQ(buffer.Text(), c.expected);
     }
 }

@@ -76,7 +76,6 @@ protected:
     const std::string oldDir = tmp / "old";
     const std::string newDir = tmp / "work/new";
     ScriptedView view;
-    ScopedActiveView active{view};
     Conversion wizard{view};
 };
 

@@ -44,7 +44,6 @@ protected:
 
     testing::TempDir dir;
     testing::ScriptedWizardView view;
-    ScopedActiveView active{view};
     Wizard wizard{view};
 };
 

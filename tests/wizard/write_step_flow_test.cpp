@@ -64,7 +64,6 @@ protected:
 
     TempDir tmp;
     ScriptedView view;
-    ScopedActiveView active{view};
     RecordingWizard wizard{view};
 };
 
@@ -89,7 +88,8 @@ TEST_F(WriteStepFlow, CreatesTheFolderAndWritesTheProject) {
 TEST_F(WriteStepFlow, ReportsUnaliasedIDsInTheStepMessage) {
     std::filesystem::create_directories(tmp / "new");
     wizard.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
-    wizard.Globals.ProjectContextIDs->Add("IDH_NOWHERE", "7", "IDH_NOWHERE")->ContextIDVal = 7;
+    wizard.Globals.ProjectContextIDs->Add(wizard.Errors, "IDH_NOWHERE", "7", "IDH_NOWHERE")
+        ->ContextIDVal = 7;
     wizard.StepMessage = "Before. ";
     EXPECT_TRUE(Run());
     EXPECT_EQ(wizard.StepMessage, "Before. " + modMessages::GetMessageString(10051, "1"));

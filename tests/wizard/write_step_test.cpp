@@ -35,7 +35,6 @@ protected:
 
     TempDir tmp;
     ScriptedView view;
-    ScopedActiveView active{view};
     Conversion wizard{view};
     std::string txtRootPath;
 };
