@@ -60,7 +60,7 @@ std::vector<std::string> ConversionProblems(Wizard& wizard, int errorReports) {
                            std::to_string(topics.total) + " topic files were not written.");
     for (const auto& refused : fs.RefusedWrites())
         problems.push_back("Refused to write " + refused.path + ": " + refused.reason + ".");
-    for (const std::string& name : modRewrite::RefusedFiles())
+    for (const std::string& name : wizard.Globals.RefusedFiles)
         problems.push_back("Not written, it would lie outside the new project folder: " + name);
     if (errorReports > 0)
         problems.push_back(std::to_string(errorReports) + " error report(s) during the run.");

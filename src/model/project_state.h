@@ -55,6 +55,11 @@ struct ProjectState {
     // there, so a long line is not copied once per anchor; 0 for text put there otherwise.
     std::size_t PendingAnchorStart = 0;
 
+    /// The names the writers refused to write, in order, without repeats.
+    std::vector<std::string> RefusedFiles;
+    /// The topic files that kept their names because their ID cannot name a file.
+    std::vector<std::string> RefusedTopicIDs;
+
     /// Drops the WinHelp data: context IDs, aliases, duplicates, map and alias files.
     void ClearWinHelpData();
     /// Drops everything, the topic files and the contents and index targets included.

@@ -144,13 +144,13 @@ bool WriteRewriteLog(Conversion& wizard, CSummary& report, int undefinedCount, i
         WriteAliasCounts(wizard, report);
         WriteUnaliased(wizard, report, undefinedCount, zeroCount);
 
-        const auto& refused = modRewrite::RefusedFiles();
+        const auto& refused = wizard.Globals.RefusedFiles;
         if (!refused.empty()) {
             report.AddLine("");
             report.AddLine("Files refused because they would lie outside the new project folder:");
             for (const std::string& name : refused) report.AddLine(name);
         }
-        const auto& keptNames = modRewrite::RefusedTopicIDs();
+        const auto& keptNames = wizard.Globals.RefusedTopicIDs;
         if (!keptNames.empty()) {
             report.AddLine("");
             report.AddLine(

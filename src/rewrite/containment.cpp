@@ -7,16 +7,6 @@
 namespace tamrix::modRewrite {
 namespace {
 
-std::vector<std::string>& Refused() {
-    static std::vector<std::string> refused;
-    return refused;
-}
-
-std::vector<std::string>& RefusedIDs() {
-    static std::vector<std::string> refused;
-    return refused;
-}
-
 constexpr std::size_t kMaxNameLength = 200;
 
 // CON, PRN, AUX, NUL, COM1-9 and LPT1-9 name devices whatever follows the first dot.
@@ -69,7 +59,7 @@ bool IsWindowsFileName(std::string_view name) {
 }
 
 void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName) {
-    auto& refused = Refused();
+    auto& refused = wizard.Globals.RefusedFiles;
     bool known = false;
     for (const std::string& name : refused) known = known || EqualsNoCase(name, relativeName);
     if (!known) refused.push_back(relativeName);
@@ -81,21 +71,12 @@ void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName) {
 }
 
 void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::string& topicId) {
-    RefusedIDs().push_back(oldName + " (Topic ID \"" + topicId + "\")");
+    wizard.Globals.RefusedTopicIDs.push_back(oldName + " (Topic ID \"" + topicId + "\")");
     modMessages::ShowMessage(wizard.View(),
                              "The topic ID \"" + topicId +
                                  "\" cannot be a file name.\nThe topic file keeps its name \"" +
                                  oldName + "\".",
                              mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
-}
-
-const std::vector<std::string>& RefusedFiles() { return Refused(); }
-
-const std::vector<std::string>& RefusedTopicIDs() { return RefusedIDs(); }
-
-void ClearRefusedFiles() {
-    Refused().clear();
-    RefusedIDs().clear();
 }
 
 }  // namespace tamrix::modRewrite

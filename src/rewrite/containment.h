@@ -28,9 +28,4 @@ void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName);
 // cannot be one, and keeps "old name (topic ID)" for the log.
 void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::string& topicId);
 
-// The names refused since the last ClearRefusedFiles, in order, without repeats.
-const std::vector<std::string>& RefusedFiles();
-const std::vector<std::string>& RefusedTopicIDs();
-void ClearRefusedFiles();
-
 }  // namespace tamrix::modRewrite

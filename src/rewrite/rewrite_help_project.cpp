@@ -24,7 +24,8 @@ bool RewriteHelpProject(Conversion& wizard, const std::string& oldProjectFile,
                         const std::string& newProjectName, const std::string& newRootPath) {
     return Guarded(wizard.Errors, "modRewrite:RewriteHelpProject", false, [&] {
         const ProjectState& g = wizard.Globals;
-        ClearRefusedFiles();
+        wizard.Globals.RefusedFiles.clear();
+        wizard.Globals.RefusedTopicIDs.clear();
         SettleNewFileNames(wizard);
         const std::string newProjectFile =
             modUtilities::MakeFullPathforFile(newRootPath, newProjectName);

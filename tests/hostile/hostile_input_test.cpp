@@ -28,7 +28,7 @@ TEST_F(HostileInput, FilesEntriesThatClimbOutAreRefused) {
     EXPECT_TRUE(view.FindMessage("..\\IDH_ABOVE.htm") != nullptr ||
                 view.FindMessage("../IDH_ABOVE.htm") != nullptr)
         << AllMessages();
-    EXPECT_EQ(modRewrite::RefusedFiles().size(), 2u);
+    EXPECT_EQ(wizard.Globals.RefusedFiles.size(), 2u);
     EXPECT_TRUE(fs::exists(Out("html/IDH_FIRST.htm")));
     ExpectOnlyNewFolderWritten();
 }
@@ -57,7 +57,7 @@ TEST_F(HostileInput, AnchorNamesThatClimbOutAreRefused) {
     WriteIn("html/gen00005.htm", Topic("Rooted", "/tmp/z"));
     EXPECT_EQ(Convert(), 4) << AllMessages();
     EXPECT_NE(view.FindMessage("cannot be a file name"), nullptr) << AllMessages();
-    EXPECT_EQ(modRewrite::RefusedTopicIDs().size(), 3u) << AllMessages();
+    EXPECT_EQ(wizard.Globals.RefusedTopicIDs.size(), 3u) << AllMessages();
     for (const char* kept : {"html/gen00003.htm", "html/gen00004.htm", "html/gen00005.htm"})
         EXPECT_TRUE(fs::exists(Out(kept))) << kept;
     EXPECT_FALSE(fs::exists(dir / "a/x.htm"));

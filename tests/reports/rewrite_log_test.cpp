@@ -18,16 +18,12 @@ protected:
     RewriteLogTest() : LogTest("1299333960") {}  // March 05, 2011 14:06 UTC
     void SetUp() override {
         LogTest::SetUp();
-        modRewrite::ClearRefusedFiles();
         wizard.Projectname = "C:\\Help\\proj.hhp";
         wizard.NewRootPath = "D:\\New\\";
         wizard.NewProjectName = "new.hhp";
         for (const char* name : {"a.htm", "b.htm", "c.htm"}) AddTopic(name, "", true);
     }
-    void TearDown() override {
-        LogTest::TearDown();
-        modRewrite::ClearRefusedFiles();
-    }
+    void TearDown() override { LogTest::TearDown(); }
     // The log ends with `tail`.
     void ExpectTail(const std::string& tail) {
         const std::string& text = report.Text();

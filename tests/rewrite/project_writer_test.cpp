@@ -150,7 +150,7 @@ TEST_F(RewriteTest, StyleSheetNameOutsideTheFolderIsRefused) {
     EXPECT_TRUE(Tree().empty());
     ASSERT_EQ(view.messages.size(), 1u);
     ExpectMessage(0, 0, "Writing New Project Files", mb::kExclamation);
-    EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.css"});
+    EXPECT_EQ(wizard.Globals.RefusedFiles, std::vector<std::string>{"..\\..\\evil.css"});
 }
 
 class ImageFolderTest : public RewriteTest {

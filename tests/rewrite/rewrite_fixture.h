@@ -24,14 +24,12 @@ class RewriteTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ::setenv("SOURCE_DATE_EPOCH", "1299333960", 1);  // March 05, 2011 14:06 UTC
-        modRewrite::ClearRefusedFiles();
         wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
         std::filesystem::create_directories(oldDir);
         std::filesystem::create_directories(newDir);
         wizard.Files.SetWriteRoot(newDir);
         wizard.CssFileName = "HHStyles.css";
     }
-    void TearDown() override { modRewrite::ClearRefusedFiles(); }
 
     // A topic as the scan leaves it.
     std::shared_ptr<CTopicFile> AddTopic(const std::string& autoNamePath,

@@ -121,7 +121,7 @@ TEST_F(TopicFileTest, HostileNamesCreateNothingOutsideTheNewFolder) {
     EXPECT_EQ(Tree(), before);
     EXPECT_FALSE(tmp.Exists("work/new/html"));
     EXPECT_EQ(
-        modRewrite::RefusedFiles(),
+        wizard.Globals.RefusedFiles,
         (std::vector<std::string>{"..\\..\\evil.htm", "html\\../evil.htm", "html\\sub\\evil.htm",
                                   "C:\\evil\\a3.htm", "\\evil\\a4.htm"}));
     ASSERT_EQ(view.messages.size(), 5u);

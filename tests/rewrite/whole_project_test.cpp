@@ -51,7 +51,6 @@ protected:
 
     void WriteAll() {
         const std::string oldProject = oldDir + "/p.hhp";
-        modRewrite::ClearRefusedFiles();
         modRewrite::SettleNewFileNames(wizard);
         ASSERT_TRUE(modRewrite::RewriteProjectFile(wizard, oldProject, newDir + "/n.hhp"));
         const std::string css = modRewrite::MakeCSSLinkString(wizard, newDir);
@@ -96,8 +95,8 @@ TEST_F(WholeProjectTest, WritesTheNewProjectAndLeavesTheOldOneAlone) {
              "<param name=\"Local\" value=\"html\\afxc0002.htm\">"
              "<param name=\"Local\" value=\"html\\afxc0003.htm\">"},
             {"images/pic.gif", "GIF89a"}}));
-    EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.htm"});
-    EXPECT_EQ(modRewrite::RefusedTopicIDs(),
+    EXPECT_EQ(wizard.Globals.RefusedFiles, std::vector<std::string>{"..\\..\\evil.htm"});
+    EXPECT_EQ(wizard.Globals.RefusedTopicIDs,
               (std::vector<std::string>{"html\\afxc0002.htm (Topic ID \"../evil\")",
                                         "html\\afxc0004.htm (Topic ID \"Con.txt\")"}));
 }

@@ -140,9 +140,9 @@ TEST_F(WriteStepFlow, HostileNamesStayOutOfEveryFolderButTheNewOne) {
     EXPECT_TRUE(tmp.Exists("work/new/html/main.htm"));
     // The topic whose ID climbs out keeps its old name.
     EXPECT_TRUE(EndsWithNoCase(tmp.Read("work/new/html/afxc0003.htm"), "three"));
-    EXPECT_EQ(modRewrite::RefusedTopicIDs(),
+    EXPECT_EQ(wizard.Globals.RefusedTopicIDs,
               std::vector<std::string>{"html\\afxc0003.htm (Topic ID \"../evil\")"});
-    EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.htm"});
+    EXPECT_EQ(wizard.Globals.RefusedFiles, std::vector<std::string>{"..\\..\\evil.htm"});
 }
 
 }  // namespace
