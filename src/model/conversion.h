@@ -45,27 +45,27 @@ public:
     std::string StepMessage;
     double BoxLeft = 0;
     double BoxTop = 0;
-    // Filled by GetHTMLOptions for the writers.
+    /// Filled by GetHTMLOptions for the writers.
     bool AddCssLink = false;
     bool SetTopicClass = false;
     std::string CssFileName;
-    // Texts the readers and the scan step show in the wizard's labels.
+    /// Texts the readers and the scan step show in the wizard's labels.
     std::string DisplayTopicCount;
     std::string UntitledCountText;
     int UntitledCount = 0;     // untitled (popup) topics found by the scan
     bool RewriteDone = false;  // the write step succeeded
     bool PopupsActivated = false;
 
-    // Fetches the style-sheet options of the options dialog into AddCssLink,
-    // SetTopicClass and CssFileName; the wizard overrides it.
+    /// Fetches the style-sheet options of the options dialog into AddCssLink,
+    /// SetTopicClass and CssFileName; the wizard overrides it.
     virtual bool GetHTMLOptions() { return true; }
-    // Lets the window repaint before a long operation.
+    /// Lets the window repaint before a long operation.
     virtual void Refresh() { View().ProcessEvents(); }
 
     BoxPosition Box() const { return BoxPosition{BoxLeft, BoxTop}; }
 
-    // The progress display. A value above the maximum is ignored; at every
-    // tenth value pending events are processed so the window repaints.
+    /// The progress display. A value above the maximum is ignored; at every
+    /// tenth value pending events are processed so the window repaints.
     void SetProgressCaption(const std::string& caption);
     void SetProgressMax(int maximum);
     void SetProgress(int value);

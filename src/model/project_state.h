@@ -33,26 +33,26 @@ struct ProjectState {
     std::string ContentsTopic;      // CONTENTS option of the WinHelp project
     std::string MapSectionText;     // raw [MAP] section; kept, never read
 
-    // Options of the run.
+    /// Options of the run.
     bool IgnoreZeroIDs = true;  // ignore zero-value context IDs (Options menu)
-    // Map header files may define IDs as "NAME VALUE" lines, as Visual C++ writes
-    // them (Options menu); when not, such lines are only counted.
+    /// Map header files may define IDs as "NAME VALUE" lines, as Visual C++ writes
+    /// them (Options menu); when not, such lines are only counted.
     bool ReadNameValueLines = false;
     int UnreadNameValueLines = 0;
-    // The popup cleaning switches: set at start-up and never changed.
+    /// The popup cleaning switches: set at start-up and never changed.
     bool RemoveScriptLinks = true;
     bool RemoveTextLinks = true;
     bool RemovePopupImages = true;
 
-    // Scanner state shared between the tag readers: 0 searching, 1 inside, 2 complete.
+    /// Scanner state shared between the tag readers: 0 searching, 1 inside, 2 complete.
     int HeadState = 0;
     int BodyState = 0;
     int AnchorState = 0;
     int AreaState = 0;
     int ObjectState = 0;
     std::string PendingAnchorText;
-    // Where the next "<A" starts in PendingAnchorText when the tag readers left it
-    // there, so a long line is not copied once per anchor; 0 for text put there otherwise.
+    /// Where the next "<A" starts in PendingAnchorText when the tag readers left it
+    /// there, so a long line is not copied once per anchor; 0 for text put there otherwise.
     std::size_t PendingAnchorStart = 0;
 
     /// The names the writers refused to write, in order, without repeats.

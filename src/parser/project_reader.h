@@ -7,14 +7,14 @@
 
 namespace tamrix::modParser {
 
-// Quick check when a project is chosen: counts the .htm lines of [FILES] and
-// shows the count in wizard.DisplayTopicCount.
+/// Quick check when a project is chosen: counts the .htm lines of [FILES] and
+/// shows the count in wizard.DisplayTopicCount.
 bool OpenProjectFile(Conversion& wizard, const std::string& projectFile, int& htmCount);
-// The full read: fills wizard.Globals.TopicFiles and RenamedTopicIDs. Missing topic
-// files are counted in missingCount; `stopped` is set when the user stopped the scan.
+/// The full read: fills wizard.Globals.TopicFiles and RenamedTopicIDs. Missing topic
+/// files are counted in missingCount; `stopped` is set when the user stopped the scan.
 bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& missingCount,
                       bool& stopped);
-// Full paths from [OPTIONS], or empty when the project names none.
+/// Full paths from [OPTIONS], or empty when the project names none.
 std::string GetIndexFileName(Conversion& wizard, const std::string& projectFile);
 std::string GetContentsFileName(Conversion& wizard, const std::string& projectFile);
 

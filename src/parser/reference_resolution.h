@@ -11,7 +11,7 @@ class ErrorReporter;
 namespace tamrix::modUtilities {
 
 bool UpdateInternalReferences(Conversion& wizard);
-// False when too many topic files lack a topic ID and the user does not go on.
+/// False when too many topic files lack a topic ID and the user does not go on.
 bool CheckProjectValidity(ErrorReporter& errors, const CTopicFiles* topicFiles);
 bool CountExternalReferences(Conversion& wizard);
 bool UpdateExternalReferences(Conversion& wizard);

@@ -9,9 +9,9 @@ class Conversion;
 
 namespace tamrix::modParser {
 
-// Fills wizard.Globals.IndexTargets; a missing index file is no error.
+/// Fills wizard.Globals.IndexTargets; a missing index file is no error.
 bool ParseIndexFile(Conversion& wizard, const std::string& indexFile);
-// Fills wizard.Globals.ContentsTargets from the sitemap entries and the plain links.
+/// Fills wizard.Globals.ContentsTargets from the sitemap entries and the plain links.
 bool ParseContentsFile(Conversion& wizard, const std::string& contentsFile);
 
 }  // namespace tamrix::modParser

@@ -14,11 +14,11 @@ namespace tamrix::modParser {
 bool OpenWinProjectFile(Conversion& wizard, const std::string& projectFile, bool& hasAlias,
                         bool& hasMap);
 bool ParseWinProjectFile(Conversion& wizard, const std::string& projectFile);
-// Reads one map header file; mapFileIndex is its 1-based number in MapFiles.
+/// Reads one map header file; mapFileIndex is its 1-based number in MapFiles.
 bool ParseMapFile(Conversion& wizard, const std::string& mapFile, int mapFileIndex);
 
-// Adds a path to a file list unless it is empty or already listed (then it is
-// noted in DuplicateIncludes).
+/// Adds a path to a file list unless it is empty or already listed (then it is
+/// noted in DuplicateIncludes).
 void AddMapFile(Conversion& wizard, std::vector<std::string>& list, Counter16& count,
                 const std::string& path);
 

@@ -5,8 +5,8 @@
 
 namespace tamrix::modUtilities {
 
-// Writes which untitled topics had their text extracted into popups.js and
-// cshelp.txt, and from where they are referenced.
+/// Writes which untitled topics had their text extracted into popups.js and
+/// cshelp.txt, and from where they are referenced.
 bool MakePopupLogSummary(Conversion& wizard, CSummary& report);
 
 }  // namespace tamrix::modUtilities

@@ -6,11 +6,11 @@
 
 namespace tamrix::modUtilities {
 
-// Builds the whole log into `report`; false after an unexpected error.
+/// Builds the whole log into `report`; false after an unexpected error.
 bool MakeRewriteLogSummary(Conversion& wizard, CSummary& report);
 
-// The log for given counts of unaliased non-zero context IDs and of zero-value
-// context IDs (what UndefinedIDs gives).
+/// The log for given counts of unaliased non-zero context IDs and of zero-value
+/// context IDs (what UndefinedIDs gives).
 bool WriteRewriteLog(Conversion& wizard, CSummary& report, int undefinedCount, int zeroCount);
 
 }  // namespace tamrix::modUtilities

@@ -8,10 +8,10 @@
 
 namespace tamrix::modUtilities {
 
-// Writes the whole log into `report`; true on success.
+/// Writes the whole log into `report`; true on success.
 bool MakeScanLogSummary(Conversion& wizard, CSummary& report);
-// Appends the block of one topic file; `titleFlag` puts the title in its first
-// line, otherwise the reference counts. False when the user cancelled or an error occurred.
+/// Appends the block of one topic file; `titleFlag` puts the title in its first
+/// line, otherwise the reference counts. False when the user cancelled or an error occurred.
 bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag, Conversion& wizard);
 
 }  // namespace tamrix::modUtilities

@@ -9,7 +9,7 @@
 
 namespace tamrix::modRewrite {
 
-// The names of the copied map files and rewritten alias files in the new project.
+/// The names of the copied map files and rewritten alias files in the new project.
 struct NewFileList {
     std::vector<std::string> names;
     Counter16 count;
@@ -19,9 +19,9 @@ bool CopyMapFiles(Conversion& wizard, const std::vector<std::string>& includedMa
                   int includedCount, const std::string& newRootPath, NewFileList& newMapFiles);
 bool AddMapFiles(Conversion& wizard, const NewFileList& newMapFiles,
                  const std::string& newProjectFile);
-// mapFileName is in/out: the user may choose another name.
+/// mapFileName is in/out: the user may choose another name.
 bool WriteNewMapFile(Conversion& wizard, std::string& mapFileName, const std::string& folder);
-// Fills newAliasFiles and returns the names of the two new alias files.
+/// Fills newAliasFiles and returns the names of the two new alias files.
 bool WriteAliasFiles(Conversion& wizard, const std::string& newRootPath, NewFileList& newAliasFiles,
                      std::string& aliasFileName, std::string& csAliasFileName);
 bool RewriteOneAliasFile(Conversion& wizard, const std::string& oldAliasFile,

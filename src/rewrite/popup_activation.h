@@ -14,15 +14,15 @@ class ErrorReporter;
 
 namespace tamrix::modRewrite {
 
-// The script reference of a topic file in `folder` (Windows-style, relative to
-// the project folder): the path from there to popups.js in the project folder.
+/// The script reference of a topic file in `folder` (Windows-style, relative to
+/// the project folder): the path from there to popups.js in the project folder.
 std::string PopupScriptPath(std::string_view folder);
 
-// Converts the links to script popups in every topic file of the new project
-// under root; an unmodified copy of each edited file goes to root\html\NoPopups.
+/// Converts the links to script popups in every topic file of the new project
+/// under root; an unmodified copy of each edited file goes to root\html\NoPopups.
 bool ModifyPopupFiles(Conversion& wizard, const std::string& root);
-// Converts every link after "<BODY" that starts with <A HREF="NewFileName of the
-// popup into a call of POPUPS.TextPopup with the popup's topic ID.
+/// Converts every link after "<BODY" that starts with <A HREF="NewFileName of the
+/// popup into a call of POPUPS.TextPopup with the popup's topic ID.
 bool AddJavaLinks(ErrorReporter& errors, TextBuffer& buffer, const CTopicFile& popupTopic);
 
 }  // namespace tamrix::modRewrite

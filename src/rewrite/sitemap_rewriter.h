@@ -7,8 +7,8 @@
 
 namespace tamrix::modRewrite {
 
-// indexFile / contentsFile is the old file as the wizard holds it; the new file
-// keeps its name and goes into newRootPath. A missing old file writes nothing.
+/// indexFile / contentsFile is the old file as the wizard holds it; the new file
+/// keeps its name and goes into newRootPath. A missing old file writes nothing.
 bool RewriteIndex(Conversion& wizard, const std::string& oldProjectFile,
                   const std::string& indexFile, const std::string& newRootPath);
 bool RewriteContents(Conversion& wizard, const std::string& oldProjectFile,

@@ -8,9 +8,9 @@
 
 namespace tamrix::modRewrite {
 
-// cssLink is the line made by MakeCSSLinkString, or empty for no link. A topic
-// whose new file would lie outside newRootPath is refused (not written) and
-// true is returned so that the rest of the project is still written.
+/// cssLink is the line made by MakeCSSLinkString, or empty for no link. A topic
+/// whose new file would lie outside newRootPath is refused (not written) and
+/// true is returned so that the rest of the project is still written.
 bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& oldProjectFile,
                       const std::string& newRootPath, const std::string& cssLink);
 
