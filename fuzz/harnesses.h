@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/conversion.h"
 #include "model/project_state.h"
-#include "model/wizard_state.h"
 #include "parser/project_reader.h"
 #include "parser/sitemap_reader.h"
 #include "parser/tag_readers.h"
@@ -51,8 +51,8 @@ inline const std::string& ScratchFolder() {
     return folder;
 }
 
-inline std::string WriteScratch(const std::string& relative, std::string_view content) {
-    FileSystem& fs = SharedFileSystem();
+inline std::string WriteScratch(FileSystem& fs, const std::string& relative,
+                                std::string_view content) {
     fs.SetWriteRoot(ScratchFolder());
     const std::string path = ScratchFolder() + "/" + relative;
     fs.WriteAll(path, content);
@@ -63,16 +63,10 @@ inline std::string Bytes(const std::uint8_t* data, std::size_t size) {
     return std::string(reinterpret_cast<const char*>(data), size);
 }
 
-// Each run starts from the start-up model with the silent view, which answers No.
+// Each run is a conversion of its own with the silent view, which answers No.
 struct FreshRun {
-    FreshRun() {
-        SetActiveView(nullptr);
-        modGlobals::ResetAll();
-        SharedFileSystem().ForgetListings();
-    }
-    ~FreshRun() { modGlobals::ResetAll(); }
     SilentView view;
-    WizardState wizard{&view};
+    Conversion wizard{view};
 };
 
 inline const char* kTopicA =
@@ -86,18 +80,17 @@ inline const char* kTopicB =
 inline int ProjectReader(const std::uint8_t* data, std::size_t size) {
     FreshRun run;
     auto [project, topic] = SplitInput(data, size);
-    WriteScratch("a.htm", kTopicA);
-    FileSystem& fs = SharedFileSystem();
-    fs.CreateFolder(ScratchFolder() + "/html");
-    WriteScratch("html/b.htm", topic.empty() ? std::string(kTopicB) : topic);
-    const std::string hhp = WriteScratch("old.hhp", project);
+    WriteScratch(run.wizard.Files, "a.htm", kTopicA);
+    run.wizard.Files.CreateFolder(ScratchFolder() + "/html");
+    WriteScratch(run.wizard.Files, "html/b.htm", topic.empty() ? std::string(kTopicB) : topic);
+    const std::string hhp = WriteScratch(run.wizard.Files, "old.hhp", project);
     int htmCount = 0;
     modParser::OpenProjectFile(run.wizard, hhp, htmCount);
     int missing = 0;
     bool stopped = false;
     modParser::ParseProjectFile(run.wizard, hhp, missing, stopped);
-    modParser::GetIndexFileName(hhp);
-    modParser::GetContentsFileName(hhp);
+    modParser::GetIndexFileName(run.wizard, hhp);
+    modParser::GetContentsFileName(run.wizard, hhp);
     return 0;
 }
 
@@ -105,35 +98,35 @@ inline int ProjectReader(const std::uint8_t* data, std::size_t size) {
 inline int TopicScanner(const std::uint8_t* data, std::size_t size) {
     FreshRun run;
     const std::string text = Bytes(data, size);
-    const std::string file = WriteScratch("topic.htm", text);
+    const std::string file = WriteScratch(run.wizard.Files, "topic.htm", text);
     std::string title, topicId, targets, extraIds;
     int hotspots = 0;
-    modParser::ParseTopicFile(file, title, topicId, targets, hotspots, extraIds);
-    modParser::FindContextID(file, topicId);
-    modParser::HTMLHrefTarget(text);
-    modParser::HTMLAnchorName(text);
+    modParser::ParseTopicFile(run.wizard, file, title, topicId, targets, hotspots, extraIds);
+    modParser::FindContextID(run.wizard, file, topicId);
+    modParser::HTMLHrefTarget(run.wizard.Errors, text);
+    modParser::HTMLAnchorName(run.wizard.Errors, text);
 
     TextReader head;
     head.OpenText(text);
-    modParser::ExtractTopicTitle(modParser::HTMLHeader(head), title);
+    modParser::ExtractTopicTitle(run.wizard.Errors, modParser::HTMLHeader(run.wizard, head), title);
 
-    modGlobals::ResetAll();
+    run.wizard.Globals = ProjectState{};
     TextReader anchors;
     anchors.OpenText(text);
-    for (std::string tag = modParser::HTMLAnchor(anchors); !tag.empty();
-         tag = modParser::HTMLAnchor(anchors)) {
-        modParser::HTMLHrefTarget(tag);
-        modParser::HTMLAnchorName(tag);
+    for (std::string tag = modParser::HTMLAnchor(run.wizard, anchors); !tag.empty();
+         tag = modParser::HTMLAnchor(run.wizard, anchors)) {
+        modParser::HTMLHrefTarget(run.wizard.Errors, tag);
+        modParser::HTMLAnchorName(run.wizard.Errors, tag);
     }
-    modGlobals::ResetAll();
+    run.wizard.Globals = ProjectState{};
     TextReader areas;
     areas.OpenText(text);
-    while (!modParser::HTMLArea(areas).empty()) {
+    while (!modParser::HTMLArea(run.wizard, areas).empty()) {
     }
-    modGlobals::ResetAll();
+    run.wizard.Globals = ProjectState{};
     TextReader objects;
     objects.OpenText(text);
-    while (!modParser::HTMLObject(objects).empty()) {
+    while (!modParser::HTMLObject(run.wizard, objects).empty()) {
     }
     return 0;
 }
@@ -143,18 +136,18 @@ inline int TopicScanner(const std::uint8_t* data, std::size_t size) {
 inline int WinHelpReader(const std::uint8_t* data, std::size_t size) {
     FreshRun run;
     auto [hpj, map] = SplitInput(data, size);
-    const std::string mapFile = WriteScratch("map.h", map);
-    const std::string hpjFile = WriteScratch("old.hpj", hpj);
+    const std::string mapFile = WriteScratch(run.wizard.Files, "map.h", map);
+    const std::string hpjFile = WriteScratch(run.wizard.Files, "old.hpj", hpj);
     bool hasAlias = false, hasMap = false;
     modParser::OpenWinProjectFile(run.wizard, hpjFile, hasAlias, hasMap);
     modParser::ParseWinProjectFile(run.wizard, hpjFile);
-    modParser::ParseMapFile(mapFile, 1);
+    modParser::ParseMapFile(run.wizard, mapFile, 1);
     CContextIDs loose;
     TextReader lines;
     lines.OpenText(Bytes(data, size));
     for (std::string line; lines.ReadLine(line);) {
-        modParser::AddContextIDFromString(line, loose, "old.hpj", 0);
-        modParser::AddContextIDFromString(line, loose, "map.h", 1);
+        modParser::AddContextIDFromString(run.wizard, line, loose, "old.hpj", 0);
+        modParser::AddContextIDFromString(run.wizard, line, loose, "map.h", 1);
     }
     return 0;
 }
@@ -163,8 +156,8 @@ inline int WinHelpReader(const std::uint8_t* data, std::size_t size) {
 inline int SitemapReader(const std::uint8_t* data, std::size_t size) {
     FreshRun run;
     const std::string text = Bytes(data, size);
-    modParser::ParseIndexFile(WriteScratch("old.hhk", text));
-    modParser::ParseContentsFile(WriteScratch("old.hhc", text));
+    modParser::ParseIndexFile(run.wizard, WriteScratch(run.wizard.Files, "old.hhk", text));
+    modParser::ParseContentsFile(run.wizard, WriteScratch(run.wizard.Files, "old.hhc", text));
     return 0;
 }
 
@@ -172,13 +165,13 @@ inline int SitemapReader(const std::uint8_t* data, std::size_t size) {
 inline int PopupStrings(const std::uint8_t* data, std::size_t size) {
     FreshRun run;
     const std::string text = Bytes(data, size);
-    modStrings::RemoveHTMLTags(text);
-    modStrings::RemoveListTags(text, "* ");
-    modStrings::RemoveAnchor(text);
-    modStrings::RemoveHREFs(text);
-    modStrings::RemoveIMGs(text);
-    modStrings::TrimNewLines(text);
-    modStrings::ReplaceSpecialChars(text);
+    modStrings::RemoveHTMLTags(run.wizard.Errors, text);
+    modStrings::RemoveListTags(run.wizard.Errors, text, "* ");
+    modStrings::RemoveAnchor(run.wizard.Errors, text);
+    modStrings::RemoveHREFs(run.wizard.Errors, text);
+    modStrings::RemoveIMGs(run.wizard.Errors, text);
+    modStrings::TrimNewLines(run.wizard.Errors, text);
+    modStrings::ReplaceSpecialChars(run.wizard.Errors, text);
     modStrings::TabsToSpaces(text);
     // ReplaceAll takes its search text and replacement from the input's two halves.
     auto [find, replacement] = SplitInput(data, size);
@@ -186,11 +179,15 @@ inline int PopupStrings(const std::uint8_t* data, std::size_t size) {
     modStrings::VersionString();
     TextReader reader;
     reader.OpenText(text);
-    const std::string body = modPopups::HTMLBodyContents(reader);
-    modPopups::CleanPopupBody(text, modPopups::PopupKind::Script);
-    modPopups::CleanPopupBody(text, modPopups::PopupKind::TextPopup);
-    modPopups::CleanPopupBody(body, modPopups::PopupKind::Script);
-    modPopups::CleanPopupBody(body, modPopups::PopupKind::TextPopup);
+    const std::string body = modPopups::HTMLBodyContents(run.wizard.Errors, reader);
+    modPopups::CleanPopupBody(run.wizard.Errors, run.wizard.Globals, text,
+                              modPopups::PopupKind::Script);
+    modPopups::CleanPopupBody(run.wizard.Errors, run.wizard.Globals, text,
+                              modPopups::PopupKind::TextPopup);
+    modPopups::CleanPopupBody(run.wizard.Errors, run.wizard.Globals, body,
+                              modPopups::PopupKind::Script);
+    modPopups::CleanPopupBody(run.wizard.Errors, run.wizard.Globals, body,
+                              modPopups::PopupKind::TextPopup);
     return 0;
 }
 

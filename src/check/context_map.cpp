@@ -62,14 +62,14 @@ private:
             name = name.substr(1, name.size() - 2);
         std::string path =
             modUtilities::MakeFullPathforFile(modUtilities::FilePathOnly(line.file), name);
-        if (!SharedFileSystem().FileExists(path))
+        if (!project_.Files().FileExists(path))
             path = modUtilities::MakeFullPathforFile(project_.Folder(), name);
-        if (name.empty() || !SharedFileSystem().FileExists(path)) {
+        if (name.empty() || !project_.Files().FileExists(path)) {
             Problem(ProblemKind::kMissingFile, line, "included file \"" + name + "\" not found");
             return;
         }
-        if (!included_.insert(Fold(SharedFileSystem().DiskPath(path))).second) return;
-        ReadLines(ReadNumberedLines(SharedFileSystem().DiskPath(path)), kind);
+        if (!included_.insert(Fold(project_.Files().DiskPath(path))).second) return;
+        ReadLines(ReadNumberedLines(project_.Files(), project_.Files().DiskPath(path)), kind);
     }
 
     void Define(const SourceLine& line) {
@@ -143,7 +143,7 @@ ContextMap ReadContextMap(const ProjectSections& project, std::vector<Problem>& 
 void CheckHeaderFile(const ProjectSections& project, const std::string& file,
                      std::vector<Problem>& problems) {
     MapReader reader(project, problems);
-    reader.ReadLines(ReadNumberedLines(file), LineKind::kMap);
+    reader.ReadLines(ReadNumberedLines(project.Files(), file), LineKind::kMap);
 }
 
 }  // namespace tamrix::check

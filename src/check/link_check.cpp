@@ -71,7 +71,8 @@ std::string PathKey(const std::string& fromFolder, const std::string& path) {
     return key;
 }
 
-LinkChecker::LinkChecker(std::string folder) : folder_(std::move(folder)) {}
+LinkChecker::LinkChecker(FileSystem& fs, std::string folder)
+    : fs_(fs), folder_(std::move(folder)) {}
 LinkChecker::~LinkChecker() = default;
 
 LinkChecker::HtmlFile* LinkChecker::Read(const std::string& key, const std::string& name) {
@@ -79,7 +80,7 @@ LinkChecker::HtmlFile* LinkChecker::Read(const std::string& key, const std::stri
     if (!Exists(key)) return nullptr;
     auto file = std::make_unique<HtmlFile>();
     file->name = name;
-    const std::string text = SharedFileSystem().ReadAll(folder_ + key);
+    const std::string text = fs_.ReadAll(folder_ + key);
     ScanTags(text, [&](const HtmlTag& tag) {
         for (const TagAttribute& attribute : tag.attributes) {
             if (attribute.name == "id" || (tag.name == "a" && attribute.name == "name"))
@@ -97,7 +98,7 @@ LinkChecker::HtmlFile* LinkChecker::Read(const std::string& key, const std::stri
 
 bool LinkChecker::Exists(const std::string& key) {
     const auto [it, added] = exists_.try_emplace(key, false);
-    if (added) it->second = !key.empty() && SharedFileSystem().FileExists(folder_ + key);
+    if (added) it->second = !key.empty() && fs_.FileExists(folder_ + key);
     return it->second;
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "check/problem.h"
+#include "platform/file_system.h"
 
 namespace tamrix::check {
 
@@ -17,8 +18,8 @@ namespace tamrix::check {
 /// exist.
 class LinkChecker {
 public:
-    /// `folder` is the project's folder, ending in a separator.
-    explicit LinkChecker(std::string folder);
+    /// Checks the links of the project in `folder` (ending in a separator), reading through `fs`.
+    LinkChecker(FileSystem& fs, std::string folder);
     /// Out of line, where HtmlFile is complete.
     ~LinkChecker();
 
@@ -44,6 +45,7 @@ private:
     bool Exists(const std::string& key);
     void CheckLink(const HtmlFile& from, const Link& link, std::vector<Problem>& problems);
 
+    FileSystem& fs_;
     std::string folder_;
     std::unordered_map<std::string, std::unique_ptr<HtmlFile>> files_;  // by key
     std::unordered_map<std::string, bool> exists_;                      // by key

@@ -23,7 +23,7 @@ std::string FilePart(const std::string& target) { return std::string(Before(targ
 class ProjectChecker {
 public:
     ProjectChecker(const ProjectSections& project, CheckReport& report)
-        : project_(project), report_(report), links_(project.Folder()) {}
+        : project_(project), report_(report), links_(project.Files(), project.Folder()) {}
 
     void Run() {
         CheckFiles();
@@ -39,7 +39,7 @@ public:
 
 private:
     bool Exists(const std::string& name) {
-        return !name.empty() && SharedFileSystem().FileExists(project_.Folder() + name);
+        return !name.empty() && project_.Files().FileExists(project_.Folder() + name);
     }
 
     void Add(ProblemKind kind, const SourceLine& line, std::string message) {
@@ -101,19 +101,19 @@ private:
                     "\"" + entry.text + "\" is not on disk");
                 continue;
             }
-            const std::string path = SharedFileSystem().DiskPath(project_.Folder() + entry.text);
+            const std::string path = project_.Files().DiskPath(project_.Folder() + entry.text);
             if (EndsWithNoCase(entry.text, ".js")) {
                 if (scripts.insert(Fold(path)).second)
-                    CheckPopupScript(SharedFileSystem().ReadAll(path), path, report_.problems);
+                    CheckPopupScript(project_.Files().ReadAll(path), path, report_.problems);
             } else if (EndsWithNoCase(entry.text, ".h")) {
                 CheckHeaderFile(project_, path, report_.problems);
             }
         }
         // The program's script file is checked even when the project does not list it.
         if (Exists("popups.js")) {
-            const std::string path = SharedFileSystem().DiskPath(project_.Folder() + "popups.js");
+            const std::string path = project_.Files().DiskPath(project_.Folder() + "popups.js");
             if (scripts.insert(Fold(path)).second)
-                CheckPopupScript(SharedFileSystem().ReadAll(path), path, report_.problems);
+                CheckPopupScript(project_.Files().ReadAll(path), path, report_.problems);
         }
     }
 
@@ -157,7 +157,8 @@ CheckReport CheckProject(const std::string& projectFile) {
     CheckReport report;
     report.projectFile = projectFile;
     try {
-        const ProjectSections project(projectFile);
+        FileSystem fs;
+        const ProjectSections project(fs, projectFile);
         report.projectFile = project.ProjectFile();
         ProjectChecker(project, report).Run();
     } catch (const std::exception& error) {

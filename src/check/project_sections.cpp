@@ -6,8 +6,8 @@
 
 namespace tamrix::check {
 
-std::vector<SourceLine> ReadNumberedLines(const std::string& file) {
-    TextReader reader(file);
+std::vector<SourceLine> ReadNumberedLines(FileSystem& fs, const std::string& file) {
+    TextReader reader(fs, file);
     std::vector<SourceLine> lines;
     std::string line;
     for (long number = 1; reader.ReadLine(line); ++number) {
@@ -17,11 +17,12 @@ std::vector<SourceLine> ReadNumberedLines(const std::string& file) {
     return lines;
 }
 
-ProjectSections::ProjectSections(const std::string& projectFile)
-    : projectFile_(SharedFileSystem().GetAbsolutePathName(projectFile)),
+ProjectSections::ProjectSections(FileSystem& fs, const std::string& projectFile)
+    : fs_(fs),
+      projectFile_(FileSystem::GetAbsolutePathName(projectFile)),
       folder_(modUtilities::FilePathOnly(projectFile_)) {
     std::vector<SourceLine>* current = nullptr;
-    for (SourceLine& line : ReadNumberedLines(projectFile_)) {
+    for (SourceLine& line : ReadNumberedLines(fs_, projectFile_)) {
         if (line.text.front() == '[') {
             const std::size_t close = line.text.find(']');
             current = &sections_[Fold(Trim(

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file_system.h"
+
 namespace tamrix::check {
 
 /// A line of a project file or an included file, with where it came from.
@@ -19,7 +21,10 @@ struct SourceLine {
 class ProjectSections {
 public:
     /// Raises BasicError when the file cannot be read.
-    explicit ProjectSections(const std::string& projectFile);
+    ProjectSections(FileSystem& fs, const std::string& projectFile);
+
+    /// The file-system service the project is read through.
+    FileSystem& Files() const { return fs_; }
 
     /// The project file's path as given.
     const std::string& ProjectFile() const { return projectFile_; }
@@ -31,12 +36,13 @@ public:
     std::string Option(std::string_view key) const;
 
 private:
+    FileSystem& fs_;
     std::string projectFile_;
     std::string folder_;
     std::map<std::string, std::vector<SourceLine>> sections_;  // by folded name
 };
 
 /// The lines of a text file, numbered and trimmed; blank lines are left out.
-std::vector<SourceLine> ReadNumberedLines(const std::string& file);
+std::vector<SourceLine> ReadNumberedLines(FileSystem& fs, const std::string& file);
 
 }  // namespace tamrix::check

@@ -13,6 +13,7 @@ const char* UsageText() {
            "  tamrix-cli convert OLD.hhp (NEW.hhp | DIR/) [--hpj OLD.hpj] [--css[=NAME]] [--popups]\n"
            "                     [--keep-zero-ids] [--hm-maps] [--yes | --no]\n"
            "                     [--answer ID=ANSWER]... [--quiet]\n"
+           "  tamrix-cli convert (OLD.hhp NEW)... | --batch FILE  (--yes | --no) [options]\n"
            "  tamrix-cli scan OLD.hhp [--hpj OLD.hpj] [--hm-maps] [--log FILE] [--yes | --no]\n"
            "                  [--answer ID=ANSWER]...\n"
            "  tamrix-cli check PROJECT.hhp [--json]\n"
@@ -42,11 +43,19 @@ const char* CommandUsageText(Command command) {
                "  --help               show this text\n"
                "\n"
                "Exit status: 0 done, 1 the scan stopped, 2 usage error, 130 interrupted.\n";
-    return "Usage: tamrix-cli convert OLD.hhp NEW [options]\n"
+    return "Usage: tamrix-cli convert OLD.hhp NEW [OLD.hhp NEW]... [options]\n"
+           "       tamrix-cli convert --batch FILE [options]\n"
            "\n"
            "Writes a new HTML Help project from OLD.hhp. NEW is the new project file\n"
            "(NEW.hhp), or a folder (existing, or ending in a separator) that gets a\n"
            "project file of OLD.hhp's name. The input project is never changed.\n"
+           "\n"
+           "Several OLD.hhp NEW pairs, or --batch FILE with one \"OLD.hhp NEW [OLD.hpj]\"\n"
+           "per line (names with spaces in double quotes; blank lines and lines starting\n"
+           "with # are skipped), convert several projects, side by side where there are\n"
+           "processors to spare. A batch needs --yes or --no, and takes no --hpj. It\n"
+           "prints a line per project, in the order given, and a total; its exit status\n"
+           "is the worst of the projects': 2, then 1, then 3, then 0.\n"
            "\n"
            "  --hpj OLD.hpj        the WinHelp project OLD.hhp was generated from; its map\n"
            "                       and alias definitions are carried over\n"
@@ -59,6 +68,7 @@ const char* CommandUsageText(Command command) {
            "  --answer ID=ANSWER   answer the question with message number ID; ANSWER is\n"
            "                       yes, no, ok, cancel, abort, retry or ignore\n"
            "  --quiet              print only errors\n"
+           "  --batch FILE         convert the projects listed in FILE\n"
            "  --help               show this text\n"
            "\n"
            "Questions not answered by an option are asked on a terminal, else answered No.\n"
@@ -155,6 +165,10 @@ std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, s
             options.hmMaps = true;
         } else if (convert && arg == "--quiet") {
             options.quiet = true;
+        } else if (convert && arg == "--batch") {
+            auto v = value("--batch");
+            if (!v) return std::nullopt;
+            options.batchFile = *v;
         } else if (!convert && arg == "--log") {
             auto v = value("--log");
             if (!v) return std::nullopt;
@@ -166,15 +180,87 @@ std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, s
             positional.push_back(arg);
         }
     }
-    const std::size_t wanted = options.command == Command::kConvert ? 2 : 1;
+    const bool convert = options.command == Command::kConvert;
+    const bool batch = convert && (!options.batchFile.empty() || positional.size() > 2);
+    if (batch) {
+        if (positional.size() % 2 != 0) {
+            error = "convert needs OLD.hhp and NEW for every project";
+            return std::nullopt;
+        }
+        if (!options.hpj.empty()) {
+            error = "a batch takes no --hpj; name each .hpj after its pair in a --batch file";
+            return std::nullopt;
+        }
+        if (options.defaultAnswer == DefaultAnswer::kAsk) {
+            error = "a batch asks no questions: give --yes or --no";
+            return std::nullopt;
+        }
+        for (std::size_t i = 0; i < positional.size(); i += 2)
+            options.batch.push_back({positional[i], positional[i + 1], {}});
+        return options;
+    }
+    const std::size_t wanted = convert ? 2 : 1;
     if (positional.size() != wanted) {
-        error = options.command == Command::kConvert ? "convert needs OLD.hhp and NEW.hhp"
-                                                     : "scan needs OLD.hhp";
+        error = convert ? "convert needs OLD.hhp and NEW.hhp" : "scan needs OLD.hhp";
         return std::nullopt;
     }
     options.oldProject = positional[0];
     if (wanted == 2) options.newProject = positional[1];
     return options;
+}
+
+}  // namespace tamrix::cli
+
+namespace tamrix::cli {
+namespace {
+
+// The names on a batch line: separated by blanks, a name with blanks in double
+// quotes. False on an unterminated quote.
+bool SplitBatchLine(const std::string& line, std::vector<std::string>& names) {
+    std::size_t i = 0;
+    while (true) {
+        while (i < line.size() && (line[i] == ' ' || line[i] == '\t')) ++i;
+        if (i >= line.size()) return true;
+        if (line[i] == '"') {
+            const std::size_t end = line.find('"', i + 1);
+            if (end == std::string::npos) return false;
+            names.push_back(line.substr(i + 1, end - i - 1));
+            i = end + 1;
+        } else {
+            const std::size_t end = line.find_first_of(" \t", i);
+            names.push_back(line.substr(i, end == std::string::npos ? end : end - i));
+            i = end == std::string::npos ? line.size() : end;
+        }
+    }
+}
+
+}  // namespace
+
+bool ReadBatchFile(const std::string& text, CliOptions& options, std::string& error) {
+    std::size_t start = 0;
+    for (long number = 1; start < text.size(); ++number) {
+        std::size_t end = text.find('\n', start);
+        if (end == std::string::npos) end = text.size();
+        std::string line = text.substr(start, end - start);
+        start = end + 1;
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        const std::size_t first = line.find_first_not_of(" \t");
+        if (first == std::string::npos || line[first] == '#') continue;
+        std::vector<std::string> names;
+        const bool split = SplitBatchLine(line, names);
+        if (!split || names.size() < 2 || names.size() > 3) {
+            error = options.batchFile + ":" + std::to_string(number) + ": " +
+                    (split ? "a line holds OLD.hhp NEW and optionally OLD.hpj"
+                           : "a quoted name has no closing quote");
+            return false;
+        }
+        options.batch.push_back({names[0], names[1], names.size() == 3 ? names[2] : ""});
+    }
+    if (options.batch.empty()) {
+        error = options.batchFile + ": names no project";
+        return false;
+    }
+    return true;
 }
 
 }  // namespace tamrix::cli

@@ -12,6 +12,13 @@ enum class Command { kNone, kConvert, kScan, kHelp, kVersion };
 /// How a question without an --answer is answered: asked on a terminal, Yes, or No.
 enum class DefaultAnswer { kAsk, kYes, kNo };
 
+/// One project of a batch: the generated .hhp, the new one, and optionally the .hpj.
+struct ProjectPair {
+    std::string oldProject;  ///< the generated .hhp to read
+    std::string newProject;  ///< the .hhp (or folder) to write
+    std::string hpj;         ///< the WinHelp project, or empty
+};
+
 /// The parsed command line.
 struct CliOptions {
     Command command = Command::kNone;      ///< the command to run
@@ -28,7 +35,15 @@ struct CliOptions {
     std::map<long, int> answers;                        ///< catalogue ID -> result code
     bool quiet = false;                                 ///< --quiet: print only errors
     std::optional<std::string> logFile;                 ///< scan --log FILE; stdout when absent
+    /// convert with several pairs or --batch: every project, in the order given.
+    std::vector<ProjectPair> batch;
+    std::string batchFile;  ///< --batch FILE, read by ReadBatchFile
 };
+
+/// Adds the projects of a batch file to `options.batch`: one project per line,
+/// "OLD.hhp NEW [OLD.hpj]", names with spaces in double quotes, blank lines and
+/// lines starting with "#" ignored. False, with "FILE:LINE: why" in `error`, on a bad line.
+bool ReadBatchFile(const std::string& text, CliOptions& options, std::string& error);
 
 /// Parses the arguments (without the program name); on a usage error returns
 /// nothing and puts the reason in `error`.

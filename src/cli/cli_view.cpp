@@ -97,11 +97,13 @@ int CliView::MessageBox(const MessageRequest& request) {
 }
 
 void CliView::ErrorBox(const std::string& text, const std::string& title) {
+    ++errors_;
     ClearProgress();
     err_ << title << ": " << OneLine(text) << "\n" << std::flush;
 }
 
 void CliView::ErrorRepeated(const std::string& text, const std::string& title, int times) {
+    errors_ += times;
     ClearProgress();
     err_ << title << ": " << OneLine(text) << "\n    (repeated " << times << " times)\n"
          << std::flush;
@@ -182,7 +184,7 @@ void CliView::ClearProgress() {
 void CliView::ShowOptionsDialog(OptionsDialog& dialog) {
     dialog.chkCssFile = options_.css;
     dialog.txtCssFileName = options_.cssName;
-    dialog.OK();
+    dialog.OK(*this);
 }
 
 }  // namespace tamrix::cli

@@ -59,7 +59,7 @@ public:
     /// Nothing is printed from the command line.
     bool HasAnyPrinters() override { return false; }
 
-    /// Always 0: error boxes are not counted here.
+    /// The error reports shown so far, repeats included.
     int ErrorCount() const { return errors_; }
 
     /// A source of the current time.

@@ -1,7 +1,9 @@
 #include "cli/commands.h"
 
 #include <ostream>
+#include <sstream>
 
+#include "cli/batch.h"
 #include "cli/check_command.h"
 #include "cli/cli_view.h"
 #include "cli/compile_command.h"
@@ -30,7 +32,7 @@ bool Next(Wizard& wizard, std::ostream& err) {
 }
 
 std::string Absolute(const std::string& path) {
-    return path.empty() ? path : SharedFileSystem().GetAbsolutePathName(path);
+    return path.empty() ? path : FileSystem::GetAbsolutePathName(path);
 }
 
 // Steps 0 to 2: the project, the WinHelp project, the scan.
@@ -48,14 +50,14 @@ bool Scan(Wizard& wizard, const CliOptions& options, std::ostream& err) {
 // NEW as the user gave it, made the new project file: an existing folder, or a
 // path ending in a separator, gets the old project's file name. Empty (with the
 // reason in `error`) when NEW names neither a folder nor a .hhp file.
-std::string NewProjectFile(const CliOptions& options, std::string& error) {
+std::string NewProjectFile(FileSystem& fs, const CliOptions& options, std::string& error) {
     const std::string& given = options.newProject;
     if (given.empty()) {
         error = "NEW is empty";
         return {};
     }
     const bool folder =
-        given.back() == '/' || given.back() == '\\' || modUtilities::FolderExists(given);
+        given.back() == '/' || given.back() == '\\' || modUtilities::FolderExists(fs, given);
     if (folder)
         return modUtilities::MakeFullPathforFile(given,
                                                  modUtilities::FileNameNoPath(options.oldProject));
@@ -68,28 +70,28 @@ std::string NewProjectFile(const CliOptions& options, std::string& error) {
 }
 
 // Nothing is written into the input project's folders, logs included.
-void ProtectInput(const Wizard& wizard) {
-    SharedFileSystem().SetInputFolders({modUtilities::FilePathOnly(wizard.Projectname),
-                                        modUtilities::FilePathOnly(wizard.WinHelpProjectName)});
+void ProtectInput(Wizard& wizard) {
+    wizard.Files.SetInputFolders({modUtilities::FilePathOnly(wizard.Projectname),
+                                  modUtilities::FilePathOnly(wizard.WinHelpProjectName)});
 }
 
 // The marker is a courtesy: where it cannot be written, the run goes on without it.
 template <class F>
-void Quietly(F&& body) {
+void Quietly(FileSystem& fs, F&& body) {
     try {
         body();
     } catch (...) {
     }
-    SharedFileSystem().ClearRefusedWrites();
+    fs.ClearRefusedWrites();
 }
 
 // Said when SIGINT or SIGTERM stops the run between two files.
-void ReportInterruption(const Wizard& wizard, std::ostream& err) {
+void ReportInterruption(Wizard& wizard, std::ostream& err) {
     const int step = wizard.CurrentStep();
     err << "\ntamrix-cli: interrupted at step " << step << " (" << kStepNames[step] << ")";
     if (!wizard.ProgressCaption().empty()) err << ", " << wizard.ProgressCaption();
     err << ".\n";
-    if (!wizard.NewRootPath.empty() && SharedFileSystem().FolderExists(wizard.NewRootPath))
+    if (!wizard.NewRootPath.empty() && wizard.Files.FolderExists(wizard.NewRootPath))
         err << "tamrix-cli: the new project folder " << wizard.NewRootPath
             << " is incomplete; run the conversion again.\n";
     err << std::flush;
@@ -97,8 +99,7 @@ void ReportInterruption(const Wizard& wizard, std::ostream& err) {
 
 // The marker of a run in progress; one left by an earlier run means it was
 // interrupted, and is said (and returned).
-bool MarkRunInProgress(const std::string& folder, std::ostream& err) {
-    FileSystem& fs = SharedFileSystem();
+bool MarkRunInProgress(FileSystem& fs, const std::string& folder, std::ostream& err) {
     fs.SetRunMarker(kRunMarker);
     if (!fs.FolderExists(folder)) return false;  // written when the write step creates it
     if (!fs.FileExists(fs.BuildPath(folder, kRunMarker))) return false;
@@ -107,25 +108,28 @@ bool MarkRunInProgress(const std::string& folder, std::ostream& err) {
     return true;
 }
 
-int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std::ostream& err) {
+// `alone`: the only conversion of the process, which says where an interruption stopped it.
+int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std::ostream& err,
+               bool alone = true) {
+    Wizard wizard(view);
+    FileSystem& fs = wizard.Files;
+    fs.SetInterruptCheck(StopIfInterrupted);
     std::string error;
-    const std::string newProject = NewProjectFile(options, error);
+    const std::string newProject = NewProjectFile(fs, options, error);
     if (newProject.empty()) {
         err << "tamrix-cli: " << error << "\n\n" << CommandUsageText(Command::kConvert);
         return 2;
     }
-    Wizard wizard(view);
-    SetInterruptReport([&] { ReportInterruption(wizard, err); });
+    if (alone) SetInterruptReport([&] { ReportInterruption(wizard, err); });
     if (options.css) wizard.mnuOptionsHTML_Click();
     if (!Scan(wizard, options, err)) return 1;
     const std::string folder = modUtilities::FilePathOnly(newProject);
-    const bool earlierInterrupted = MarkRunInProgress(folder, err);
+    const bool earlierInterrupted = MarkRunInProgress(fs, folder, err);
     wizard.controls.txtRootPath = newProject;
-    FileSystem& fs = SharedFileSystem();
     ProtectInput(wizard);
     if (fs.FolderExists(folder)) {
         fs.SetWriteRoot(folder);
-        Quietly([&] { fs.WriteRunMarker(); });  // the write step refuses a wrong folder
+        Quietly(fs, [&] { fs.WriteRunMarker(); });  // the write step refuses a wrong folder
     }
     const bool finished = Next(wizard, err) && [&] {
         wizard.controls.optYesPopups = options.popups;
@@ -138,7 +142,7 @@ int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std:
     // A normal end, also one at a step, unless the folder still holds what an
     // interrupted run left there.
     if (!fs.WriteRoot().empty() && (finished || !earlierInterrupted))
-        Quietly([&] { fs.RemoveFile(fs.BuildPath(fs.WriteRoot(), kRunMarker)); });
+        Quietly(fs, [&] { fs.RemoveFile(fs.BuildPath(fs.WriteRoot(), kRunMarker)); });
     if (!finished) return 1;
     return problems.empty() ? 0 : 3;
 }
@@ -156,7 +160,7 @@ int RunScan(const CliOptions& options, CliView& view, std::ostream& out, std::os
         return 0;
     }
     ProtectInput(wizard);
-    if (!log->SaveAsTextFile(Absolute(*options.logFile))) {
+    if (!log->SaveAsTextFile(wizard.Files, Absolute(*options.logFile))) {
         err << "tamrix-cli: cannot write " << *options.logFile << "\n";
         return 1;
     }
@@ -186,15 +190,24 @@ int RunCli(const std::vector<std::string>& args, std::istream& in, std::ostream&
         case Command::kVersion: out << "Tamrix " << VersionString() << "\n"; return 0;
         default: break;
     }
-    modGlobals::ResetAll();
-    CliView view(*options, in, err, interactive, showProgress);
-    ScopedActiveView active(view);
     SetInterruptReport([&err] { err << "\ntamrix-cli: interrupted.\n" << std::flush; });
+    if (options->command == Command::kConvert &&
+        (!options->batch.empty() || !options->batchFile.empty())) {
+        const int status = RunBatch(
+            *options,
+            [](const CliOptions& one, std::ostream& projectOut, std::ostream& projectErr) {
+                std::istringstream noAnswers;
+                CliView view(one, noAnswers, projectErr, false, false);
+                return RunConvert(one, view, projectOut, projectErr, false);
+            },
+            out, err);
+        SetInterruptReport(nullptr);
+        return status;
+    }
+    CliView view(*options, in, err, interactive, showProgress);
     const int status = options->command == Command::kConvert ? RunConvert(*options, view, out, err)
                                                              : RunScan(*options, view, out, err);
     SetInterruptReport(nullptr);
-    SharedFileSystem().SetRunMarker({});
-    SharedFileSystem().SetWriteRoot({});
     return status;
 }
 

@@ -13,8 +13,6 @@
 #include <cstdlib>
 #include <utility>
 
-#include "platform/file_system.h"
-
 namespace tamrix::cli {
 namespace {
 
@@ -39,14 +37,13 @@ std::function<void()>& Report() {
     return report;
 }
 
-// Runs between two files: nothing is half-written, so the run can end here.
+}  // namespace
+
 void StopIfInterrupted() {
     if (g_interrupted == 0) return;
     if (Report()) Report()();
     std::_Exit(kInterruptedStatus);
 }
-
-}  // namespace
 
 void InstallInterruptHandlers() {
 #ifdef _WIN32
@@ -58,7 +55,6 @@ void InstallInterruptHandlers() {
     ::sigaction(SIGINT, &action, nullptr);
     ::sigaction(SIGTERM, &action, nullptr);
 #endif
-    SharedFileSystem().SetInterruptCheck(StopIfInterrupted);
 }
 
 bool InterruptRequested() { return g_interrupted != 0; }

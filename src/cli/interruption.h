@@ -13,8 +13,11 @@ inline constexpr int kInterruptedStatus = 130;
 /// The file that marks a new folder while a conversion into it runs.
 inline constexpr const char* kRunMarker = ".tamrix-running";
 
-/// Catches SIGINT and SIGTERM; the run stops at its next read or write.
+/// Catches SIGINT and SIGTERM; a run stops at its next read or write.
 void InstallInterruptHandlers();
+/// Ends the program when a signal came; each conversion's file system calls it
+/// between two files, where nothing is half-written.
+void StopIfInterrupted();
 /// True once SIGINT or SIGTERM has come.
 bool InterruptRequested();
 

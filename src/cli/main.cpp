@@ -13,6 +13,7 @@
 
 #include "cli/commands.h"
 #include "cli/interruption.h"
+#include "model/conversion.h"
 
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);

@@ -1,6 +1,7 @@
 #include "cli/summary.h"
 
 #include <ostream>
+#include "model/conversion.h"
 
 #include "model/project_state.h"
 #include "platform/file_system.h"
@@ -11,11 +12,11 @@
 namespace tamrix::cli {
 namespace {
 
-std::string ProjectFile(const Wizard& wizard) {
+std::string ProjectFile(Wizard& wizard) {
     return modUtilities::MakeFullPathforFile(wizard.NewRootPath, wizard.NewProjectName);
 }
 
-std::string TopicPath(const Wizard& wizard, const CTopicFile& topic) {
+std::string TopicPath(Wizard& wizard, const CTopicFile& topic) {
     return modUtilities::MakeFullPathforFile(
         wizard.NewRootPath, modUtilities::FilePathOnly(topic.AutoNamePath) + topic.NewFileName);
 }
@@ -26,21 +27,21 @@ struct TopicCounts {
     long renamed = 0;
 };
 
-TopicCounts CountTopics(const Wizard& wizard) {
+TopicCounts CountTopics(Wizard& wizard) {
     TopicCounts counts;
-    if (!modGlobals::TopicFiles) return counts;
-    for (const auto& topic : *modGlobals::TopicFiles) {
+    if (!wizard.Globals.TopicFiles) return counts;
+    for (const auto& topic : *wizard.Globals.TopicFiles) {
         ++counts.total;
-        if (!SharedFileSystem().Written(TopicPath(wizard, *topic))) continue;
+        if (!wizard.Files.Written(TopicPath(wizard, *topic))) continue;
         ++counts.written;
         counts.renamed += topic->NewFileName != topic->AutoFileName ? 1 : 0;
     }
     return counts;
 }
 
-long CarriedOverIds() {
+long CarriedOverIds(const ProjectState& project) {
     long n = 0;
-    for (const auto& ids : {modGlobals::MapContextIDs, modGlobals::ProjectContextIDs})
+    for (const auto& ids : {project.MapContextIDs, project.ProjectContextIDs})
         if (ids)
             for (const auto& id : *ids) n += id->FileDefined ? 1 : 0;
     return n;
@@ -48,9 +49,9 @@ long CarriedOverIds() {
 
 }  // namespace
 
-std::vector<std::string> ConversionProblems(const Wizard& wizard, int errorReports) {
+std::vector<std::string> ConversionProblems(Wizard& wizard, int errorReports) {
     std::vector<std::string> problems;
-    FileSystem& fs = SharedFileSystem();
+    FileSystem& fs = wizard.Files;
     if (!fs.Written(ProjectFile(wizard)))
         problems.push_back("The new project file was not written: " + ProjectFile(wizard));
     const TopicCounts topics = CountTopics(wizard);
@@ -59,14 +60,14 @@ std::vector<std::string> ConversionProblems(const Wizard& wizard, int errorRepor
                            std::to_string(topics.total) + " topic files were not written.");
     for (const auto& refused : fs.RefusedWrites())
         problems.push_back("Refused to write " + refused.path + ": " + refused.reason + ".");
-    for (const std::string& name : modRewrite::RefusedFiles())
+    for (const std::string& name : wizard.Globals.RefusedFiles)
         problems.push_back("Not written, it would lie outside the new project folder: " + name);
     if (errorReports > 0)
         problems.push_back(std::to_string(errorReports) + " error report(s) during the run.");
     return problems;
 }
 
-void PrintSummary(const Wizard& wizard, const std::vector<std::string>& problems, bool quiet,
+void PrintSummary(Wizard& wizard, const std::vector<std::string>& problems, bool quiet,
                   std::ostream& out, std::ostream& err) {
     if (!problems.empty()) {
         err << "tamrix-cli: the conversion finished with problems:\n";
@@ -74,10 +75,10 @@ void PrintSummary(const Wizard& wizard, const std::vector<std::string>& problems
     }
     if (quiet) return;
     const std::string project = ProjectFile(wizard);
-    if (SharedFileSystem().Written(project)) out << "New project:            " << project << "\n";
+    if (wizard.Files.Written(project)) out << "New project:            " << project << "\n";
     const TopicCounts topics = CountTopics(wizard);
     out << "Topic files renamed:    " << topics.renamed << " of " << topics.total << "\n"
-        << "Context IDs carried:    " << CarriedOverIds() << "\n"
+        << "Context IDs carried:    " << CarriedOverIds(wizard.Globals) << "\n"
         << "Popups extracted:       " << wizard.NumPopupStrings << " to popups.js, "
         << wizard.NumTextPopups << " to cshelp.txt\n"
         << "Popup links activated:  " << (wizard.PopupsActivated ? "yes" : "no") << "\n"
@@ -85,7 +86,7 @@ void PrintSummary(const Wizard& wizard, const std::vector<std::string>& problems
     bool first = true;
     for (const char* log : {"scan.log", "rewrite.log", "popups.log"}) {
         const std::string path = modUtilities::MakeFullPathforFile(wizard.NewRootPath, log);
-        if (!SharedFileSystem().Written(path)) continue;
+        if (!wizard.Files.Written(path)) continue;
         out << (first ? "" : "\n                        ") << path;
         first = false;
     }

@@ -12,10 +12,10 @@ class Wizard;
 namespace tamrix::cli {
 
 /// The problems of a run that reached Finished: empty when there were none.
-std::vector<std::string> ConversionProblems(const Wizard& wizard, int errorReports);
+std::vector<std::string> ConversionProblems(Wizard& wizard, int errorReports);
 
 /// Prints the summary of a finished conversion to `out` and its problems to `err`.
-void PrintSummary(const Wizard& wizard, const std::vector<std::string>& problems, bool quiet,
+void PrintSummary(Wizard& wizard, const std::vector<std::string>& problems, bool quiet,
                   std::ostream& out, std::ostream& err);
 
 }  // namespace tamrix::cli

@@ -23,9 +23,8 @@ std::string DiskRelativePath(const check::ProjectSections& project, const std::s
     const std::string anchor =
         name.find('#') == std::string::npos ? "" : name.substr(name.find('#'));
     const std::string file(Before(name, '#'));
-    const std::string disk = SharedFileSystem().DiskPath(project.Folder() + file);
-    if (!SharedFileSystem().FileExists(project.Folder() + file) ||
-        !disk.starts_with(project.Folder()))
+    const std::string disk = project.Files().DiskPath(project.Folder() + file);
+    if (!project.Files().FileExists(project.Folder() + file) || !disk.starts_with(project.Folder()))
         return Slashed(name);
     return Slashed(disk.substr(project.Folder().size())) + anchor;
 }
@@ -33,7 +32,7 @@ std::string DiskRelativePath(const check::ProjectSections& project, const std::s
 std::string ChmcmdProjectText(const check::ProjectSections& project,
                               const std::vector<AliasedId>& round,
                               const std::string& compiledName) {
-    TextReader reader(project.ProjectFile());
+    TextReader reader(project.Files(), project.ProjectFile());
     std::string out, section, line;
     bool mapWritten = false, aliasWritten = false, optionsSeen = false;
     auto writeMap = [&] {

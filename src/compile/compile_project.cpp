@@ -60,7 +60,7 @@ std::string WhyStopped(const std::string& log) {
 }
 
 std::string OutputPath(const check::ProjectSections& project, const std::string& outputFile) {
-    if (!outputFile.empty()) return SharedFileSystem().GetAbsolutePathName(outputFile);
+    if (!outputFile.empty()) return FileSystem::GetAbsolutePathName(outputFile);
     std::string name = modUtilities::FileNameNoPath(project.Option("Compiled file"));
     if (name.empty())
         name = FileBaseName(modUtilities::FileNameNoPath(project.ProjectFile())) + ".chm";
@@ -102,14 +102,14 @@ private:
         const std::string stem = "tamrix-round-" + std::to_string(round);
         const fs::path projectFile = copy_ / (stem + ".hhp");
         const fs::path log = temp_.Path() / (stem + ".log");
-        SharedFileSystem().WriteAll(projectFile.string(),
-                                    ChmcmdProjectText(project_, ids, stem + ".chm"));
+        project_.Files().WriteAll(projectFile.string(),
+                                  ChmcmdProjectText(project_, ids, stem + ".chm"));
         const std::string command = "cd " + ShellQuoted(copy_.string()) + " && " +
                                     ShellQuoted(chmcmd_) + " " + ShellQuoted(projectFile.string()) +
                                     " >" + ShellQuoted(log.string()) + " 2>&1";
         const int status = std::system(command.c_str());
         if (status == 0 && fs::exists(chm)) return true;
-        error = "chmcmd stopped: " + WhyStopped(SharedFileSystem().ReadAll(log.string()));
+        error = "chmcmd stopped: " + WhyStopped(project_.Files().ReadAll(log.string()));
         return false;
     }
 
@@ -212,7 +212,8 @@ CompileReport CompileProject(const std::string& projectFile, const std::string& 
         return report;
     }
     try {
-        const check::ProjectSections project(projectFile);
+        FileSystem fs;
+        const check::ProjectSections project(fs, projectFile);
         Compiler(project, chmcmd, report).Run(outputFile);
     } catch (const std::exception& error) {
         report.error = error.what();

@@ -8,12 +8,13 @@
 
 namespace tamrix::gui {
 
-std::unique_ptr<CSummary> CheckProjectAndShowReport(const std::string& projectFile) {
+std::unique_ptr<CSummary> CheckProjectAndShowReport(ErrorReporter& errors,
+                                                    const std::string& projectFile) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const check::CheckReport report = check::CheckProject(projectFile);
     QApplication::restoreOverrideCursor();
 
-    auto summary = std::make_unique<CSummary>();
+    auto summary = std::make_unique<CSummary>(errors);
     summary->SetName("check.log");
     summary->OpenSummary(0);
     for (const std::string& line : Split(check::ReportText(report), '\n'))

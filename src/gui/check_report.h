@@ -9,6 +9,7 @@ namespace tamrix::gui {
 
 /// Checks `projectFile` and shows the report in a log viewer window, which lives
 /// as long as the report returned.
-std::unique_ptr<CSummary> CheckProjectAndShowReport(const std::string& projectFile);
+std::unique_ptr<CSummary> CheckProjectAndShowReport(ErrorReporter& errors,
+                                                    const std::string& projectFile);
 
 }  // namespace tamrix::gui

@@ -13,7 +13,7 @@
 
 namespace tamrix::gui {
 
-FrmOptions::FrmOptions(QWidget* parent) : QDialog(parent) {
+FrmOptions::FrmOptions(IView& view, QWidget* parent) : QDialog(parent), view_(view) {
     setObjectName("frmOptions");
     setWindowTitle("HTML Options");
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
@@ -111,7 +111,7 @@ void FrmOptions::changeEvent(QEvent* event) {
 void FrmOptions::OK() {
     if (!dialog_) return;
     Store();
-    dialog_->OK();  // an empty name is refused with a message; the dialog stays
+    dialog_->OK(view_);  // an empty name is refused with a message; the dialog stays
     if (dialog_->Status)
         accept();
     else

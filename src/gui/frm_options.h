@@ -3,6 +3,8 @@
 // its OK and Cancel on to it.
 #include <QDialog>
 
+#include "platform/view.h"
+
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -19,8 +21,8 @@ class FrmOptions : public QDialog {
     Q_OBJECT
 
 public:
-    /// Builds the controls; ShowModal or Load connects them to an OptionsDialog.
-    explicit FrmOptions(QWidget* parent = nullptr);
+    /// The dialog; its refusal message goes to `view`.
+    explicit FrmOptions(IView& view, QWidget* parent = nullptr);
 
     /// Fills the controls from the dialog's values and shows it modally.
     void ShowModal(OptionsDialog& dialog);
@@ -54,6 +56,7 @@ private:
     void UpdateCssVisibility();
     void OK();
 
+    IView& view_;
     OptionsDialog* dialog_ = nullptr;
     QCheckBox* chkCssFile_ = nullptr;
     QLabel* lblCssFile_ = nullptr;

@@ -97,8 +97,8 @@ Qt::Alignment AlignmentOfKey(const QString& key) {
 
 }  // namespace
 
-FrmSummary::FrmSummary(Options options, QWidget* parent)
-    : QMainWindow(parent), options_(std::move(options)) {
+FrmSummary::FrmSummary(ErrorReporter& errors, Options options, QWidget* parent)
+    : QMainWindow(parent), options_(std::move(options)), errors_(errors) {
     printerPresent_ = options_.printerPresent.value_or(CPrintRTF::PrinterInstalled());
     setWindowTitle(QString::fromLatin1(kProgramName));
     resize(900, 640);
@@ -332,11 +332,11 @@ std::string FrmSummary::PlainText() const {
 bool FrmSummary::LoadFile(const std::string& path, FileKind kind) {
     std::string bytes;
     try {
-        bytes = SharedFileSystem().ReadAll(path);
+        bytes = files_.ReadAll(path);
     } catch (...) {
         return false;
     }
-    loadedFile_ = SharedFileSystem().GetAbsolutePathName(path);
+    loadedFile_ = FileSystem::GetAbsolutePathName(path);
     if (kind == kRichText && LooksLikeRtf(bytes)) {
         QTextDocument* doc = rtfItems_->document();
         doc->setDefaultFont(LogFont());
@@ -351,7 +351,7 @@ bool FrmSummary::LoadFile(const std::string& path, FileKind kind) {
 }
 
 bool FrmSummary::SaveFile(const std::string& path, FileKind kind) {
-    return Guarded("frmSummary:SaveFile", false, [&] {
+    return Guarded(errors_, "frmSummary:SaveFile", false, [&] {
         const std::string content =
             kind == kRichText ? WriteRtf(*rtfItems_->document()) : PlainText();
         // The user's own Save may go anywhere: only the conversion is kept
@@ -371,12 +371,12 @@ const char* FrmSummary::SaveFilter() {
 // in the new project's folder, or else in the user's home.
 std::string FrmSummary::SaveFolder() const {
     const std::string folder = options_.saveFolder ? options_.saveFolder() : std::string();
-    if (!folder.empty() && SharedFileSystem().FolderExists(folder)) return folder;
+    if (!folder.empty() && files_.FolderExists(folder)) return folder;
     return QDir::homePath().toStdString();
 }
 
 bool FrmSummary::Save() {
-    return Guarded("frmSummary:mnuFileSave_Click", false, [&] {
+    return Guarded(errors_, "frmSummary:mnuFileSave_Click", false, [&] {
         FileDialogRequest request;
         request.filter = SaveFilter();
         request.initialName = saveFileName_;
@@ -384,8 +384,9 @@ bool FrmSummary::Save() {
         const SaveChoice choice = options_.dialogs.saveFile(this, request);
         if (choice.path.empty()) return false;
         if (readOnly_ && !loadedFile_.empty() &&
-            EqualsNoCase(SharedFileSystem().GetAbsolutePathName(choice.path), loadedFile_)) {
+            EqualsNoCase(FileSystem::GetAbsolutePathName(choice.path), loadedFile_)) {
             modMessages::ShowMessage(
+                errors_.View(),
                 "This file was opened as Read-Only.\r\nPlease save it under a different file name.",
                 mb::kExclamation, kProgramName, {}, 0);
             return false;
@@ -397,7 +398,7 @@ bool FrmSummary::Save() {
 }
 
 void FrmSummary::PrintSetup() {
-    GuardedVoid("frmSummary:mnuFilePrintSetup_Click", [&] {
+    GuardedVoid(errors_, "frmSummary:mnuFilePrintSetup_Click", [&] {
         if (options_.dialogs.printSetup(this, Printing().Printer())) {
             Printing().WYSIWYG_RTF(*rtfItems_, kLeftMarginTwips, kRightMarginTwips, kTopMarginTwips,
                                    kBottomMarginTwips);
@@ -407,7 +408,7 @@ void FrmSummary::PrintSetup() {
 }
 
 void FrmSummary::Print() {
-    GuardedVoid("frmSummary:mnuFilePrint_Click", [&] {
+    GuardedVoid(errors_, "frmSummary:mnuFilePrint_Click", [&] {
         CPrintRTF& printing = Printing();
         printing.WYSIWYG_RTF(*rtfItems_, kLeftMarginTwips, kRightMarginTwips, kTopMarginTwips,
                              kBottomMarginTwips);
@@ -449,7 +450,8 @@ std::string FrmSummary::HelpText(bool printerPresent) {
 }
 
 void FrmSummary::ShowHelp() {
-    modMessages::ShowMessage(HelpText(printerPresent_), mb::kOKOnly, "RTF Display Form", {}, 0);
+    modMessages::ShowMessage(errors_.View(), HelpText(printerPresent_), mb::kOKOnly,
+                             "RTF Display Form", {}, 0);
 }
 
 void FrmSummary::Clear() {
@@ -465,9 +467,9 @@ void FrmSummary::closeEvent(QCloseEvent* event) {
 
 void FrmSummary::RequestClose() {
     if (rtfItems_->document()->isModified()) {
-        const int answer =
-            modMessages::AskMessage("The text has been changed. Do you want to save the changes?",
-                                    mb::kYesNoCancel + mb::kQuestion, kProgramName, {});
+        const int answer = modMessages::AskMessage(
+            errors_.View(), "The text has been changed. Do you want to save the changes?",
+            mb::kYesNoCancel + mb::kQuestion, kProgramName, {});
         if (answer == mb::kCancel || (answer == mb::kYes && !Save())) return;
         rtfItems_->document()->setModified(false);
     }
@@ -492,8 +494,8 @@ bool FrmSummary::FindNext() {
     rtfItems_->moveCursor(QTextCursor::Start);
     if (rtfItems_->find(findText_)) return true;
     rtfItems_->setTextCursor(before);
-    modMessages::ShowMessage("\"" + findText_.toStdString() + "\" was not found.", mb::kInformation,
-                             kProgramName, {});
+    modMessages::ShowMessage(errors_.View(), "\"" + findText_.toStdString() + "\" was not found.",
+                             mb::kInformation, kProgramName, {});
     return false;
 }
 

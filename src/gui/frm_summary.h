@@ -8,6 +8,8 @@
 #include <string>
 
 #include "gui/summary_dialogs.h"
+#include "platform/file_system.h"
+#include "platform/program_error.h"
 
 class QAction;
 class QComboBox;
@@ -42,8 +44,8 @@ public:
     /// What the window is given.
     using Options = SummaryOptions;
 
-    /// Builds the window, hidden and empty.
-    explicit FrmSummary(Options options = {}, QWidget* parent = nullptr);
+    /// The window; its messages and error reports go to `errors`.
+    explicit FrmSummary(ErrorReporter& errors, Options options = {}, QWidget* parent = nullptr);
     /// Out of line, where CPrintRTF is complete.
     ~FrmSummary() override;
 
@@ -140,6 +142,8 @@ private:
     std::string saveFileName_;
     bool readOnly_ = false;
     bool printerPresent_ = false;
+    ErrorReporter& errors_;
+    mutable FileSystem files_;  // the viewer reads outside any conversion
     std::string loadedFile_;
     std::unique_ptr<CPrintRTF> printing_;
     QString findText_;

@@ -21,6 +21,7 @@
 #include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
+#include "model/conversion.h"
 
 #include "gui/about_box.h"
 #include "gui/app_icon.h"
@@ -171,9 +172,7 @@ FrmWizard::FrmWizard(Options options, QWidget* parent)
     setMinimumSize(680, 500);
 }
 
-FrmWizard::~FrmWizard() {
-    if (&ActiveView() == this) SetActiveView(nullptr);
-}
+FrmWizard::~FrmWizard() = default;
 
 // ---- Building the window ----
 
@@ -540,13 +539,13 @@ void FrmWizard::CheckNewProject() {
     std::string project;
     if (!wizard_->NewRootPath.empty() && !wizard_->NewProjectName.empty())
         project = modUtilities::MakeFullPathforFile(wizard_->NewRootPath, wizard_->NewProjectName);
-    if (!modUtilities::FileExists(project))
+    if (!modUtilities::FileExists(wizard_->Files, project))
         project = OpenFileDialog({"Check New Project",
                                   "HTML Help Project Files (*.hhp)|*.hhp|All Files (*.*)|*.*",
                                   "hhp",
                                   wizard_->NewRootPath,
                                   {}});
-    if (!project.empty()) checkReport_ = CheckProjectAndShowReport(project);
+    if (!project.empty()) checkReport_ = CheckProjectAndShowReport(wizard_->Errors, project);
 }
 
 QAction* FrmWizard::MenuAction(const QString& name) const {
@@ -561,7 +560,7 @@ void FrmWizard::Start(const std::string& projectName) {
     UpdateBoxPosition();
     wizard_->Start();
     if (!projectName.empty()) {
-        wizard_->controls.txtProjectName = SharedFileSystem().GetAbsolutePathName(projectName);
+        wizard_->controls.txtProjectName = FileSystem::GetAbsolutePathName(projectName);
         WizardChanged(*wizard_);
     }
     FocusStep(wizard_->CurrentStep());
@@ -628,7 +627,7 @@ void FrmWizard::RefreshControls(const Wizard& wizard) {
         lblNewProject_->clear();
     lblNewProject_->setVisible(wizard.RewriteDone);
     cmdOpenFolder_->setEnabled(wizard.RewriteDone &&
-                               modUtilities::FolderExists(wizard.NewRootPath));
+                               modUtilities::FolderExists(wizard_->Files, wizard.NewRootPath));
     lblHHPSummary_->setText(ProjectSummary(wizard));
     lblHHPSummary_->setVisible(!wizard.Projectname.empty());
 }
@@ -698,7 +697,7 @@ void FrmWizard::ShowAbout() {
 }
 
 void FrmWizard::ShowOptionsDialog(OptionsDialog& dialog) {
-    if (!frmOptions_) frmOptions_ = std::make_unique<FrmOptions>(this);
+    if (!frmOptions_) frmOptions_ = std::make_unique<FrmOptions>(*this, this);
     frmOptions_->ShowModal(dialog);
 }
 

@@ -13,6 +13,7 @@
 #include <QUrl>
 
 #include "gui/frm_wizard.h"
+#include "model/conversion.h"
 #include "platform/path_helpers.h"
 
 namespace tamrix::gui {

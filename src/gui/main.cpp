@@ -6,6 +6,7 @@
 #include "gui/app_icon.h"
 #include "gui/frm_wizard.h"
 #include "gui/summary_viewer.h"
+#include "model/conversion.h"
 #include "platform/program_identity.h"
 #include "platform/view.h"
 
@@ -29,7 +30,6 @@ int main(int argc, char** argv) {
     viewer.owner = &wizard;
     viewer.saveFolder = [&wizard] { return wizard.GetWizard().NewRootPath; };
     tamrix::gui::InstallSummaryViewer(viewer);
-    tamrix::ScopedActiveView active(wizard);
     QObject::connect(&wizard, &tamrix::gui::FrmWizard::ExitRequested, &app, &QApplication::quit,
                      Qt::QueuedConnection);
     wizard.show();

@@ -17,6 +17,7 @@
 #include "gui/message_form.h"
 #include "gui/summary_viewer.h"
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "platform/file_system.h"
 #include "wizard/options_dialog.h"
 
@@ -69,7 +70,6 @@ int main(int argc, char** argv) {
         return (out + "/TideClock.hhp").toStdString();
     };
     FrmWizard window(options);
-    tamrix::ScopedActiveView active(window);
     tamrix::gui::FrmSummary::Options viewer;
     viewer.owner = &window;
     viewer.printerPresent = true;
@@ -93,7 +93,7 @@ int main(int argc, char** argv) {
     ok = Save(window, pictures, 4) && ok;
     window.NavButton(tamrix::kNavNext)->click();
     ok = Save(window, pictures, 5) && ok;
-    tamrix::SharedFileSystem().SetWriteRoot({});
+    window.GetWizard().Files.SetWriteRoot({});
 
     // The scan log from the new folder, in the viewer over the wizard.
     window.MenuAction("mnuViewScanLog")->trigger();
@@ -115,7 +115,7 @@ int main(int argc, char** argv) {
     ok = message.grab().save(QDir(pictures).filePath("message-form.png")) && ok;
     // Ticked after it opened, so the picture shows the window grown by the name row.
     tamrix::OptionsDialog optionsData;
-    tamrix::gui::FrmOptions optionsForm;
+    tamrix::gui::FrmOptions optionsForm(window);
     optionsForm.Load(optionsData);
     optionsForm.show();
     Settle();

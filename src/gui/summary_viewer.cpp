@@ -6,8 +6,8 @@
 
 namespace tamrix::gui {
 
-SummaryViewer::SummaryViewer(FrmSummary::Options options)
-    : dialogs_(options.dialogs), form_(std::make_unique<FrmSummary>(std::move(options))) {
+SummaryViewer::SummaryViewer(ErrorReporter& errors, FrmSummary::Options options)
+    : dialogs_(options.dialogs), form_(std::make_unique<FrmSummary>(errors, std::move(options))) {
     QObject::connect(form_.get(), &FrmSummary::CloseForm, [this] {
         if (onCloseForm) onCloseForm();
     });
@@ -50,13 +50,13 @@ std::string SummaryViewer::ChooseFileToView(const std::string& filter, bool /*re
     request.title = "Select File for Viewing";
     request.filter = filter;
     const std::string chosen = dialogs_.openFile(form_.get(), request);
-    if (chosen.empty() || !SharedFileSystem().FileExists(chosen)) return {};
+    if (chosen.empty() || !FileSystem().FileExists(chosen)) return {};
     return chosen;
 }
 
 void InstallSummaryViewer(FrmSummary::Options options) {
-    SetSummaryViewerFactory([options]() -> std::unique_ptr<ISummaryViewer> {
-        return std::make_unique<SummaryViewer>(options);
+    SetSummaryViewerFactory([options](ErrorReporter& errors) -> std::unique_ptr<ISummaryViewer> {
+        return std::make_unique<SummaryViewer>(errors, options);
     });
 }
 

@@ -12,8 +12,8 @@ namespace tamrix::gui {
 /// A report's viewer: a FrmSummary window made for it.
 class SummaryViewer : public ISummaryViewer {
 public:
-    /// Makes the window, hidden.
-    explicit SummaryViewer(FrmSummary::Options options = {});
+    /// A viewer whose messages and error reports go to `errors`.
+    explicit SummaryViewer(ErrorReporter& errors, FrmSummary::Options options = {});
     /// Out of line, where FrmSummary is complete.
     ~SummaryViewer() override;
 

@@ -26,7 +26,9 @@ int main(int argc, char** argv) {
         options.printer = &pdf;
         options.printerPresent = true;
     }
-    FrmSummary form(options);
+    tamrix::SilentView view;  // the demo has no questions to answer
+    tamrix::ErrorReporter errors{view};
+    FrmSummary form(errors, options);
     QObject::connect(&form, &FrmSummary::CloseForm, &app, &QApplication::quit);
     if (args.size() >= 2) {
         const bool rich = args[1].endsWith(".rtf", Qt::CaseInsensitive);

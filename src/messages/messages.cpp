@@ -57,33 +57,32 @@ std::optional<std::string> CatalogueText(long id) {
 }
 
 std::string GetMessageString(long id, std::string_view insertText, std::string_view insertText2) {
-    return Guarded("modMessages:GetMessageString", std::string(), [&] {
-        const auto text = CatalogueText(id);
-        if (!text) return "Resource ID" + SignedText(id) + " Missing";
-        // Left to right in one pass: an insert that holds a placeholder itself is
-        // not searched again, so it cannot loop.
-        std::string result = ReplaceAllExact(*text, kInsertText, insertText);
-        if (!insertText2.empty()) result = ReplaceAllExact(result, kInsertText2, insertText2);
-        return result;
-    });
+    // Nothing but memory can fail here, and the caller's guard reports that.
+    const auto text = CatalogueText(id);
+    if (!text) return "Resource ID" + SignedText(id) + " Missing";
+    // Left to right in one pass: an insert that holds a placeholder itself is
+    // not searched again, so it cannot loop.
+    std::string result = ReplaceAllExact(*text, kInsertText, insertText);
+    if (!insertText2.empty()) result = ReplaceAllExact(result, kInsertText2, insertText2);
+    return result;
 }
 
 CatalogueMessage FromCatalogue(long id, std::string_view insertText, std::string_view insertText2) {
     return {id, GetMessageString(id, insertText, insertText2)};
 }
 
-void ShowMessage(const CatalogueMessage& message, int style, std::string_view title,
+void ShowMessage(IView& view, const CatalogueMessage& message, int style, std::string_view title,
                  BoxPosition position) {
-    ShowMessage(message.text, style, title, position, message.id);
+    ShowMessage(view, message.text, style, title, position, message.id);
 }
 
-int AskMessage(const CatalogueMessage& message, int style, std::string_view title,
+int AskMessage(IView& view, const CatalogueMessage& message, int style, std::string_view title,
                BoxPosition position) {
-    return AskMessage(message.text, style, title, position, message.id);
+    return AskMessage(view, message.text, style, title, position, message.id);
 }
 
-int AskMessage(std::string_view text, int style, std::string_view title, BoxPosition position,
-               long catalogueId) {
+int AskMessage(IView& view, std::string_view text, int style, std::string_view title,
+               BoxPosition position, long catalogueId) {
     try {
         MessageRequest request;
         request.text = std::string(text);
@@ -91,28 +90,28 @@ int AskMessage(std::string_view text, int style, std::string_view title, BoxPosi
         request.title = std::string(title);
         request.catalogueId = catalogueId;
         request.position = position;
-        return ActiveView().MessageBox(request);
+        return view.MessageBox(request);
     } catch (...) {
         return mb::kOK;  // the message routines suppress their own errors
     }
 }
 
-void ShowMessage(std::string_view text, int style, std::string_view title, BoxPosition position,
-                 long catalogueId) {
-    AskMessage(text, style, title, position, catalogueId);
+void ShowMessage(IView& view, std::string_view text, int style, std::string_view title,
+                 BoxPosition position, long catalogueId) {
+    AskMessage(view, text, style, title, position, catalogueId);
 }
 
-int AskMessageID(long id, int style, std::string_view title, std::string_view extra,
+int AskMessageID(IView& view, long id, int style, std::string_view title, std::string_view extra,
                  BoxPosition position) {
     const std::string text = CatalogueTextOrEmpty(id);
     const std::string shown =
         text.empty() ? std::string("Unknown message ID") : text + "\r\n" + std::string(extra);
-    return AskMessage(shown, style, title, position, id);
+    return AskMessage(view, shown, style, title, position, id);
 }
 
-void ShowMessageID(long id, int style, std::string_view title, std::string_view extra,
+void ShowMessageID(IView& view, long id, int style, std::string_view title, std::string_view extra,
                    BoxPosition position) {
-    AskMessageID(id, style, title, extra, position);
+    AskMessageID(view, id, style, title, extra, position);
 }
 
 }  // namespace tamrix::modMessages

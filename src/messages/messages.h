@@ -31,25 +31,25 @@ CatalogueMessage FromCatalogue(long id, std::string_view insertText = {},
                                std::string_view insertText2 = {});
 
 /// Shows a catalogue text (placeholders unfilled) followed by CR LF and `extra`.
-void ShowMessageID(long id, int style, std::string_view title, std::string_view extra = {},
-                   BoxPosition position = {});
+void ShowMessageID(IView& view, long id, int style, std::string_view title,
+                   std::string_view extra = {}, BoxPosition position = {});
 /// As ShowMessageID, and returns the button pressed.
-int AskMessageID(long id, int style, std::string_view title, std::string_view extra = {},
-                 BoxPosition position = {});
+int AskMessageID(IView& view, long id, int style, std::string_view title,
+                 std::string_view extra = {}, BoxPosition position = {});
 
 /// Shows a ready text. `catalogueId` names the catalogue entry the text was made
 /// from (0 when none), so that an automated answer can be given by ID.
-void ShowMessage(std::string_view text, int style, std::string_view title,
+void ShowMessage(IView& view, std::string_view text, int style, std::string_view title,
                  BoxPosition position = {}, long catalogueId = 0);
 /// As ShowMessage, and returns the button pressed; an unanswered question is No.
-int AskMessage(std::string_view text, int style, std::string_view title, BoxPosition position = {},
-               long catalogueId = 0);
+int AskMessage(IView& view, std::string_view text, int style, std::string_view title,
+               BoxPosition position = {}, long catalogueId = 0);
 
 /// Shows a filled catalogue text; an automated answer can name it by its ID.
-void ShowMessage(const CatalogueMessage& message, int style, std::string_view title,
+void ShowMessage(IView& view, const CatalogueMessage& message, int style, std::string_view title,
                  BoxPosition position = {});
 /// As ShowMessage, and returns the button pressed.
-int AskMessage(const CatalogueMessage& message, int style, std::string_view title,
+int AskMessage(IView& view, const CatalogueMessage& message, int style, std::string_view title,
                BoxPosition position = {});
 
 }  // namespace tamrix::modMessages

@@ -5,10 +5,11 @@
 #include <string_view>
 
 #include "model/keyed_collection.h"
+#include "platform/program_error.h"
 
 namespace tamrix {
 
-// One context-ID definition of the WinHelp project or one of its map files.
+/// One context-ID definition of the WinHelp project or one of its map files.
 class CContextID {
 public:
     int MapFileIndex = 0;  // 1-based map file number; 0 for the project's own [MAP]
@@ -19,17 +20,17 @@ public:
     bool FileDefined = false;
     std::string Comment;
 
-    // Unused: assigning stores into ContextString, and reading yields empty text.
+    /// Unused: assigning stores into ContextString, and reading yields empty text.
     std::string AliasString() const { return {}; }
     void SetAliasString(std::string_view value) { ContextString = std::string(value); }
 };
 
 class CContextIDs {
 public:
-    // Adds a definition under `key` (no key when empty). A key already present is
-    // reported with "CContextIDs Collection:Add" and gives nullptr.
-    std::shared_ptr<CContextID> Add(std::string_view contextString, std::string_view contextID,
-                                    std::string_view key);
+    /// Adds a definition under `key` (no key when empty). A key already present is
+    /// reported with "CContextIDs Collection:Add" and gives nullptr.
+    std::shared_ptr<CContextID> Add(ErrorReporter& errors, std::string_view contextString,
+                                    std::string_view contextID, std::string_view key);
     long Count() const { return items_.Count(); }
     const std::shared_ptr<CContextID>& Item(long index) const { return items_.Item(index); }
     const std::shared_ptr<CContextID>& Item(std::string_view key) const { return items_.Item(key); }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <unordered_map>
 #include <vector>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -28,9 +29,9 @@ bool SkipToFilesSection(TextReader& reader) {
 }
 
 // The non-empty lines of the [FILES] section, up to the next section or the end.
-std::vector<std::string> FilesSectionEntries(const std::string& projectFile) {
+std::vector<std::string> FilesSectionEntries(Conversion& wizard, const std::string& projectFile) {
     std::vector<std::string> entries;
-    TextReader reader(projectFile);
+    TextReader reader(wizard.Files, projectFile);
     if (!SkipToFilesSection(reader)) return entries;
     Counter16 htmLines;  // counted as the reader always has; 16-bit like every counter
     std::string line;
@@ -50,7 +51,8 @@ using ContextIndex = std::unordered_map<std::string, std::vector<std::shared_ptr
 
 // Renames the topic ID of `topic` once for every earlier topic file whose ID equals
 // the ID as found, counting renames in `duplicates` across the whole read.
-void RenameDuplicateID(CTopicFile& topic, const ContextIndex& byContext, Counter16& duplicates) {
+void RenameDuplicateID(Conversion& wizard, CTopicFile& topic, const ContextIndex& byContext,
+                       Counter16& duplicates) {
     const std::string found = topic.Context;
     if (found.empty()) return;
     const auto it = byContext.find(Fold(found));
@@ -62,33 +64,33 @@ void RenameDuplicateID(CTopicFile& topic, const ContextIndex& byContext, Counter
             topic.Context = found + "_" + std::to_string(duplicates.Value());
         } while (byContext.count(Fold(topic.Context)) != 0);
         topic.NewFileName = topic.Context + ".htm";
-        modGlobals::RenamedTopicIDs +=
+        wizard.Globals.RenamedTopicIDs +=
             modMessages::GetMessageString(10066, found, topic.Context) + "^";
         topic.Comment = "Duplicate Topic Id: File and Topic ID renamed from \"" +
                         other->NewFileName + "\" to \"" + topic.NewFileName + "\"";
     }
 }
 
-std::string OptionsFileName(const std::string& projectFile, const char* key) {
+std::string OptionsFileName(Conversion& wizard, const std::string& projectFile, const char* key) {
     std::string value;
-    profile::GetString(projectFile, "OPTIONS", key, "!!!!", value);
+    profile::GetString(wizard.Files, projectFile, "OPTIONS", key, "!!!!", value);
     if (value.empty() || value == "!!!!") return {};
     return modUtilities::MakeFullPathforFile(modUtilities::FilePathOnly(projectFile), value);
 }
 
 }  // namespace
 
-bool OpenProjectFile(WizardState& wizard, const std::string& projectFile, int& htmCount) {
+bool OpenProjectFile(Conversion& wizard, const std::string& projectFile, int& htmCount) {
     htmCount = 0;
-    return Guarded("modParser:OpenProjectFile", false, [&] {
-        if (!modUtilities::FileExists(projectFile)) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(10069, projectFile),
+    return Guarded(wizard.Errors, "modParser:OpenProjectFile", false, [&] {
+        if (!modUtilities::FileExists(wizard.Files, projectFile)) {
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10069, projectFile),
                                      mb::kExclamation, "Opening HTML Project File", wizard.Box());
             return false;
         }
-        TextReader reader(projectFile);
+        TextReader reader(wizard.Files, projectFile);
         if (!SkipToFilesSection(reader)) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(5004), mb::kOKOnly,
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(5004), mb::kOKOnly,
                                      "Opening Project File", wizard.Box());
             return false;
         }
@@ -111,15 +113,15 @@ bool OpenProjectFile(WizardState& wizard, const std::string& projectFile, int& h
     });
 }
 
-bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& missingCount,
+bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& missingCount,
                       bool& stopped) {
-    return Guarded("modParser:ParseProjectFile", false, [&] {
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
-        modGlobals::RenamedTopicIDs.clear();
-        CTopicFiles& topicFiles = *modGlobals::TopicFiles;
+    return Guarded(wizard.Errors, "modParser:ParseProjectFile", false, [&] {
+        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
+        wizard.Globals.RenamedTopicIDs.clear();
+        CTopicFiles& topicFiles = *wizard.Globals.TopicFiles;
         const std::string folder = modUtilities::FilePathOnly(projectFile);
 
-        const std::vector<std::string> entries = FilesSectionEntries(projectFile);
+        const std::vector<std::string> entries = FilesSectionEntries(wizard, projectFile);
         if (entries.empty()) return true;
         modUtilities::InitializeProgressBar(wizard,
                                             Counter16::Checked(static_cast<long>(entries.size())),
@@ -133,12 +135,12 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
         for (const std::string& entry : entries) {
             ++position;
             const std::string fullPath = modUtilities::MakeFullPathforFile(folder, entry);
-            if (!modUtilities::FileExists(fullPath)) {
+            if (!modUtilities::FileExists(wizard.Files, fullPath)) {
                 ++missing;
                 missingCount = missing;
-                const int answer =
-                    modMessages::AskMessage(modMessages::FromCatalogue(10044, fullPath), mb::kYesNo,
-                                            "Scanning Project File", wizard.Box());
+                const int answer = modMessages::AskMessage(
+                    wizard.View(), modMessages::FromCatalogue(10044, fullPath), mb::kYesNo,
+                    "Scanning Project File", wizard.Box());
                 if (answer != mb::kYes) {
                     stoppedHere = true;
                     break;
@@ -156,14 +158,14 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
             std::string targets;
             std::string extraIds;
             int hotspots = 0;
-            if (!ParseTopicFile(fullPath, title, topicId, targets, hotspots, extraIds)) {
+            if (!ParseTopicFile(wizard, fullPath, title, topicId, targets, hotspots, extraIds)) {
                 modUtilities::UpdateProgressBar(wizard, position);
                 continue;
             }
             if (!topicId.empty() && ContainsNoCase(entry, topicId)) {
                 const int answer =
-                    modMessages::AskMessage(modMessages::FromCatalogue(10005, entry), mb::kYesNo,
-                                            "Parsing HTMl Project File", wizard.Box());
+                    modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10005, entry),
+                                            mb::kYesNo, "Parsing HTMl Project File", wizard.Box());
                 if (answer != mb::kYes) return false;
             }
 
@@ -181,12 +183,12 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
                 topic->HotSpotCount = hotspots;
             }
             topic->HasTitle = !EqualsNoCase(title, "(Untitled)");
-            RenameDuplicateID(*topic, byContext, duplicates);
+            RenameDuplicateID(wizard, *topic, byContext, duplicates);
 
             if (topicFiles.Find(topic->AutoFileName) != nullptr) {
-                modMessages::ShowMessage(modMessages::FromCatalogue(10056, topic->AutoFileName),
-                                         mb::kInformation, "Parsing HTML Project File",
-                                         wizard.Box());
+                modMessages::ShowMessage(
+                    wizard.View(), modMessages::FromCatalogue(10056, topic->AutoFileName),
+                    mb::kInformation, "Parsing HTML Project File", wizard.Box());
             } else {
                 topicFiles.Add(topic, topic->AutoFileName);
                 if (!topic->Context.empty()) byContext[Fold(topic->Context)].push_back(topic);
@@ -204,14 +206,14 @@ bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& 
     });
 }
 
-std::string GetIndexFileName(const std::string& projectFile) {
-    return Guarded("modParser:GetIndexFileName", std::string(),
-                   [&] { return OptionsFileName(projectFile, "Index File"); });
+std::string GetIndexFileName(Conversion& wizard, const std::string& projectFile) {
+    return Guarded(wizard.Errors, "modParser:GetIndexFileName", std::string(),
+                   [&] { return OptionsFileName(wizard, projectFile, "Index File"); });
 }
 
-std::string GetContentsFileName(const std::string& projectFile) {
-    return Guarded("modParser:GetContentsFileName", std::string(),
-                   [&] { return OptionsFileName(projectFile, "Contents File"); });
+std::string GetContentsFileName(Conversion& wizard, const std::string& projectFile) {
+    return Guarded(wizard.Errors, "modParser:GetContentsFileName", std::string(),
+                   [&] { return OptionsFileName(wizard, projectFile, "Contents File"); });
 }
 
 }  // namespace tamrix::modParser

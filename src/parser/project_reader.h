@@ -3,19 +3,19 @@
 // section and the contents and index file names of its [OPTIONS] section.
 #include <string>
 
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 
 namespace tamrix::modParser {
 
-// Quick check when a project is chosen: counts the .htm lines of [FILES] and
-// shows the count in wizard.DisplayTopicCount.
-bool OpenProjectFile(WizardState& wizard, const std::string& projectFile, int& htmCount);
-// The full read: fills modGlobals::TopicFiles and RenamedTopicIDs. Missing topic
-// files are counted in missingCount; `stopped` is set when the user stopped the scan.
-bool ParseProjectFile(WizardState& wizard, const std::string& projectFile, int& missingCount,
+/// Quick check when a project is chosen: counts the .htm lines of [FILES] and
+/// shows the count in wizard.DisplayTopicCount.
+bool OpenProjectFile(Conversion& wizard, const std::string& projectFile, int& htmCount);
+/// The full read: fills wizard.Globals.TopicFiles and RenamedTopicIDs. Missing topic
+/// files are counted in missingCount; `stopped` is set when the user stopped the scan.
+bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& missingCount,
                       bool& stopped);
-// Full paths from [OPTIONS], or empty when the project names none.
-std::string GetIndexFileName(const std::string& projectFile);
-std::string GetContentsFileName(const std::string& projectFile);
+/// Full paths from [OPTIONS], or empty when the project names none.
+std::string GetIndexFileName(Conversion& wizard, const std::string& projectFile);
+std::string GetContentsFileName(Conversion& wizard, const std::string& projectFile);
 
 }  // namespace tamrix::modParser

@@ -3,6 +3,7 @@
 #include <memory>
 #include <unordered_map>
 #include <vector>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -39,7 +40,7 @@ NameIndex IndexTopicNames(const CTopicFiles& topicFiles) {
 }
 
 void CountDefinitions(const CContextIDs& definitions, const NameIndex& index,
-                      WizardState* progress) {
+                      Conversion* progress) {
     long position = 0;
     for (const auto& definition : definitions) {
         const auto it = index.find(Fold(definition->ContextString));
@@ -52,10 +53,10 @@ void CountDefinitions(const CContextIDs& definitions, const NameIndex& index,
 
 }  // namespace
 
-bool UpdateInternalReferences(WizardState& wizard) {
-    return Guarded("modUtilities:UpdateInternalReferences", false, [&] {
-        if (!modGlobals::TopicFiles) return true;
-        const CTopicFiles& topicFiles = *modGlobals::TopicFiles;
+bool UpdateInternalReferences(Conversion& wizard) {
+    return Guarded(wizard.Errors, "modUtilities:UpdateInternalReferences", false, [&] {
+        if (!wizard.Globals.TopicFiles) return true;
+        const CTopicFiles& topicFiles = *wizard.Globals.TopicFiles;
         std::shared_ptr<CTopicFile> previous;
         for (const auto& topic : topicFiles) {
             for (const auto& target : topic->targets()) {
@@ -67,7 +68,7 @@ bool UpdateInternalReferences(WizardState& wizard) {
                     continue;
                 }
                 const int answer = modMessages::AskMessage(
-                    modMessages::FromCatalogue(10052, file), mb::kOKCancel,
+                    wizard.View(), modMessages::FromCatalogue(10052, file), mb::kOKCancel,
                     "Checking internal references to topic files", wizard.Box());
                 if (answer == mb::kCancel) return false;
                 // The unresolved link is counted for the file of the last link that resolved.
@@ -79,8 +80,8 @@ bool UpdateInternalReferences(WizardState& wizard) {
     });
 }
 
-bool CheckProjectValidity(const CTopicFiles* topicFiles) {
-    return Guarded("modUtilities:CheckProjectValidity", false, [&] {
+bool CheckProjectValidity(ErrorReporter& errors, const CTopicFiles* topicFiles) {
+    return Guarded(errors, "modUtilities:CheckProjectValidity", false, [&] {
         long withoutId = 0;
         long total = 0;
         if (topicFiles != nullptr) {
@@ -91,37 +92,38 @@ bool CheckProjectValidity(const CTopicFiles* topicFiles) {
         }
         if (withoutId * 4 <= total) return true;
         const int answer = modMessages::AskMessage(
+            errors.View(),
             modMessages::FromCatalogue(10023, SignedText(withoutId), SignedText(total)),
             mb::kYesNo | mb::kQuestion, "HTML Project Check", {});
         return answer == mb::kYes;
     });
 }
 
-bool CountExternalReferences(WizardState& wizard) {
-    return Guarded("modUtilities:CountExternalReferences", false, [&] {
-        if (!modGlobals::TopicFiles) return true;
-        const NameIndex index = IndexTopicNames(*modGlobals::TopicFiles);
-        if (modGlobals::MapContextIDs) {
-            InitializeProgressBar(wizard, modGlobals::MapContextIDs->Count(),
+bool CountExternalReferences(Conversion& wizard) {
+    return Guarded(wizard.Errors, "modUtilities:CountExternalReferences", false, [&] {
+        if (!wizard.Globals.TopicFiles) return true;
+        const NameIndex index = IndexTopicNames(*wizard.Globals.TopicFiles);
+        if (wizard.Globals.MapContextIDs) {
+            InitializeProgressBar(wizard, wizard.Globals.MapContextIDs->Count(),
                                   "Setting External References ...");
-            CountDefinitions(*modGlobals::MapContextIDs, index, &wizard);
+            CountDefinitions(*wizard.Globals.MapContextIDs, index, &wizard);
         }
-        if (modGlobals::ProjectContextIDs)
-            CountDefinitions(*modGlobals::ProjectContextIDs, index, nullptr);
+        if (wizard.Globals.ProjectContextIDs)
+            CountDefinitions(*wizard.Globals.ProjectContextIDs, index, nullptr);
         return true;
     });
 }
 
-bool UpdateExternalReferences(WizardState& wizard) {
-    return Guarded("modUtilities:UpdateExternalReferences", false, [&] {
-        if (!modGlobals::MapContextIDs || !modGlobals::TopicFiles) return true;
-        InitializeProgressBar(wizard, modGlobals::MapContextIDs->Count(),
+bool UpdateExternalReferences(Conversion& wizard) {
+    return Guarded(wizard.Errors, "modUtilities:UpdateExternalReferences", false, [&] {
+        if (!wizard.Globals.MapContextIDs || !wizard.Globals.TopicFiles) return true;
+        InitializeProgressBar(wizard, wizard.Globals.MapContextIDs->Count(),
                               "Updating External Reference Values ...");
         long position = 0;
-        for (const auto& definition : *modGlobals::MapContextIDs) {
+        for (const auto& definition : *wizard.Globals.MapContextIDs) {
             if (definition->FileDefined) {
                 if (auto topic =
-                        modGlobals::TopicFiles->FirstWithContext(definition->ContextString))
+                        wizard.Globals.TopicFiles->FirstWithContext(definition->ContextString))
                     topic->ContextIDValueString = definition->ContextID;
             }
             UpdateProgressBar(wizard, ++position);
@@ -130,8 +132,8 @@ bool UpdateExternalReferences(WizardState& wizard) {
     });
 }
 
-int UntitledTopics(const CTopicFiles* topicFiles) {
-    return Guarded("modUtilities:UntitledTopics", 0, [&] {
+int UntitledTopics(ErrorReporter& errors, const CTopicFiles* topicFiles) {
+    return Guarded(errors, "modUtilities:UntitledTopics", 0, [&] {
         Counter16 count;
         if (topicFiles != nullptr) {
             for (const auto& topic : *topicFiles)

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include "model/conversion.h"
 
 #include "model/project_state.h"
 #include "parser/tag_readers.h"
@@ -47,34 +48,36 @@ void AddLocalValues(std::string_view object, CTargets& targets) {
 }
 
 // Reads every sitemap object of a file into `targets`.
-void ReadObjects(const std::string& file, CTargets& targets) {
-    TextReader stream(file);
-    for (std::string object = HTMLObject(stream); !object.empty(); object = HTMLObject(stream))
+void ReadObjects(Conversion& wizard, const std::string& file, CTargets& targets) {
+    TextReader stream(wizard.Files, file);
+    for (std::string object = HTMLObject(wizard, stream); !object.empty();
+         object = HTMLObject(wizard, stream))
         AddLocalValues(object, targets);
 }
 
 }  // namespace
 
-bool ParseIndexFile(const std::string& indexFile) {
-    return Guarded("modParser:ParseIndexFile", false, [&] {
-        if (!modUtilities::FileExists(indexFile)) return true;
-        if (!modGlobals::IndexTargets) modGlobals::IndexTargets = std::make_shared<CTargets>();
-        ReadObjects(indexFile, *modGlobals::IndexTargets);
+bool ParseIndexFile(Conversion& wizard, const std::string& indexFile) {
+    return Guarded(wizard.Errors, "modParser:ParseIndexFile", false, [&] {
+        if (!modUtilities::FileExists(wizard.Files, indexFile)) return true;
+        if (!wizard.Globals.IndexTargets)
+            wizard.Globals.IndexTargets = std::make_shared<CTargets>();
+        ReadObjects(wizard, indexFile, *wizard.Globals.IndexTargets);
         return true;
     });
 }
 
-bool ParseContentsFile(const std::string& contentsFile) {
-    return Guarded("modParser:ParseContentsFile", false, [&] {
-        if (!modGlobals::ContentsTargets)
-            modGlobals::ContentsTargets = std::make_shared<CTargets>();
-        CTargets& targets = *modGlobals::ContentsTargets;
-        ReadObjects(contentsFile, targets);
+bool ParseContentsFile(Conversion& wizard, const std::string& contentsFile) {
+    return Guarded(wizard.Errors, "modParser:ParseContentsFile", false, [&] {
+        if (!wizard.Globals.ContentsTargets)
+            wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
+        CTargets& targets = *wizard.Globals.ContentsTargets;
+        ReadObjects(wizard, contentsFile, targets);
 
-        TextReader stream(contentsFile);
-        modGlobals::PendingAnchorText.clear();
-        for (std::string anchor = HTMLAnchor(stream); !anchor.empty();
-             anchor = HTMLAnchor(stream)) {
+        TextReader stream(wizard.Files, contentsFile);
+        wizard.Globals.PendingAnchorText.clear();
+        for (std::string anchor = HTMLAnchor(wizard, stream); !anchor.empty();
+             anchor = HTMLAnchor(wizard, stream)) {
             const std::size_t href = FindNoCase(anchor, "HREF=");
             if (href == kNotFound) continue;
             // One character after "HREF=" skips the assumed opening quote.

@@ -3,11 +3,15 @@
 // entries refer to, kept exactly as written, without anchors and without repeats.
 #include <string>
 
+namespace tamrix {
+class Conversion;
+}
+
 namespace tamrix::modParser {
 
-// Fills modGlobals::IndexTargets; a missing index file is no error.
-bool ParseIndexFile(const std::string& indexFile);
-// Fills modGlobals::ContentsTargets from the sitemap entries and the plain links.
-bool ParseContentsFile(const std::string& contentsFile);
+/// Fills wizard.Globals.IndexTargets; a missing index file is no error.
+bool ParseIndexFile(Conversion& wizard, const std::string& indexFile);
+/// Fills wizard.Globals.ContentsTargets from the sitemap entries and the plain links.
+bool ParseContentsFile(Conversion& wizard, const std::string& contentsFile);
 
 }  // namespace tamrix::modParser

@@ -1,5 +1,6 @@
 #include "parser/tag_readers.h"
 
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/line_joining.h"
 #include "platform/byte_text.h"
@@ -11,7 +12,7 @@ namespace {
 // The trimmed text between the first two double quotes after `keyword`; the
 // place named by `missingQuotePlace(tag)` is reported when a quote is missing.
 template <class Place>
-std::string QuotedValueAfter(std::string_view tag, std::string_view keyword,
+std::string QuotedValueAfter(ErrorReporter& errors, std::string_view tag, std::string_view keyword,
                              Place missingQuotePlace) {
     const std::size_t key = FindNoCase(tag, keyword);
     if (key == kNotFound) return {};
@@ -19,7 +20,7 @@ std::string QuotedValueAfter(std::string_view tag, std::string_view keyword,
     const std::size_t open = rest.find('"');
     const std::size_t close = open == std::string_view::npos ? open : rest.find('"', open + 1);
     if (close == std::string_view::npos) {
-        ReportProgramError(0, missingQuotePlace(tag));
+        ReportProgramError(errors, 0, missingQuotePlace(tag));
         return {};
     }
     return Trim(rest.substr(open + 1, close - open - 1));
@@ -29,18 +30,18 @@ std::string QuotedValueAfter(std::string_view tag, std::string_view keyword,
 // buffer stays in PendingAnchorText and only PendingAnchorStart moves on, so a
 // long line full of anchors is read in linear time. A start that does not point
 // at an "<A" of the text takes the text whole.
-std::size_t TakePendingStart() {
-    const std::string& text = modGlobals::PendingAnchorText;
-    const std::size_t start = modGlobals::PendingAnchorStart;
-    modGlobals::PendingAnchorStart = 0;
+std::size_t TakePendingStart(Conversion& wizard) {
+    const std::string& text = wizard.Globals.PendingAnchorText;
+    const std::size_t start = wizard.Globals.PendingAnchorStart;
+    wizard.Globals.PendingAnchorStart = 0;
     if (start < text.size() && StartsWithNoCase(std::string_view(text).substr(start), "<A"))
         return start;
     return 0;
 }
 
-void KeepPending(std::string&& buffer, std::size_t start) {
-    modGlobals::PendingAnchorText = std::move(buffer);
-    modGlobals::PendingAnchorStart = start;
+void KeepPending(Conversion& wizard, std::string&& buffer, std::size_t start) {
+    wizard.Globals.PendingAnchorText = std::move(buffer);
+    wizard.Globals.PendingAnchorStart = start;
 }
 
 // Reads lines until one holds `keyword`; that line goes into `line` and the
@@ -71,55 +72,56 @@ std::string ReadTag(TextReader& stream, std::string_view open, std::string_view 
 
 }  // namespace
 
-std::string HTMLHrefTarget(std::string_view tag) {
-    return QuotedValueAfter(tag, "HREF=", [](std::string_view t) {
+std::string HTMLHrefTarget(ErrorReporter& errors, std::string_view tag) {
+    return QuotedValueAfter(errors, tag, "HREF=", [](std::string_view t) {
         return "Missing quotes in HREF string " + std::string(t) + " in:modParser:HTMLHrefTarget";
     });
 }
 
-std::string HTMLAnchorName(std::string_view tag) {
-    return QuotedValueAfter(
-        tag, "NAME=", [](std::string_view) { return std::string("modParser:HTMLAnchorName"); });
+std::string HTMLAnchorName(ErrorReporter& errors, std::string_view tag) {
+    return QuotedValueAfter(errors, tag, "NAME=", [](std::string_view) {
+        return std::string("modParser:HTMLAnchorName");
+    });
 }
 
-std::string HTMLAnchor(TextReader& stream) {
-    return Guarded("modParser:HTMLAnchor", std::string(), [&] {
+std::string HTMLAnchor(Conversion& wizard, TextReader& stream) {
+    return Guarded(wizard.Errors, "modParser:HTMLAnchor", std::string(), [&] {
         std::string text;
         std::size_t from = 0;
-        if (!modGlobals::PendingAnchorText.empty()) {
-            from = TakePendingStart();
-            text = std::move(modGlobals::PendingAnchorText);
-            modGlobals::PendingAnchorText.clear();
+        if (!wizard.Globals.PendingAnchorText.empty()) {
+            from = TakePendingStart(wizard);
+            text = std::move(wizard.Globals.PendingAnchorText);
+            wizard.Globals.PendingAnchorText.clear();
         } else {
-            modGlobals::PendingAnchorStart = 0;
+            wizard.Globals.PendingAnchorStart = 0;
             from = ReadToLineWith(stream, text, "<A");
             if (from == kNotFound) return std::string();
             text += ' ';
         }
-        modGlobals::AnchorState = 1;
+        wizard.Globals.AnchorState = 1;
         const std::size_t close = JoinLinesUntil(stream, text, "</A>", from);
         if (close == kNotFound) return std::string();
         const std::size_t end = close + 4;
         std::string anchor = text.substr(from, end - from);
         const std::size_t next = FindNoCase(text, "<A", end);
         if (next != kNotFound) {
-            KeepPending(std::move(text), next);
+            KeepPending(wizard, std::move(text), next);
         } else {
-            modGlobals::PendingAnchorText.clear();
+            wizard.Globals.PendingAnchorText.clear();
         }
-        modGlobals::AnchorState = 2;
+        wizard.Globals.AnchorState = 2;
         return anchor;
     });
 }
 
-std::string HTMLArea(TextReader& stream) {
-    return Guarded("modParser:HTMLArea", std::string(),
-                   [&] { return ReadTag(stream, "<AREA", ">", modGlobals::AreaState); });
+std::string HTMLArea(Conversion& wizard, TextReader& stream) {
+    return Guarded(wizard.Errors, "modParser:HTMLArea", std::string(),
+                   [&] { return ReadTag(stream, "<AREA", ">", wizard.Globals.AreaState); });
 }
 
-std::string HTMLObject(TextReader& stream) {
-    return Guarded("modParser:HTMLObject", std::string(), [&] {
-        return ReadTag(stream, "<OBJECT", "</OBJECT>", modGlobals::ObjectState);
+std::string HTMLObject(Conversion& wizard, TextReader& stream) {
+    return Guarded(wizard.Errors, "modParser:HTMLObject", std::string(), [&] {
+        return ReadTag(stream, "<OBJECT", "</OBJECT>", wizard.Globals.ObjectState);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "parser/topic_scanner.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/line_joining.h"
 #include "parser/tag_readers.h"
@@ -18,9 +19,9 @@ void AppendListItem(std::string& list, std::string_view item) {
 
 }  // namespace
 
-std::string HTMLHeader(TextReader& stream) {
-    return Guarded("modParser:HTMLHeader", std::string(), [&] {
-        modGlobals::HeadState = 0;
+std::string HTMLHeader(Conversion& wizard, TextReader& stream) {
+    return Guarded(wizard.Errors, "modParser:HTMLHeader", std::string(), [&] {
+        wizard.Globals.HeadState = 0;
         std::string line;
         bool found = false;
         while (stream.ReadLine(line)) {
@@ -30,20 +31,20 @@ std::string HTMLHeader(TextReader& stream) {
             }
         }
         if (!found) return std::string();
-        modGlobals::HeadState = 1;
+        wizard.Globals.HeadState = 1;
         std::string text = line + ' ';
         if (JoinLinesUntil(stream, text, "</HEAD>", 0) == kNotFound) return std::string();
-        modGlobals::HeadState = 2;
+        wizard.Globals.HeadState = 2;
         return text;
     });
 }
 
-bool ExtractTopicTitle(std::string_view head, std::string& title) {
+bool ExtractTopicTitle(ErrorReporter& errors, std::string_view head, std::string& title) {
     title.clear();
-    return Guarded("modParser:ExtractTopicTitle", false, [&] {
+    return Guarded(errors, "modParser:ExtractTopicTitle", false, [&] {
         const std::size_t open = FindNoCase(head, "<TITLE>");
         if (open == kNotFound) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(5003), mb::kOKOnly,
+            modMessages::ShowMessage(errors.View(), modMessages::FromCatalogue(5003), mb::kOKOnly,
                                      "ExtractTopicTitle", {});
             return false;
         }
@@ -55,15 +56,15 @@ bool ExtractTopicTitle(std::string_view head, std::string& title) {
     });
 }
 
-bool FindContextID(TextReader& stream, std::string& topicId) {
+bool FindContextID(Conversion& wizard, TextReader& stream, std::string& topicId) {
     topicId.clear();
-    return Guarded("modParser:FindContextID", false, [&] {
-        modGlobals::BodyState = 0;
+    return Guarded(wizard.Errors, "modParser:FindContextID", false, [&] {
+        wizard.Globals.BodyState = 0;
         std::string line;
         while (stream.ReadLine(line)) {
-            if (modGlobals::BodyState == 0) {
+            if (wizard.Globals.BodyState == 0) {
                 if (!ContainsNoCase(line, "<BODY")) continue;
-                modGlobals::BodyState = 1;
+                wizard.Globals.BodyState = 1;
             }
             const std::size_t a = FindNoCase(line, "<A");
             if (a == kNotFound) continue;
@@ -72,7 +73,7 @@ bool FindContextID(TextReader& stream, std::string& topicId) {
             std::string text = line.substr(a);
             text += ' ';
             JoinLinesUntil(stream, text, "</A>", 0);
-            modGlobals::BodyState = 2;
+            wizard.Globals.BodyState = 2;
             const std::size_t name = FindNoCase(text, "NAME=");
             if (name == kNotFound) return true;
             // The ID runs from after the assumed opening quote to before the
@@ -87,47 +88,49 @@ bool FindContextID(TextReader& stream, std::string& topicId) {
     });
 }
 
-bool FindContextID(const std::string& file, std::string& topicId) {
+bool FindContextID(Conversion& wizard, const std::string& file, std::string& topicId) {
     topicId.clear();
-    return Guarded("modParser:FindContextID", false, [&] {
-        TextReader stream(file);
-        return FindContextID(stream, topicId);
+    return Guarded(wizard.Errors, "modParser:FindContextID", false, [&] {
+        TextReader stream(wizard.Files, file);
+        return FindContextID(wizard, stream, topicId);
     });
 }
 
-bool ParseTopicFile(const std::string& file, std::string& title, std::string& topicId,
-                    std::string& targets, int& hotspots, std::string& extraIds) {
+bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& title,
+                    std::string& topicId, std::string& targets, int& hotspots,
+                    std::string& extraIds) {
     title.clear();
     topicId.clear();
     targets.clear();
     extraIds.clear();
     hotspots = 0;
-    return Guarded("modParser:ParseTopicFile", false, [&] {
-        const std::string content = SharedFileSystem().ReadAll(file);
+    return Guarded(wizard.Errors, "modParser:ParseTopicFile", false, [&] {
+        const std::string content = wizard.Files.ReadAll(file);
         TextReader stream;
         stream.OpenText(content);
-        const bool ok = ExtractTopicTitle(HTMLHeader(stream), title);
+        const bool ok = ExtractTopicTitle(wizard.Errors, HTMLHeader(wizard, stream), title);
 
         stream.OpenText(content);
-        FindContextID(stream, topicId);  // a missing or malformed ID never fails the file
+        FindContextID(wizard, stream, topicId);  // a missing or malformed ID never fails the file
 
         stream.OpenText(content);
-        modGlobals::PendingAnchorText.clear();
-        for (std::string anchor = HTMLAnchor(stream); !anchor.empty();
-             anchor = HTMLAnchor(stream)) {
-            const std::string target = HTMLHrefTarget(anchor);
+        wizard.Globals.PendingAnchorText.clear();
+        for (std::string anchor = HTMLAnchor(wizard, stream); !anchor.empty();
+             anchor = HTMLAnchor(wizard, stream)) {
+            const std::string target = HTMLHrefTarget(wizard.Errors, anchor);
             if (!target.empty()) {
                 AppendListItem(targets, target);
                 continue;
             }
-            const std::string name = HTMLAnchorName(anchor);
+            const std::string name = HTMLAnchorName(wizard.Errors, anchor);
             if (!name.empty() && !EqualsNoCase(name, topicId)) AppendListItem(extraIds, name);
         }
 
         stream.OpenText(content);
         Counter16 spots;
-        for (std::string area = HTMLArea(stream); !area.empty(); area = HTMLArea(stream)) {
-            const std::string target = HTMLHrefTarget(area);
+        for (std::string area = HTMLArea(wizard, stream); !area.empty();
+             area = HTMLArea(wizard, stream)) {
+            const std::string target = HTMLHrefTarget(wizard.Errors, area);
             if (target.empty()) continue;
             ++spots;
             AppendListItem(targets, target);

@@ -7,19 +7,26 @@
 
 #include "platform/file_system.h"
 
+namespace tamrix {
+
+class ErrorReporter;
+class Conversion;
+}  // namespace tamrix
+
 namespace tamrix::modParser {
 
-// True when the file has a non-empty title. Targets and extra IDs are
-// "^"-separated; duplicates are kept.
-bool ParseTopicFile(const std::string& file, std::string& title, std::string& topicId,
-                    std::string& targets, int& hotspots, std::string& extraIds);
-// The head of the document ("<HEAD" to "</HEAD>", lines joined), or empty.
-std::string HTMLHeader(TextReader& stream);
-// The trimmed TITLE text; false when it is empty. A missing <TITLE> shows message 5003.
-bool ExtractTopicTitle(std::string_view head, std::string& title);
-// The topic ID of a file; true unless an unexpected error occurred (then the ID is empty).
-bool FindContextID(const std::string& file, std::string& topicId);
-// The same on an open stream.
-bool FindContextID(TextReader& stream, std::string& topicId);
+/// True when the file has a non-empty title. Targets and extra IDs are
+/// "^"-separated; duplicates are kept.
+bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& title,
+                    std::string& topicId, std::string& targets, int& hotspots,
+                    std::string& extraIds);
+/// The head of the document ("<HEAD" to "</HEAD>", lines joined), or empty.
+std::string HTMLHeader(Conversion& wizard, TextReader& stream);
+/// The trimmed TITLE text; false when it is empty. A missing <TITLE> shows message 5003.
+bool ExtractTopicTitle(ErrorReporter& errors, std::string_view head, std::string& title);
+/// The topic ID of a file; true unless an unexpected error occurred (then the ID is empty).
+bool FindContextID(Conversion& wizard, const std::string& file, std::string& topicId);
+/// The same on an open stream.
+bool FindContextID(Conversion& wizard, TextReader& stream, std::string& topicId);
 
 }  // namespace tamrix::modParser

@@ -1,5 +1,6 @@
 #include "parser/winhelp_definitions.h"
 
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/context_id_value.h"
 #include "platform/byte_text.h"
@@ -17,7 +18,7 @@ void AppendCaretList(std::string& list, const std::string& entry) {
 
 // Splits a definition line into its name and value text; false when the line
 // holds no definition.
-bool SplitDefinition(std::string_view line, int mapFileIndex, std::string& name,
+bool SplitDefinition(Conversion& wizard, std::string_view line, int mapFileIndex, std::string& name,
                      std::string& valueText) {
     if (const std::size_t define = FindNoCase(line, kDefine); define != kNotFound) {
         // One character after the keyword: its separating blank.
@@ -36,8 +37,8 @@ bool SplitDefinition(std::string_view line, int mapFileIndex, std::string& name,
     }
     if (const std::size_t space = line.find(' '); space != std::string_view::npos && space > 0) {
         // Map header files hold this form only as Visual C++ writes them.
-        if (mapFileIndex != 0 && !modGlobals::ReadNameValueLines) {
-            ++modGlobals::UnreadNameValueLines;
+        if (mapFileIndex != 0 && !wizard.Globals.ReadNameValueLines) {
+            ++wizard.Globals.UnreadNameValueLines;
             return false;
         }
         name = Trim(line.substr(0, space));
@@ -47,19 +48,19 @@ bool SplitDefinition(std::string_view line, int mapFileIndex, std::string& name,
     return false;
 }
 
-void NoteRedefinition(const std::string& name, const std::string& value) {
-    auto& duplicates = modGlobals::DuplicateContextIDs;
+void NoteRedefinition(Conversion& wizard, const std::string& name, const std::string& value) {
+    auto& duplicates = wizard.Globals.DuplicateContextIDs;
     if (!duplicates) duplicates = std::make_shared<CContextIDs>();
-    if (!duplicates->Find(name)) duplicates->Add(name, value, name);
+    if (!duplicates->Find(name)) duplicates->Add(wizard.Errors, name, value, name);
 }
 
 }  // namespace
 
-void AddContextIDFromString(std::string_view line, CContextIDs& collection,
+void AddContextIDFromString(Conversion& wizard, std::string_view line, CContextIDs& collection,
                             std::string_view /*fileName*/, int mapFileIndex) {
-    GuardedVoid("modParser:AddContextIDFromString", [&] {
+    GuardedVoid(wizard.Errors, "modParser:AddContextIDFromString", [&] {
         std::string name, valueText;
-        if (!SplitDefinition(line, mapFileIndex, name, valueText) || name.empty()) return;
+        if (!SplitDefinition(wizard, line, mapFileIndex, name, valueText) || name.empty()) return;
 
         // The value ends at its first blank; the rest, blank included, is the comment.
         std::string value = valueText;
@@ -71,25 +72,25 @@ void AddContextIDFromString(std::string_view line, CContextIDs& collection,
 
         if (const auto existing = ExistingContextID(collection, name)) {
             // The stored value carries "&H", so a repeated "0x10" counts as a conflict.
-            if (!EqualsNoCase(value, existing->ContextID)) NoteRedefinition(name, value);
+            if (!EqualsNoCase(value, existing->ContextID)) NoteRedefinition(wizard, name, value);
             return;
         }
 
         std::string stored = value;
         if (StartsWithNoCase(stored, "0x")) stored = "&H" + stored.substr(2);
-        const auto record = collection.Add(name, stored, name);
+        const auto record = collection.Add(wizard.Errors, name, stored, name);
         if (!record) return;
         record->MapFileIndex = mapFileIndex;
         if (!comment.empty()) record->Comment = comment;
         std::int32_t number = 0;
         if (!ContextIDValue(stored, number))
-            AppendCaretList(modGlobals::InvalidContextIDs, name + " = overflow value: " + value);
+            AppendCaretList(wizard.Globals.InvalidContextIDs, name + " = overflow value: " + value);
         record->ContextIDVal = number;
     });
 }
 
-void AddAliasFromString(std::string_view line) {
-    GuardedVoid("modParser:AddAliasFromString", [&] {
+void AddAliasFromString(Conversion& wizard, std::string_view line) {
+    GuardedVoid(wizard.Errors, "modParser:AddAliasFromString", [&] {
         const std::size_t eq = line.find('=');
         if (eq == std::string_view::npos) return;
         const std::string alias = Trim(TabsToSpaces(line.substr(0, eq)));
@@ -99,7 +100,7 @@ void AddAliasFromString(std::string_view line) {
             comment = topic.substr(space);
             topic = Trim(std::string_view(topic).substr(0, space));
         }
-        auto& aliases = modGlobals::ProjectAliases;
+        auto& aliases = wizard.Globals.ProjectAliases;
         if (!aliases) aliases = std::make_shared<CAliases>();
         if (ThisAliasExists(*aliases, alias)) return;
         if (const auto record = aliases->Add(alias)) {

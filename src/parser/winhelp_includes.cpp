@@ -1,6 +1,7 @@
 #include "parser/winhelp_includes.h"
 
 #include <vector>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -20,8 +21,9 @@ bool HasDrive(std::string_view name) {
     return name.size() >= 2 && name[1] == ':' && ((c | 0x20) >= 'a' && (c | 0x20) <= 'z');
 }
 
-void AddIncludedFiles(const std::string& file, std::vector<std::string>& list, Counter16& count) {
-    TextReader reader(file);
+void AddIncludedFiles(Conversion& wizard, const std::string& file, std::vector<std::string>& list,
+                      Counter16& count) {
+    TextReader reader(wizard.Files, file);
     const std::string folder = modUtilities::FilePathOnly(file);
     std::string line;
     while (reader.ReadLine(line)) {
@@ -29,17 +31,17 @@ void AddIncludedFiles(const std::string& file, std::vector<std::string>& list, C
         if (!StartsWithNoCase(trimmed, kInclude)) continue;
         bool found = false;
         const std::string path =
-            FullPathofIncludeFile(ReplaceAllExact(trimmed, "\"", " "), folder, found);
-        if (found) AddMapFile(list, count, path);
+            FullPathofIncludeFile(wizard, ReplaceAllExact(trimmed, "\"", " "), folder, found);
+        if (found) AddMapFile(wizard, list, count, path);
     }
 }
 
 }  // namespace
 
-std::string FullPathofIncludeFile(std::string_view line, std::string_view baseFolder, bool& found,
-                                  BoxPosition position) {
+std::string FullPathofIncludeFile(Conversion& wizard, std::string_view line,
+                                  std::string_view baseFolder, bool& found, BoxPosition position) {
     found = false;
-    return Guarded("modParser:FullPathofIncludeFile", std::string(), [&] {
+    return Guarded(wizard.Errors, "modParser:FullPathofIncludeFile", std::string(), [&] {
         const std::size_t at = FindNoCase(line, kInclude);
         std::string name = at == kNotFound ? Trim(line) : Trim(line.substr(at + kInclude.size()));
         name = Trim(ReplaceAllExact(name, "\"", " "));
@@ -54,9 +56,9 @@ std::string FullPathofIncludeFile(std::string_view line, std::string_view baseFo
         const std::string path =
             HasDrive(name) ? name : modUtilities::MakeFullPathforFile(baseFolder, name);
         // A folder is no include file either.
-        if (name.empty() || !modUtilities::FileExists(path)) {
+        if (name.empty() || !modUtilities::FileExists(wizard.Files, path)) {
             const long id = angleForm ? 10036 : 10037;
-            modMessages::ShowMessage(modMessages::FromCatalogue(id), mb::kOKOnly,
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(id), mb::kOKOnly,
                                      "Parsing #include reference", position);
             return std::string();
         }
@@ -65,33 +67,35 @@ std::string FullPathofIncludeFile(std::string_view line, std::string_view baseFo
     });
 }
 
-void AddIncludedMapFiles(const std::string& mapFile) {
-    GuardedVoid("modParser:AddIncludedMapFiles",
-                [&] { AddIncludedFiles(mapFile, modGlobals::MapFiles, modGlobals::MapFileCount); });
-}
-
-void AddIncludedAliasFiles(const std::string& aliasFile) {
-    GuardedVoid("modParser:AddIncludedAliasFiles", [&] {
-        AddIncludedFiles(aliasFile, modGlobals::AliasFiles, modGlobals::AliasFileCount);
+void AddIncludedMapFiles(Conversion& wizard, const std::string& mapFile) {
+    GuardedVoid(wizard.Errors, "modParser:AddIncludedMapFiles", [&] {
+        AddIncludedFiles(wizard, mapFile, wizard.Globals.MapFiles, wizard.Globals.MapFileCount);
     });
 }
 
-void CheckCommentFormat(const std::string& aliasFile) {
-    GuardedVoid("modParser:CheckCommentFormat", [&] {
-        if (!modUtilities::FileExists(aliasFile)) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(10050), mb::kOKOnly,
+void AddIncludedAliasFiles(Conversion& wizard, const std::string& aliasFile) {
+    GuardedVoid(wizard.Errors, "modParser:AddIncludedAliasFiles", [&] {
+        AddIncludedFiles(wizard, aliasFile, wizard.Globals.AliasFiles,
+                         wizard.Globals.AliasFileCount);
+    });
+}
+
+void CheckCommentFormat(Conversion& wizard, const std::string& aliasFile) {
+    GuardedVoid(wizard.Errors, "modParser:CheckCommentFormat", [&] {
+        if (!modUtilities::FileExists(wizard.Files, aliasFile)) {
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10050), mb::kOKOnly,
                                      "Checking Alias File Format", {});
             return;
         }
-        TextReader reader(aliasFile);
+        TextReader reader(wizard.Files, aliasFile);
         std::string line;
         while (reader.ReadLine(line)) {
             const std::string trimmed = Trim(line);
             if (trimmed.empty() || trimmed[0] == ';') continue;
             if (trimmed.rfind("/*", 0) == 0) {
                 modMessages::ShowMessage(
-                    modMessages::FromCatalogue(10049, aliasFile, "C-type /*  */"), mb::kExclamation,
-                    "Scanning Header Files", {});
+                    wizard.View(), modMessages::FromCatalogue(10049, aliasFile, "C-type /*  */"),
+                    mb::kExclamation, "Scanning Header Files", {});
                 return;
             }
         }

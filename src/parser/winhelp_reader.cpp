@@ -1,6 +1,7 @@
 #include "parser/winhelp_reader.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/winhelp_definitions.h"
 #include "parser/winhelp_includes.h"
@@ -26,110 +27,118 @@ std::vector<std::string> SectionLines(const std::string& section) {
     return lines;
 }
 
-void ReadMapSection(const std::string& projectFile, const std::string& folder, BoxPosition box) {
+void ReadMapSection(Conversion& wizard, const std::string& projectFile, const std::string& folder,
+                    BoxPosition box) {
     std::string section;
-    if (profile::GetSection(projectFile, "MAP", section) <= 0) return;
-    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::MapFileCount = 0;
-    modGlobals::DuplicateIncludes.clear();
-    modGlobals::InvalidContextIDs.clear();
-    modGlobals::MapSectionText = section;
+    if (profile::GetSection(wizard.Files, projectFile, "MAP", section) <= 0) return;
+    wizard.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
+    wizard.Globals.MapFileCount = 0;
+    wizard.Globals.DuplicateIncludes.clear();
+    wizard.Globals.InvalidContextIDs.clear();
+    wizard.Globals.MapSectionText = section;
     for (const std::string& line : SectionLines(section)) {
         if (StartsWithNoCase(line, "#include")) {
             bool found = false;
-            const std::string path = FullPathofIncludeFile(line, folder, found, box);
-            if (found) AddMapFile(modGlobals::MapFiles, modGlobals::MapFileCount, path);
+            const std::string path = FullPathofIncludeFile(wizard, line, folder, found, box);
+            if (found)
+                AddMapFile(wizard, wizard.Globals.MapFiles, wizard.Globals.MapFileCount, path);
         } else if (StartsWithNoCase(line, "#define") || line.find('=') != std::string::npos ||
                    line.find(' ') != std::string::npos) {
-            AddContextIDFromString(line, *modGlobals::ProjectContextIDs, projectFile, 0);
+            AddContextIDFromString(wizard, line, *wizard.Globals.ProjectContextIDs, projectFile, 0);
         }
     }
-    const int listed = modGlobals::MapFileCount;
-    for (int i = 0; i < listed; ++i) AddIncludedMapFiles(modGlobals::MapFiles[i]);
+    const int listed = wizard.Globals.MapFileCount;
+    for (int i = 0; i < listed; ++i) AddIncludedMapFiles(wizard, wizard.Globals.MapFiles[i]);
 }
 
-void ReadAliasSection(const std::string& projectFile, const std::string& folder, BoxPosition box) {
-    modGlobals::AliasFileCount = 0;
-    modGlobals::ProjectAliases = std::make_shared<CAliases>();
+void ReadAliasSection(Conversion& wizard, const std::string& projectFile, const std::string& folder,
+                      BoxPosition box) {
+    wizard.Globals.AliasFileCount = 0;
+    wizard.Globals.ProjectAliases = std::make_shared<CAliases>();
     std::string section;
-    profile::GetSection(projectFile, "ALIAS", section);
+    profile::GetSection(wizard.Files, projectFile, "ALIAS", section);
     for (const std::string& line : SectionLines(section)) {
         if (StartsWithNoCase(line, "#include")) {
             bool found = false;
-            const std::string path = FullPathofIncludeFile(line, folder, found, box);
+            const std::string path = FullPathofIncludeFile(wizard, line, folder, found, box);
             if (!found) continue;
-            CheckCommentFormat(path);
-            AddMapFile(modGlobals::AliasFiles, modGlobals::AliasFileCount, path);
+            CheckCommentFormat(wizard, path);
+            AddMapFile(wizard, wizard.Globals.AliasFiles, wizard.Globals.AliasFileCount, path);
         } else if (line.find('=') != std::string::npos) {
-            AddAliasFromString(line);
+            AddAliasFromString(wizard, line);
         }
     }
-    const int listed = modGlobals::AliasFileCount;
-    for (int i = 0; i < listed; ++i) AddIncludedAliasFiles(modGlobals::AliasFiles[i]);
+    const int listed = wizard.Globals.AliasFileCount;
+    for (int i = 0; i < listed; ++i) AddIncludedAliasFiles(wizard, wizard.Globals.AliasFiles[i]);
 }
 
 }  // namespace
 
-bool OpenWinProjectFile(WizardState& wizard, const std::string& projectFile, bool& hasAlias,
+bool OpenWinProjectFile(Conversion& wizard, const std::string& projectFile, bool& hasAlias,
                         bool& hasMap) {
     hasAlias = false;
     hasMap = false;
-    return Guarded("modParser:OpenWinProjectFile", false, [&] {
-        if (!modUtilities::FileExists(projectFile)) {
+    return Guarded(wizard.Errors, "modParser:OpenWinProjectFile", false, [&] {
+        if (!modUtilities::FileExists(wizard.Files, projectFile)) {
             modMessages::ShowMessage(
+                wizard.View(),
                 modMessages::FromCatalogue(10069, modUtilities::FileNameNoPath(projectFile)),
                 mb::kOKOnly, "Opening WinHelp Project File", wizard.Box());
             return false;
         }
         std::string section;
-        const long aliasChars = profile::GetSection(projectFile, "ALIAS", section);
+        const long aliasChars = profile::GetSection(wizard.Files, projectFile, "ALIAS", section);
         hasAlias = aliasChars > 0;
         if (aliasChars >= kSectionTooLong)
-            modMessages::ShowMessage(modMessages::FromCatalogue(10034), mb::kOKOnly, "Warning",
-                                     wizard.Box());
-        const long mapChars = profile::GetSection(projectFile, "MAP", section);
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10034), mb::kOKOnly,
+                                     "Warning", wizard.Box());
+        const long mapChars = profile::GetSection(wizard.Files, projectFile, "MAP", section);
         hasMap = mapChars > 0;
         if (mapChars >= kSectionTooLong)
-            modMessages::ShowMessage(modMessages::FromCatalogue(10035), mb::kOKOnly, "Warning",
-                                     wizard.Box());
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10035), mb::kOKOnly,
+                                     "Warning", wizard.Box());
         return true;
     });
 }
 
-bool ParseWinProjectFile(WizardState& wizard, const std::string& projectFile) {
-    return Guarded("modParser:ParseWinProjectFile", false, [&] {
+bool ParseWinProjectFile(Conversion& wizard, const std::string& projectFile) {
+    return Guarded(wizard.Errors, "modParser:ParseWinProjectFile", false, [&] {
         const std::string folder = modUtilities::FilePathOnly(projectFile);
-        ReadMapSection(projectFile, folder, wizard.Box());
-        ReadAliasSection(projectFile, folder, wizard.Box());
+        ReadMapSection(wizard, projectFile, folder, wizard.Box());
+        ReadAliasSection(wizard, projectFile, folder, wizard.Box());
         std::string contents;
-        profile::GetString(projectFile, "OPTIONS", "CONTENTS", kNoContents, contents);
-        modGlobals::ContentsTopic =
+        profile::GetString(wizard.Files, projectFile, "OPTIONS", "CONTENTS", kNoContents, contents);
+        wizard.Globals.ContentsTopic =
             contents == kNoContents ? std::string() : std::string(Before(contents, '\0'));
         return true;
     });
 }
 
-bool ParseMapFile(const std::string& mapFile, int mapFileIndex) {
-    return Guarded("modParser:ParseMapFile", false, [&] {
-        if (!modGlobals::MapContextIDs) modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
-        TextReader reader(mapFile);
+bool ParseMapFile(Conversion& wizard, const std::string& mapFile, int mapFileIndex) {
+    return Guarded(wizard.Errors, "modParser:ParseMapFile", false, [&] {
+        if (!wizard.Globals.MapContextIDs)
+            wizard.Globals.MapContextIDs = std::make_shared<CContextIDs>();
+        TextReader reader(wizard.Files, mapFile);
         std::string raw;
         while (reader.ReadLine(raw)) {
             const std::string line = Trim(TabsToSpaces(raw));
             if (line.empty() || ContainsNoCase(line, "#include") || IsCommentLine(line)) continue;
-            AddContextIDFromString(line, *modGlobals::MapContextIDs, mapFile, mapFileIndex);
+            AddContextIDFromString(wizard, line, *wizard.Globals.MapContextIDs, mapFile,
+                                   mapFileIndex);
         }
         return true;
     });
 }
 
-void AddMapFile(std::vector<std::string>& list, Counter16& count, const std::string& path) {
-    GuardedVoid("modParser:AddMapFile", [&] {
+void AddMapFile(Conversion& wizard, std::vector<std::string>& list, Counter16& count,
+                const std::string& path) {
+    GuardedVoid(wizard.Errors, "modParser:AddMapFile", [&] {
         if (path.empty()) return;
         for (int i = 0; i < count && i < static_cast<int>(list.size()); ++i) {
             if (EqualsNoCase(list[static_cast<std::size_t>(i)], path)) {
-                if (!modGlobals::DuplicateIncludes.empty()) modGlobals::DuplicateIncludes += '^';
-                modGlobals::DuplicateIncludes += path;
+                if (!wizard.Globals.DuplicateIncludes.empty())
+                    wizard.Globals.DuplicateIncludes += '^';
+                wizard.Globals.DuplicateIncludes += path;
                 return;
             }
         }

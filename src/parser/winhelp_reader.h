@@ -6,19 +6,20 @@
 
 #include "model/c_alias.h"
 #include "model/c_context_id.h"
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 #include "platform/counter16.h"
 
 namespace tamrix::modParser {
 
-bool OpenWinProjectFile(WizardState& wizard, const std::string& projectFile, bool& hasAlias,
+bool OpenWinProjectFile(Conversion& wizard, const std::string& projectFile, bool& hasAlias,
                         bool& hasMap);
-bool ParseWinProjectFile(WizardState& wizard, const std::string& projectFile);
-// Reads one map header file; mapFileIndex is its 1-based number in MapFiles.
-bool ParseMapFile(const std::string& mapFile, int mapFileIndex);
+bool ParseWinProjectFile(Conversion& wizard, const std::string& projectFile);
+/// Reads one map header file; mapFileIndex is its 1-based number in MapFiles.
+bool ParseMapFile(Conversion& wizard, const std::string& mapFile, int mapFileIndex);
 
-// Adds a path to a file list unless it is empty or already listed (then it is
-// noted in DuplicateIncludes).
-void AddMapFile(std::vector<std::string>& list, Counter16& count, const std::string& path);
+/// Adds a path to a file list unless it is empty or already listed (then it is
+/// noted in DuplicateIncludes).
+void AddMapFile(Conversion& wizard, std::vector<std::string>& list, Counter16& count,
+                const std::string& path);
 
 }  // namespace tamrix::modParser

@@ -96,11 +96,6 @@ bool InsideOrSame(const std::string& path, const std::string& folder) {
 
 }  // namespace
 
-FileSystem& SharedFileSystem() {
-    static FileSystem fs;
-    return fs;
-}
-
 FileSystem::Listing& FileSystem::ListingOf(const std::string& folder) {
     const auto status = native::StatusOf(folder);
     const std::int64_t stamp = status ? status->stamp : -2;
@@ -169,7 +164,7 @@ bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
     return !resolvedA.empty() && resolvedA == Resolved(diskB);
 }
 
-std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
+std::string FileSystem::GetAbsolutePathName(std::string_view path) {
     std::string text = Slashes(path);
     if (native::RootLength(text) == 0) {
         text = native::CurrentFolder() + "/" + text;
@@ -194,7 +189,7 @@ std::string FileSystem::GetAbsolutePathName(std::string_view path) const {
     return out;
 }
 
-std::string FileSystem::BuildPath(std::string_view folder, std::string_view name) const {
+std::string FileSystem::BuildPath(std::string_view folder, std::string_view name) {
     if (folder.empty()) return std::string(name);
     if (name.empty()) return std::string(folder);
     const char last = folder.back();
@@ -507,9 +502,9 @@ std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {
     return names;
 }
 
-TextReader::TextReader(std::string_view path) { Open(path); }
+TextReader::TextReader(FileSystem& fs, std::string_view path) { Open(fs, path); }
 
-void TextReader::Open(std::string_view path) { OpenText(SharedFileSystem().ReadAll(path)); }
+void TextReader::Open(FileSystem& fs, std::string_view path) { OpenText(fs.ReadAll(path)); }
 
 void TextReader::OpenText(std::string text) {
     text_ = std::move(text);

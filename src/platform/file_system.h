@@ -31,9 +31,9 @@ public:
     bool SameEntry(std::string_view a, std::string_view b);
 
     // Absolute path with "." and ".." resolved textually; "\" and "/" both separate.
-    std::string GetAbsolutePathName(std::string_view path) const;
+    static std::string GetAbsolutePathName(std::string_view path);
     // Joins a folder and a name with one separator.
-    std::string BuildPath(std::string_view folder, std::string_view name) const;
+    static std::string BuildPath(std::string_view folder, std::string_view name);
 
     /// Reads a whole regular file; failures raise BasicError (53, 70, 75, 76).
     std::string ReadAll(std::string_view path);
@@ -155,16 +155,13 @@ private:
     std::unordered_map<std::string, native::Status> looked_;
 };
 
-// The one file-system service of the run.
-FileSystem& SharedFileSystem();
-
 // Reads a text file line by line; lines may end in CR LF, LF or CR.
 class TextReader {
 public:
     TextReader() = default;
     // Raises BasicError when the file cannot be read.
-    explicit TextReader(std::string_view path);
-    void Open(std::string_view path);
+    TextReader(FileSystem& fs, std::string_view path);
+    void Open(FileSystem& fs, std::string_view path);
     void OpenText(std::string text);
     bool ReadLine(std::string& line);
     bool AtEnd() const { return pos_ >= text_.size(); }

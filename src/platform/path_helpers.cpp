@@ -25,22 +25,21 @@ std::string FilePathOnly(std::string_view path) {
 }
 
 std::string MakeFullPathforFile(std::string_view folder, std::string_view fileName) {
-    FileSystem& fs = SharedFileSystem();
-    return fs.GetAbsolutePathName(fs.BuildPath(folder, fileName));
+    return FileSystem::GetAbsolutePathName(FileSystem::BuildPath(folder, fileName));
 }
 
-bool FileExists(std::string_view path) {
-    return !path.empty() && SharedFileSystem().FileExists(path);
+bool FileExists(FileSystem& fs, std::string_view path) {
+    return !path.empty() && fs.FileExists(path);
 }
 
-bool FolderExists(std::string_view path) { return SharedFileSystem().FolderExists(path); }
+bool FolderExists(FileSystem& fs, std::string_view path) { return fs.FolderExists(path); }
 
-bool CreateFolder(std::string_view parent, std::string_view name) {
-    return Guarded("modUtilities:CreateFolder", false, [&] {
+bool CreateFolder(FileSystem& fs, ErrorReporter& errors, std::string_view parent,
+                  std::string_view name) {
+    return Guarded(errors, "modUtilities:CreateFolder", false, [&] {
         std::string path(parent);
         if (path.empty() || (path.back() != '\\' && path.back() != '/')) path += '\\';
         path += name;
-        FileSystem& fs = SharedFileSystem();
         if (fs.FolderExists(path)) return true;
         fs.CreateFolder(path);
         return fs.FolderExists(path);

@@ -79,8 +79,7 @@ std::string SectionLines(std::string_view lines, std::string_view eol) {
     return out;
 }
 
-std::string ReadIfPresent(std::string_view file) {
-    FileSystem& fs = SharedFileSystem();
+std::string ReadIfPresent(FileSystem& fs, std::string_view file) {
     return fs.FileExists(file) ? fs.ReadAll(file) : std::string();
 }
 
@@ -179,22 +178,23 @@ std::string DeleteSection(std::string_view content, std::string_view section) {
 
 }  // namespace text
 
-long GetSection(std::string_view file, std::string_view section, std::string& out,
+long GetSection(FileSystem& fs, std::string_view file, std::string_view section, std::string& out,
                 long bufferSize) {
     try {
-        return text::GetSection(ReadIfPresent(file), section, out, bufferSize);
+        return text::GetSection(ReadIfPresent(fs, file), section, out, bufferSize);
     } catch (...) {
         out.clear();
         return 0;
     }
 }
 
-long GetString(std::string_view file, std::string_view section, std::string_view key,
-               std::string_view defaultValue, std::string& out, long bufferSize) {
+long GetString(FileSystem& fs, std::string_view file, std::string_view section,
+               std::string_view key, std::string_view defaultValue, std::string& out,
+               long bufferSize) {
     std::string value;
     bool found = false;
     try {
-        found = text::GetString(ReadIfPresent(file), section, key, value);
+        found = text::GetString(ReadIfPresent(fs, file), section, key, value);
     } catch (...) {
         found = false;
     }
@@ -210,10 +210,9 @@ long GetString(std::string_view file, std::string_view section, std::string_view
 
 namespace {
 template <class Edit>
-int Rewrite(std::string_view file, Edit&& edit) {
+int Rewrite(FileSystem& fs, std::string_view file, Edit&& edit) {
     try {
-        FileSystem& fs = SharedFileSystem();
-        const std::string before = ReadIfPresent(file);
+        const std::string before = ReadIfPresent(fs, file);
         const std::string after = edit(before);
         if (after != before || !fs.FileExists(file)) fs.WriteAll(file, after);
         return 1;
@@ -223,19 +222,20 @@ int Rewrite(std::string_view file, Edit&& edit) {
 }
 }  // namespace
 
-int WriteString(std::string_view file, std::string_view section, std::string_view key,
-                std::string_view value) {
-    return Rewrite(file,
+int WriteString(FileSystem& fs, std::string_view file, std::string_view section,
+                std::string_view key, std::string_view value) {
+    return Rewrite(fs, file,
                    [&](const std::string& c) { return text::WriteString(c, section, key, value); });
 }
 
-int WriteSection(std::string_view file, std::string_view section, std::string_view lines) {
-    return Rewrite(file,
+int WriteSection(FileSystem& fs, std::string_view file, std::string_view section,
+                 std::string_view lines) {
+    return Rewrite(fs, file,
                    [&](const std::string& c) { return text::WriteSection(c, section, lines); });
 }
 
-int DeleteSection(std::string_view file, std::string_view section) {
-    return Rewrite(file, [&](const std::string& c) { return text::DeleteSection(c, section); });
+int DeleteSection(FileSystem& fs, std::string_view file, std::string_view section) {
+    return Rewrite(fs, file, [&](const std::string& c) { return text::DeleteSection(c, section); });
 }
 
 }  // namespace tamrix::profile

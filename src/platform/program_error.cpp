@@ -76,48 +76,30 @@ std::string CurrentErrorDetail() {
     }
 }
 
-namespace {
-
-struct RepeatedReport {
-    std::string text;
-    std::string title;
-    int times = 0;  // shown once, then counted
-};
-
-struct OperationState {
-    int depth = 0;
-    std::map<std::pair<int, std::string>, RepeatedReport> reports;
-    std::vector<std::pair<int, std::string>> order;
-};
-
-OperationState& Operation() {
-    static OperationState state;
-    return state;
+ErrorReportOperation::ErrorReportOperation(ErrorReporter& errors) : errors_(errors) {
+    ++errors_.depth_;
 }
 
-}  // namespace
-
-ErrorReportOperation::ErrorReportOperation() { ++Operation().depth; }
-
 ErrorReportOperation::~ErrorReportOperation() {
-    OperationState& state = Operation();
-    if (--state.depth > 0) return;
-    auto reports = std::move(state.reports);
-    auto order = std::move(state.order);
-    state.reports.clear();
-    state.order.clear();
+    ErrorReporter& state = errors_;
+    if (--state.depth_ > 0) return;
+    auto reports = std::move(state.reports_);
+    auto order = std::move(state.order_);
+    state.reports_.clear();
+    state.order_.clear();
     try {
         for (const auto& key : order) {
-            const RepeatedReport& report = reports[key];
+            const auto& report = reports[key];
             if (report.times > 1)
-                ActiveView().ErrorRepeated(report.text, report.title, report.times - 1);
+                state.view_.ErrorRepeated(report.text, report.title, report.times - 1);
         }
     } catch (...) {
         // The count is a courtesy; it must never fail the operation.
     }
 }
 
-void ReportProgramError(int number, std::string_view source, std::string_view detail) {
+void ReportProgramError(ErrorReporter& errors, int number, std::string_view source,
+                        std::string_view detail) {
     try {
         std::string text, title;
         if (number >= 512) {
@@ -128,16 +110,15 @@ void ReportProgramError(int number, std::string_view source, std::string_view de
             text = std::string(source) + "\r\nError: " + ErrorDescription(number);
             title = "Error";
         }
-        OperationState& state = Operation();
-        if (state.depth > 0) {
+        if (errors.depth_ > 0) {
             const auto key = std::make_pair(number, std::string(source));
-            RepeatedReport& report = state.reports[key];
+            auto& report = errors.reports_[key];
             if (report.times++ > 0) return;
-            state.order.push_back(key);
+            errors.order_.push_back(key);
             report.text = text;
             report.title = title;
         }
-        ActiveView().ErrorBox(text, title);
+        errors.view_.ErrorBox(text, title);
     } catch (...) {
         // The report itself must never fail its caller.
     }

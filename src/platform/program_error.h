@@ -3,10 +3,12 @@
 // guard turns them into the common error report and a failure result, so no
 // error ever reaches a caller.
 #include <exception>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tamrix {
 
@@ -56,42 +58,74 @@ int CurrentErrorNumber();
 /// block); empty when that is only the standard description.
 std::string CurrentErrorDetail();
 
+class IView;
+
+/// Where one conversion's error reports go: its view, and the reports counted
+/// within the operation that runs.
+class ErrorReporter {
+public:
+    /// Reports to `view`.
+    explicit ErrorReporter(IView& view) : view_(view) {}
+    ErrorReporter(const ErrorReporter&) = delete;
+    ErrorReporter& operator=(const ErrorReporter&) = delete;
+
+    /// The view the reports are shown on.
+    IView& View() const { return view_; }
+
+private:
+    friend void ReportProgramError(ErrorReporter&, int, std::string_view, std::string_view);
+    friend class ErrorReportOperation;
+    struct RepeatedReport {
+        std::string text;
+        std::string title;
+        int times = 0;  // shown once, then counted
+    };
+    IView& view_;
+    int depth_ = 0;
+    std::map<std::pair<int, std::string>, RepeatedReport> reports_;
+    std::vector<std::pair<int, std::string>> order_;
+};
+
 /// The common error report: errors from 512 up are the program's own, and their
 /// detail (which file, and why) follows on a line of its own.
-void ReportProgramError(int number, std::string_view source, std::string_view detail = {});
+void ReportProgramError(ErrorReporter& errors, int number, std::string_view source,
+                        std::string_view detail = {});
 
 /// Within one operation (one user command), a report with the same number and
 /// source is shown once; when the operation ends the view is told how many times
 /// it came again. Operations nest; the outermost one counts.
 class ErrorReportOperation {
 public:
-    /// Starts an operation, or joins the one already running.
-    ErrorReportOperation();
+    /// Starts an operation of `errors`.
+    explicit ErrorReportOperation(ErrorReporter& errors);
     /// Ends the operation; the outermost one tells the view how often each report came again.
     ~ErrorReportOperation();
     ErrorReportOperation(const ErrorReportOperation&) = delete;
     ErrorReportOperation& operator=(const ErrorReportOperation&) = delete;
+
+private:
+    ErrorReporter& errors_;
 };
 
 /// Runs `body`; an exception becomes the error report for `source` ("module:Procedure")
 /// and the result `failure`.
 template <class R, class F>
-R Guarded(std::string_view source, R failure, F&& body) {
+R Guarded(ErrorReporter& errors, std::string_view source, R failure, F&& body) {
     try {
         return std::forward<F>(body)();
     } catch (...) {
-        ReportProgramError(CurrentErrorNumber(), source, CurrentErrorDetail());
+        ReportProgramError(errors, CurrentErrorNumber(), source, CurrentErrorDetail());
         return failure;
     }
 }
 
 /// As Guarded, for a body that returns nothing.
 template <class F>
-void GuardedVoid(std::string_view source, F&& body) {
+void GuardedVoid(ErrorReporter& errors, std::string_view source, F&& body) {
     try {
         std::forward<F>(body)();
     } catch (...) {
-        ReportProgramError(CurrentErrorNumber(), source, CurrentErrorDetail());
+        ReportProgramError(errors, CurrentErrorNumber(), source, CurrentErrorDetail());
     }
 }
 

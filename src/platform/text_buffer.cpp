@@ -7,9 +7,9 @@
 
 namespace tamrix {
 
-void TextBuffer::LoadFile(std::string_view path) { SetText(SharedFileSystem().ReadAll(path)); }
+void TextBuffer::LoadFile(FileSystem& fs, std::string_view path) { SetText(fs.ReadAll(path)); }
 
-void TextBuffer::SaveFile(std::string_view path) const { SharedFileSystem().WriteAll(path, text_); }
+void TextBuffer::SaveFile(FileSystem& fs, std::string_view path) const { fs.WriteAll(path, text_); }
 
 void TextBuffer::SetText(std::string text) {
     text_ = std::move(text);

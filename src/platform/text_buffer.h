@@ -4,15 +4,17 @@
 #include <string>
 #include <string_view>
 
+#include "platform/file_system.h"
+
 namespace tamrix {
 
 /// A file's text with a selection, edited the way the writers' edit control was.
 class TextBuffer {
 public:
     /// File operations raise BasicError on failure.
-    void LoadFile(std::string_view path);
+    void LoadFile(FileSystem& fs, std::string_view path);
     /// Writes the text back byte for byte.
-    void SaveFile(std::string_view path) const;
+    void SaveFile(FileSystem& fs, std::string_view path) const;
 
     /// The whole text.
     const std::string& Text() const { return text_; }

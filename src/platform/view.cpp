@@ -1,11 +1,6 @@
 #include "platform/view.h"
 
 namespace tamrix {
-namespace {
-SilentView g_silent;
-IView* g_active = nullptr;
-}  // namespace
-
 int ButtonsOfStyle(int style, int (&codes)[3]) {
     switch (style & 0x0F) {
         case mb::kOKCancel:
@@ -54,13 +49,5 @@ int NegativeAnswerOfStyle(int style) {
 int SilentView::MessageBox(const MessageRequest& request) {
     return NegativeAnswerOfStyle(request.style);
 }
-
-IView& ActiveView() { return g_active != nullptr ? *g_active : g_silent; }
-
-void SetActiveView(IView* view) { g_active = view; }
-
-ScopedActiveView::ScopedActiveView(IView& view) : previous_(g_active) { g_active = &view; }
-
-ScopedActiveView::~ScopedActiveView() { g_active = previous_; }
 
 }  // namespace tamrix

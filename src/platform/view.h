@@ -98,23 +98,6 @@ public:
     void ProcessEvents() override {}
 };
 
-// The view that message boxes and error reports go to. The program has one
-// user-interface thread, so one active view serves the whole run.
-IView& ActiveView();
-void SetActiveView(IView* view);  // nullptr restores the silent view
-
-// Makes a view active for the lifetime of the guard.
-class ScopedActiveView {
-public:
-    explicit ScopedActiveView(IView& view);
-    ~ScopedActiveView();
-    ScopedActiveView(const ScopedActiveView&) = delete;
-    ScopedActiveView& operator=(const ScopedActiveView&) = delete;
-
-private:
-    IView* previous_;
-};
-
 // The answer "Yes or OK" / "No or Cancel" for a style, as the command line's --yes and --no give.
 int AffirmativeAnswerOfStyle(int style);
 int NegativeAnswerOfStyle(int style);

@@ -5,8 +5,8 @@
 
 namespace tamrix::modPopups {
 
-bool HTMLBodyStart(TextReader& reader) {
-    return Guarded("modPopups:HTMLBodyStart", false, [&] {
+bool HTMLBodyStart(ErrorReporter& errors, TextReader& reader) {
+    return Guarded(errors, "modPopups:HTMLBodyStart", false, [&] {
         std::string line;
         while (reader.ReadLine(line)) {
             if (ContainsNoCase(line, "<BODY")) return true;
@@ -15,10 +15,10 @@ bool HTMLBodyStart(TextReader& reader) {
     });
 }
 
-std::string HTMLBodyContents(TextReader& reader) {
-    return Guarded("modPopups:HTMLBodyContents", std::string(), [&] {
+std::string HTMLBodyContents(ErrorReporter& errors, TextReader& reader) {
+    return Guarded(errors, "modPopups:HTMLBodyContents", std::string(), [&] {
         std::string body;
-        if (!HTMLBodyStart(reader)) return body;
+        if (!HTMLBodyStart(errors, reader)) return body;
         std::string line;
         while (reader.ReadLine(line)) {
             if (ContainsNoCase(line, "</BODY>")) break;

@@ -4,13 +4,17 @@
 
 #include "platform/file_system.h"
 
+namespace tamrix {
+class ErrorReporter;
+}
+
 namespace tamrix::modPopups {
 
-// Reads up to and including the first line that holds "<BODY"; false when the
-// file ends first.
-bool HTMLBodyStart(TextReader& reader);
-// The lines between the "<BODY" line and the "</BODY>" line (both dropped whole),
-// empty lines skipped, joined with CR LF. Empty without "<BODY".
-std::string HTMLBodyContents(TextReader& reader);
+/// Reads up to and including the first line that holds "<BODY"; false when the
+/// file ends first.
+bool HTMLBodyStart(ErrorReporter& errors, TextReader& reader);
+/// The lines between the "<BODY" line and the "</BODY>" line (both dropped whole),
+/// empty lines skipped, joined with CR LF. Empty without "<BODY".
+std::string HTMLBodyContents(ErrorReporter& errors, TextReader& reader);
 
 }  // namespace tamrix::modPopups

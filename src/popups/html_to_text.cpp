@@ -84,8 +84,8 @@ std::string ReplaceImages(std::string_view text) {
 
 }  // namespace
 
-std::string RemoveHTMLTags(std::string_view text) {
-    return Guarded("modStrings:RemoveHTMLTags", std::string(), [&] {
+std::string RemoveHTMLTags(ErrorReporter& errors, std::string_view text) {
+    return Guarded(errors, "modStrings:RemoveHTMLTags", std::string(), [&] {
         // "&amp;" last, so that "&amp;lt;" stays "&lt;".
         // clang-format off
         return ApplyInOrder(std::string(text), {
@@ -114,8 +114,8 @@ std::string RemoveHTMLTags(std::string_view text) {
     });
 }
 
-std::string RemoveListTags(std::string_view text, std::string_view bullet) {
-    return Guarded("modStrings:RemoveListTags", std::string(), [&] {
+std::string RemoveListTags(ErrorReporter& errors, std::string_view text, std::string_view bullet) {
+    return Guarded(errors, "modStrings:RemoveListTags", std::string(), [&] {
         return ApplyInOrder(std::string(text), {{"<LI>", bullet},
                                                 {"</LI>", kCrLf},
                                                 {"<UL>", ""},
@@ -127,8 +127,8 @@ std::string RemoveListTags(std::string_view text, std::string_view bullet) {
     });
 }
 
-std::string RemoveAnchor(std::string_view text) {
-    return Guarded("modStrings:RemoveAnchor", std::string(), [&] {
+std::string RemoveAnchor(ErrorReporter& errors, std::string_view text) {
+    return Guarded(errors, "modStrings:RemoveAnchor", std::string(), [&] {
         std::string result(text);
         const std::size_t open = FindNoCase(result, "<A");
         if (open == kNotFound) return result;
@@ -139,27 +139,28 @@ std::string RemoveAnchor(std::string_view text) {
     });
 }
 
-std::string RemoveHREFs(std::string_view text) {
-    return Guarded("modStrings:RemoveHREFs", std::string(), [&] {
+std::string RemoveHREFs(ErrorReporter& errors, std::string_view text) {
+    return Guarded(errors, "modStrings:RemoveHREFs", std::string(), [&] {
         if (text.size() >= CharChain::kEnd) RaiseError(err::kOutOfMemory);
         return RemoveLinks(text);
     });
 }
 
-std::string RemoveIMGs(std::string_view text) {
-    return Guarded("modStrings:RemoveIMGs", std::string(), [&] { return ReplaceImages(text); });
+std::string RemoveIMGs(ErrorReporter& errors, std::string_view text) {
+    return Guarded(errors, "modStrings:RemoveIMGs", std::string(),
+                   [&] { return ReplaceImages(text); });
 }
 
-std::string TrimNewLines(std::string_view text) {
-    return Guarded("modStrings:TrimNewLines", std::string(), [&] {
+std::string TrimNewLines(ErrorReporter& errors, std::string_view text) {
+    return Guarded(errors, "modStrings:TrimNewLines", std::string(), [&] {
         while (text.size() >= 2 && text.substr(text.size() - 2) == kCrLf) text.remove_suffix(2);
         while (text.size() >= 2 && text.substr(0, 2) == kCrLf) text.remove_prefix(2);
         return std::string(text);
     });
 }
 
-std::string ReplaceSpecialChars(std::string_view text) {
-    return Guarded("modStrings:ReplaceSpecialChars", std::string(), [&] {
+std::string ReplaceSpecialChars(ErrorReporter& errors, std::string_view text) {
+    return Guarded(errors, "modStrings:ReplaceSpecialChars", std::string(), [&] {
         // The backslash first, so that the ones added below are not doubled.
         return ApplyInOrder(std::string(text), {{"\\", "\\\\"},
                                                 {"\r\n", "\\n"},

@@ -1,6 +1,7 @@
 #include "popups/popup_text.h"
 
 #include <algorithm>
+#include "model/conversion.h"
 
 #include "model/project_state.h"
 #include "parser/tag_readers.h"
@@ -19,13 +20,14 @@ constexpr std::string_view kTextBullet = "* ";
 
 // Takes the first anchor's name, drops everything up to its "</A>", then every
 // further leading anchor (any "<A" for scripts, only named ones for text popups).
-std::string DropLeadingAnchors(std::string text, PopupKind kind, std::string& anchorName) {
+std::string DropLeadingAnchors(ErrorReporter& errors, std::string text, PopupKind kind,
+                               std::string& anchorName) {
     const std::size_t open = FindNoCase(text, "<A");
     if (open == kNotFound) return text;
     const std::size_t close = FindNoCase(text, "</A>", open);
     const std::string_view rest = std::string_view(text).substr(open);
     anchorName =
-        modParser::HTMLAnchorName(close == kNotFound ? rest : rest.substr(0, close - open));
+        modParser::HTMLAnchorName(errors, close == kNotFound ? rest : rest.substr(0, close - open));
     if (close != kNotFound) text.erase(0, close + 4);
     text = Trim(text);
     // Each anchor is dropped where the last one ended, not by copying the rest.
@@ -50,34 +52,40 @@ std::string RemoveScriptListTags(std::string text) {
 
 }  // namespace
 
-PopupText CleanPopupBody(std::string body, PopupKind kind) {
+PopupText CleanPopupBody(ErrorReporter& errors, const ProjectState& project, std::string body,
+                         PopupKind kind) {
     using namespace modStrings;
     const bool script = kind == PopupKind::Script;
     PopupText result;
-    std::string text = DropLeadingAnchors(std::move(body), kind, result.anchorName);
+    std::string text = DropLeadingAnchors(errors, std::move(body), kind, result.anchorName);
     text = ReplaceAll(ReplaceAll(text, "<P>", ""), "</P>", "");
     if (ContainsNoCase(text, "<LI>"))
-        text = script ? RemoveScriptListTags(text) : RemoveListTags(text, kTextBullet);
+        text = script ? RemoveScriptListTags(text) : RemoveListTags(errors, text, kTextBullet);
     text = ReplaceAll(text, "<BR>", "");
     if (script) {
-        text = ReplaceSpecialChars(RemoveHTMLTags(TrimNewLines(text)));
-        if (modGlobals::RemoveScriptLinks && ContainsNoCase(text, "HREF="))
-            text = RemoveHREFs(text);
-        else if (modGlobals::RemovePopupImages && ContainsNoCase(text, "<IMG "))
-            text = RemoveIMGs(text);
+        text = ReplaceSpecialChars(errors, RemoveHTMLTags(errors, TrimNewLines(errors, text)));
+        if (project.RemoveScriptLinks && ContainsNoCase(text, "HREF="))
+            text = RemoveHREFs(errors, text);
+        else if (project.RemovePopupImages && ContainsNoCase(text, "<IMG "))
+            text = RemoveIMGs(errors, text);
     } else {
-        text = RemoveHTMLTags(text);
-        if (modGlobals::RemoveTextLinks && ContainsNoCase(text, "HREF=")) text = RemoveHREFs(text);
-        if (modGlobals::RemovePopupImages && ContainsNoCase(text, "<IMG ")) text = RemoveIMGs(text);
-        text = TrimNewLines(text);
+        text = RemoveHTMLTags(errors, text);
+        if (project.RemoveTextLinks && ContainsNoCase(text, "HREF="))
+            text = RemoveHREFs(errors, text);
+        if (project.RemovePopupImages && ContainsNoCase(text, "<IMG "))
+            text = RemoveIMGs(errors, text);
+        text = TrimNewLines(errors, text);
     }
     result.text = std::move(text);
     return result;
 }
 
-PopupText ReadPopupTopic(const std::string& root, const CTopicFile& topic, PopupKind kind) {
-    TextReader reader(modUtilities::MakeFullPathforFile(root, "html/" + topic.NewFileName));
-    return CleanPopupBody(HTMLBodyContents(reader), kind);
+PopupText ReadPopupTopic(Conversion& wizard, const std::string& root, const CTopicFile& topic,
+                         PopupKind kind) {
+    TextReader reader(wizard.Files,
+                      modUtilities::MakeFullPathforFile(root, "html/" + topic.NewFileName));
+    return CleanPopupBody(wizard.Errors, wizard.Globals, HTMLBodyContents(wizard.Errors, reader),
+                          kind);
 }
 
 std::string PopupName(const CTopicFile& topic, const std::string& anchorName) {

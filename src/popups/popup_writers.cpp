@@ -1,6 +1,7 @@
 #include "popups/popup_writers.h"
 
 #include <algorithm>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/context_id_index.h"
@@ -22,13 +23,14 @@ namespace {
 constexpr const char* kCrLf = "\r\n";
 constexpr const char* kHeaderFile = "cshelp.h";
 
-void AdvanceProgress(WizardState& wizard, long& visited) {
+void AdvanceProgress(Conversion& wizard, long& visited) {
     ++visited;
     modUtilities::UpdateProgressBar(wizard, std::min(visited, Counter16::kMax));
 }
 
-void WriteFile(const std::string& root, const std::string& fileName, const std::string& content) {
-    SharedFileSystem().WriteAll(modUtilities::MakeFullPathforFile(root, fileName), content);
+void WriteFile(Conversion& wizard, const std::string& root, const std::string& fileName,
+               const std::string& content) {
+    wizard.Files.WriteAll(modUtilities::MakeFullPathforFile(root, fileName), content);
 }
 
 std::string Described(const CTopicFile& topic) {
@@ -44,8 +46,9 @@ std::string TextPopupValue(const CTopicFile& topic, const ContextIDIndex& defini
     return named.empty() ? std::string() : named.front().definition->ContextID;
 }
 
-ContextIDIndex AllDefinitions() {
-    return ContextIDIndex(modGlobals::MapContextIDs.get(), modGlobals::ProjectContextIDs.get());
+ContextIDIndex AllDefinitions(Conversion& wizard) {
+    return ContextIDIndex(wizard.Globals.MapContextIDs.get(),
+                          wizard.Globals.ProjectContextIDs.get());
 }
 
 // "N popups were left out of FILE because WHY:" and the list, or nothing. `why`
@@ -70,10 +73,10 @@ bool IsAppPopupTopic(const CTopicFile& topic) {
     return !topic.HasTitle && topic.ExternalReferences >= 1;
 }
 
-bool WriteJavaPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
+bool WriteJavaPopupStrings(Conversion& wizard, const CTopicFiles& topicFiles,
                            const std::string& root, const std::string& fileName, int& count) {
     count = 0;
-    return Guarded("modPopups:WriteJavaPopupStrings", false, [&] {
+    return Guarded(wizard.Errors, "modPopups:WriteJavaPopupStrings", false, [&] {
         std::string out = BannerLine("// Javascript Popups File written automatically by ") + kCrLf;
         out += "// " + FileDateText() + kCrLf;
         out += kCrLf;
@@ -84,7 +87,7 @@ bool WriteJavaPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
         for (const auto& topic : topicFiles) {
             AdvanceProgress(wizard, visited);
             if (!IsJavaPopupTopic(*topic) || !IsScriptIdentifier(topic->Context)) continue;
-            const PopupText popup = ReadPopupTopic(root, *topic, PopupKind::Script);
+            const PopupText popup = ReadPopupTopic(wizard, root, *topic, PopupKind::Script);
             const std::string value = " = \"" + popup.text + "\"" + kCrLf;
             const std::string name = PopupName(*topic, popup.anchorName);
             out += (IsScriptIdentifier(name) ? name : topic->Context) + value;
@@ -96,16 +99,16 @@ bool WriteJavaPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
                 ++written;
             }
         }
-        WriteFile(root, fileName, out);
+        WriteFile(wizard, root, fileName, out);
         count = written;
         return true;
     });
 }
 
-bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
+bool WriteAppPopupStrings(Conversion& wizard, const CTopicFiles& topicFiles,
                           const std::string& root, const std::string& fileName, int& count) {
     count = 0;
-    return Guarded("modPopups:WriteAppPopupStrings", false, [&] {
+    return Guarded(wizard.Errors, "modPopups:WriteAppPopupStrings", false, [&] {
         std::string text;
         std::string header;
         Counter16 written;
@@ -117,12 +120,12 @@ bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
             header += "#define " + id + " " + modParser::CHeaderValue(value) + kCrLf;
             ++written;
         };
-        const ContextIDIndex definitions = AllDefinitions();
+        const ContextIDIndex definitions = AllDefinitions(wizard);
         long visited = 0;
         for (const auto& topic : topicFiles) {
             AdvanceProgress(wizard, visited);
             if (!IsAppPopupTopic(*topic)) continue;
-            const PopupText popup = ReadPopupTopic(root, *topic, PopupKind::TextPopup);
+            const PopupText popup = ReadPopupTopic(wizard, root, *topic, PopupKind::TextPopup);
             const std::string value = TextPopupValue(*topic, definitions);
             if (!value.empty()) addEntry(PopupName(*topic, popup.anchorName), value, popup.text);
             for (const std::string& id : Split(topic->ExtraIds, '^')) {
@@ -133,8 +136,8 @@ bool WriteAppPopupStrings(WizardState& wizard, const CTopicFiles& topicFiles,
                              popup.text);
             }
         }
-        WriteFile(root, fileName, text);
-        WriteFile(root, kHeaderFile, header);
+        WriteFile(wizard, root, fileName, text);
+        WriteFile(wizard, root, kHeaderFile, header);
         count = written;
         return true;
     });
@@ -148,35 +151,37 @@ std::vector<std::string> LeftOutScriptPopups(const CTopicFiles& topicFiles) {
     return names;
 }
 
-std::vector<std::string> LeftOutTextPopups(const CTopicFiles& topicFiles) {
+std::vector<std::string> LeftOutTextPopups(Conversion& wizard, const CTopicFiles& topicFiles) {
     std::vector<std::string> names;
-    const ContextIDIndex definitions = AllDefinitions();
+    const ContextIDIndex definitions = AllDefinitions(wizard);
     for (const auto& topic : topicFiles)
         if (IsAppPopupTopic(*topic) && TextPopupValue(*topic, definitions).empty())
             names.push_back(Described(*topic));
     return names;
 }
 
-std::string LeftOutPopupsMessage(const CTopicFiles& topicFiles) {
+std::string LeftOutPopupsMessage(Conversion& wizard, const CTopicFiles& topicFiles) {
     const std::string script =
         LeftOutNote(LeftOutScriptPopups(topicFiles), "popups.js",
                     "its topic ID is not a script name", "their topic IDs are not script names");
-    const std::string text = LeftOutNote(LeftOutTextPopups(topicFiles), "cshelp.txt and cshelp.h",
-                                         "no map definition gives its topic ID a value",
-                                         "no map definition gives their topic IDs a value");
+    const std::string text =
+        LeftOutNote(LeftOutTextPopups(wizard, topicFiles), "cshelp.txt and cshelp.h",
+                    "no map definition gives its topic ID a value",
+                    "no map definition gives their topic IDs a value");
     return script + (script.empty() || text.empty() ? "" : kCrLf) + text;
 }
 
-bool AddPopupFiles(const std::string& projectFile, bool addScript, bool addText) {
-    return Guarded("modPopups:AddPopupFiles", false, [&] {
+bool AddPopupFiles(Conversion& wizard, const std::string& projectFile, bool addScript,
+                   bool addText) {
+    return Guarded(wizard.Errors, "modPopups:AddPopupFiles", false, [&] {
         constexpr const char* kSection = "TEXT POPUPS";
         std::string existing;
-        if (profile::GetSection(projectFile, kSection, existing) > 0)
-            profile::WriteSection(projectFile, kSection, "");
+        if (profile::GetSection(wizard.Files, projectFile, kSection, existing) > 0)
+            profile::WriteSection(wizard.Files, projectFile, kSection, "");
         std::string lines;
         if (addText) lines += std::string(kHeaderFile) + '\0' + "cshelp.txt" + '\0';
         if (addScript) lines += std::string("popups.js") + '\0';
-        if (!lines.empty()) profile::WriteSection(projectFile, kSection, lines);
+        if (!lines.empty()) profile::WriteSection(wizard.Files, projectFile, kSection, lines);
         return true;
     });
 }

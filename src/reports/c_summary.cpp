@@ -1,6 +1,7 @@
 #include "reports/c_summary.h"
 
 #include <cmath>
+#include "model/conversion.h"
 
 #include "platform/byte_text.h"
 #include "platform/counter16.h"
@@ -28,13 +29,13 @@ Overloaded(Ts...) -> Overloaded<Ts...>;
 
 void SetSummaryViewerFactory(SummaryViewerFactory factory) { Factory() = std::move(factory); }
 
-CSummary::CSummary() { EnsureViewer(); }
+CSummary::CSummary(ErrorReporter& errors) : errors_(errors) { EnsureViewer(); }
 
 CSummary::~CSummary() = default;
 
 void CSummary::EnsureViewer() {
     if (!viewer_ && Factory()) {
-        viewer_ = Factory()();
+        viewer_ = Factory()(errors_);
         if (viewer_) {
             viewer_->onCloseForm = [this] {
                 if (viewer_) viewer_->Hide();
@@ -46,7 +47,7 @@ void CSummary::EnsureViewer() {
 void CSummary::CloseSummary() { viewer_.reset(); }
 
 bool CSummary::OpenSummary(int /*mode*/) {
-    return Guarded("CSummary:OpenSummary", false, [&] {
+    return Guarded(errors_, "CSummary:OpenSummary", false, [&] {
         EnsureViewer();
         document_.clear();
         if (viewer_) {
@@ -79,7 +80,7 @@ std::string CSummary::FormatItemValue(const ItemValue& value) {
 }
 
 void CSummary::AddItem(const std::string& itemName, const ItemValue& itemValue) {
-    GuardedVoid("CSummary:AddItem", [&] {
+    GuardedVoid(errors_, "CSummary:AddItem", [&] {
         if (!itemName.empty()) {
             AddLine(itemName + ": \t" + FormatItemValue(itemValue));
             return;
@@ -100,7 +101,7 @@ void CSummary::AddItem(const std::string& itemName, const ItemValue& itemValue) 
 }
 
 void CSummary::Show(int modal) {
-    GuardedVoid("CSummary:Show", [&] {
+    GuardedVoid(errors_, "CSummary:Show", [&] {
         EnsureViewer();
         if (!viewer_) return;
         viewer_->SetDocument(document_);
@@ -108,9 +109,9 @@ void CSummary::Show(int modal) {
     });
 }
 
-bool CSummary::SaveAsTextFile(const std::string& fileName) const {
+bool CSummary::SaveAsTextFile(FileSystem& fs, const std::string& fileName) const {
     try {
-        SharedFileSystem().WriteAll(fileName, document_);
+        fs.WriteAll(fileName, document_);
         return true;
     } catch (...) {
         return false;
@@ -118,7 +119,7 @@ bool CSummary::SaveAsTextFile(const std::string& fileName) const {
 }
 
 void CSummary::ViewFile(const std::string& filter, bool readOnly, const std::string& fileName) {
-    GuardedVoid("CSummary:ViewFile", [&] {
+    GuardedVoid(errors_, "CSummary:ViewFile", [&] {
         OpenSummary(0);
         if (!viewer_) return;
         viewer_->SetReadOnly(readOnly);
@@ -187,9 +188,9 @@ std::string CSummary::dblFormat(double value) {
     return std::string(width - text.size(), ' ') + text;
 }
 
-bool SaveReport(const CSummary* report, const std::string& fileName) {
+bool SaveReport(FileSystem& fs, const CSummary* report, const std::string& fileName) {
     if (report == nullptr) return false;
-    report->SaveAsTextFile(fileName);
+    report->SaveAsTextFile(fs, fileName);
     return true;
 }
 

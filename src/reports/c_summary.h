@@ -6,11 +6,13 @@
 #include <memory>
 #include <string>
 
+#include "platform/file_system.h"
+#include "platform/program_error.h"
 #include "reports/i_report.h"
 
 namespace tamrix {
 
-// What the log viewer window offers to a report.
+/// What the log viewer window offers to a report.
 class ISummaryViewer {
 public:
     virtual ~ISummaryViewer() = default;
@@ -18,24 +20,28 @@ public:
     virtual void SetSaveFileName(const std::string& name) = 0;
     virtual void SetReadOnly(bool readOnly) = 0;
     virtual void SetDocument(const std::string& plainText) = 0;
-    // Loads a file as rich text (RTF) or plain text; false when it cannot be read.
+    /// Loads a file as rich text (RTF) or plain text; false when it cannot be read.
     virtual bool LoadFile(const std::string& path, bool richText) = 0;
     virtual void InitRTFWidth() = 0;
     virtual void Show(bool modal) = 0;
     virtual void Hide() = 0;
-    // Asks the user for a file to view; empty when cancelled.
+    /// Asks the user for a file to view; empty when cancelled.
     virtual std::string ChooseFileToView(const std::string& filter, bool readOnly) = 0;
-    // Called by the viewer when the user closes it.
+    /// Called by the viewer when the user closes it.
     std::function<void()> onCloseForm;
 };
 
-using SummaryViewerFactory = std::function<std::unique_ptr<ISummaryViewer>()>;
-// The GUI installs a factory; the command line and the tests run without one.
+/// Makes the viewer of a report; its messages and error reports go to `errors`.
+using SummaryViewerFactory = std::function<std::unique_ptr<ISummaryViewer>(ErrorReporter& errors)>;
+/// The GUI installs a factory once at start-up, before any conversion runs, so it
+/// stays process-wide; the command line and the tests run without one.
 void SetSummaryViewerFactory(SummaryViewerFactory factory);
 
+/// A text report (the logs) and the viewer that shows it.
 class CSummary : public IReport {
 public:
-    CSummary();
+    /// A report whose unexpected errors go to `errors`.
+    explicit CSummary(ErrorReporter& errors);
     ~CSummary() override;
 
     void CloseSummary() override;
@@ -50,19 +56,20 @@ public:
     void AddString(const std::string& data) override;
 
     const std::string& Text() const { return document_; }
-    // Saves the document as plain text; false (and no message) on failure.
-    bool SaveAsTextFile(const std::string& fileName) const;
-    // Shows a file in the viewer; an empty name asks for one.
+    /// Saves the document as plain text; false (and no message) on failure.
+    bool SaveAsTextFile(FileSystem& fs, const std::string& fileName) const;
+    /// Shows a file in the viewer; an empty name asks for one.
     void ViewFile(const std::string& filter, bool readOnly, const std::string& fileName);
 
-    // A fixed-width number for column output.
+    /// A fixed-width number for column output.
     static std::string dblFormat(double value);
-    // Scientific notation with `digits` decimals: " 1.235E+04", "-1.230E-04".
+    /// Scientific notation with `digits` decimals: " 1.235E+04", "-1.230E-04".
     static std::string dblEFormat(double value, int digits);
 
     ISummaryViewer* Viewer() const { return viewer_.get(); }
 
 private:
+    ErrorReporter& errors_;
     static std::string FormatItemValue(const ItemValue& value);
     void EnsureViewer();
 
@@ -71,7 +78,7 @@ private:
     std::unique_ptr<ISummaryViewer> viewer_;
 };
 
-// Saves a report as plain text: true when the report is set, whatever the save gave.
-bool SaveReport(const CSummary* report, const std::string& fileName);
+/// Saves a report as plain text: true when the report is set, whatever the save gave.
+bool SaveReport(FileSystem& fs, const CSummary* report, const std::string& fileName);
 
 }  // namespace tamrix

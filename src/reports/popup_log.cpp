@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 #include <vector>
+#include "model/conversion.h"
 
 #include "model/context_id_index.h"
 #include "model/project_state.h"
@@ -47,7 +48,7 @@ std::string Dashes(std::size_t n) { return std::string(n, '-'); }
 
 class PopupLog {
 public:
-    PopupLog(WizardState& wizard, CSummary& report, const CTopicFiles* topics)
+    PopupLog(Conversion& wizard, CSummary& report, const CTopicFiles* topics)
         : wizard_(wizard), report_(report), topics_(topics) {}
 
     void Write(const PopupCounts& counts);
@@ -63,7 +64,7 @@ private:
     // NewFileName of every topic file per link target it holds, by folded target.
     std::unordered_map<std::string, std::vector<std::string>> ReferencingFiles() const;
 
-    WizardState& wizard_;
+    Conversion& wizard_;
     CSummary& report_;
     const CTopicFiles* topics_;
     long progress_ = 0;
@@ -151,8 +152,8 @@ void PopupLog::AppTable(const PopupCounts& counts) {
             .Put(68, "Map File:"));
     Row(TableLine().Put(1, Dashes(10)).Put(30, Dashes(17)).Put(58, Dashes(6)).Put(68, Dashes(10)));
     Line("");
-    const ContextIDIndex definitions(modGlobals::MapContextIDs.get(),
-                                     modGlobals::ProjectContextIDs.get());
+    const ContextIDIndex definitions(wizard_.Globals.MapContextIDs.get(),
+                                     wizard_.Globals.ProjectContextIDs.get());
     for (const Topic& t : *topics_) {
         if (!IsAppPopup(*t)) continue;
         TableLine row;
@@ -166,9 +167,9 @@ void PopupLog::AppTable(const PopupCounts& counts) {
             if (withMapFile) {
                 // One below the 1-based index, as this log has always read the list.
                 const long index = static_cast<long>(id->MapFileIndex) - 1;
-                if (index >= 0 && index < static_cast<long>(modGlobals::MapFiles.size()))
-                    row.Put(68,
-                            FileNameNoPath(modGlobals::MapFiles[static_cast<std::size_t>(index)]));
+                if (index >= 0 && index < static_cast<long>(wizard_.Globals.MapFiles.size()))
+                    row.Put(68, FileNameNoPath(
+                                    wizard_.Globals.MapFiles[static_cast<std::size_t>(index)]));
             }
             Row(row);
         }
@@ -194,9 +195,9 @@ void PopupLog::BothList(const PopupCounts& counts) {
 
 }  // namespace
 
-bool MakePopupLogSummary(WizardState& wizard, CSummary& report) {
-    return Guarded("modUtilities:MakePopupLogSummary", false, [&] {
-        const CTopicFiles* topics = modGlobals::TopicFiles.get();
+bool MakePopupLogSummary(Conversion& wizard, CSummary& report) {
+    return Guarded(wizard.Errors, "modUtilities:MakePopupLogSummary", false, [&] {
+        const CTopicFiles* topics = wizard.Globals.TopicFiles.get();
         const PopupCounts counts = CountPopups(topics);
         const long total = static_cast<long>(counts.script) + counts.app + counts.both;
         if (total > 0)

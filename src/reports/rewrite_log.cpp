@@ -6,10 +6,10 @@
 
 namespace tamrix::modUtilities {
 
-bool MakeRewriteLogSummary(WizardState& wizard, CSummary& report) {
-    return Guarded("modUtilities:MakeRewriteLogSummary", false, [&] {
+bool MakeRewriteLogSummary(Conversion& wizard, CSummary& report) {
+    return Guarded(wizard.Errors, "modUtilities:MakeRewriteLogSummary", false, [&] {
         int zeroCount = 0;
-        const int undefinedCount = UndefinedIDs(zeroCount);
+        const int undefinedCount = UndefinedIDs(wizard, zeroCount);
         return WriteRewriteLog(wizard, report, undefinedCount, zeroCount);
     });
 }

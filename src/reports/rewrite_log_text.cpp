@@ -9,6 +9,7 @@
 #include "reports/table_line.h"
 #include "rewrite/containment.h"
 
+#include "model/conversion.h"
 namespace tamrix::modUtilities {
 namespace {
 
@@ -22,32 +23,32 @@ long DefinedCount(const std::shared_ptr<CContextIDs>& ids) {
 
 // The map file a context ID came from. The entry one below its number is read
 // here, where the scan log reads the entry at its number.
-std::string MapFileName(int mapFileIndex) {
+std::string MapFileName(Conversion& wizard, int mapFileIndex) {
     const long index = static_cast<long>(mapFileIndex) - 1;
-    const auto& files = modGlobals::MapFiles;
+    const auto& files = wizard.Globals.MapFiles;
     if (index < 0 || index >= static_cast<long>(files.size())) return {};
     return FileNameNoPath(files[static_cast<std::size_t>(index)]);
 }
 
-void WriteAliasCounts(CSummary& report) {
-    using namespace modGlobals;
-    if (ProjectContextIDs && ProjectContextIDs->Count() > 0) {
-        const long n = DefinedCount(ProjectContextIDs);
+void WriteAliasCounts(Conversion& wizard, CSummary& report) {
+    const ProjectState& g = wizard.Globals;
+    if (g.ProjectContextIDs && g.ProjectContextIDs->Count() > 0) {
+        const long n = DefinedCount(g.ProjectContextIDs);
         if (n > 0)
             report.AddLine("Wrote " + Count(n) +
                            " aliases for map file entries in the WinHelp project file.");
     }
-    if (MapContextIDs && MapContextIDs->Count() > 0) {
-        const long n = DefinedCount(MapContextIDs);
+    if (g.MapContextIDs && g.MapContextIDs->Count() > 0) {
+        const long n = DefinedCount(g.MapContextIDs);
         if (n > 0) {
             report.AddLine("");
             report.AddLine("Wrote " + Count(n) +
                            " aliases for map files referenced in the WinHelp project.");
         }
     }
-    if (ProjectAliases && ProjectAliases->Count() > 0) {
+    if (g.ProjectAliases && g.ProjectAliases->Count() > 0) {
         long n = 0;
-        for (const auto& alias : *ProjectAliases) n += alias->AliasFound ? 1 : 0;
+        for (const auto& alias : *g.ProjectAliases) n += alias->AliasFound ? 1 : 0;
         if (n > 0) {
             report.AddLine("");
             report.AddLine("Rewrote " + Count(n) +
@@ -56,17 +57,17 @@ void WriteAliasCounts(CSummary& report) {
     }
 }
 
-void WriteUnaliased(CSummary& report, int undefinedCount, int zeroCount) {
-    using namespace modGlobals;
+void WriteUnaliased(Conversion& wizard, CSummary& report, int undefinedCount, int zeroCount) {
+    const ProjectState& g = wizard.Globals;
     if (undefinedCount + zeroCount == 0) return;
     if (zeroCount != 0) {
         report.AddLine("");
         report.AddLine("There were " + Count(zeroCount) + " zero value context ID's" +
-                       (IgnoreZeroIDs ? "that were ignored." : "."));
+                       (g.IgnoreZeroIDs ? "that were ignored." : "."));
     }
     report.AddLine("");
     report.AddLine("There were " +
-                   Count(IgnoreZeroIDs ? undefinedCount : undefinedCount + zeroCount) +
+                   Count(g.IgnoreZeroIDs ? undefinedCount : undefinedCount + zeroCount) +
                    " context ID's for which no alias was found.");
     report.AddLine("");
     report.AddLine("Aliases were not found for these Context ID's:");
@@ -77,18 +78,18 @@ void WriteUnaliased(CSummary& report, int undefinedCount, int zeroCount) {
                        .Put(36, std::string(6, '-'))
                        .Put(46, std::string(10, '-'))
                        .Full());
-    if (ProjectContextIDs) {
-        for (const auto& id : *ProjectContextIDs)
+    if (g.ProjectContextIDs) {
+        for (const auto& id : *g.ProjectContextIDs)
             if (!id->FileDefined && id->ContextIDVal != 0)
                 report.AddLine(TableLine().Put(1, id->ContextString).Put(36, id->ContextID).Full());
     }
-    if (MapContextIDs) {
-        for (const auto& id : *MapContextIDs) {
-            if (id->FileDefined || (IgnoreZeroIDs && id->ContextIDVal == 0)) continue;
+    if (g.MapContextIDs) {
+        for (const auto& id : *g.MapContextIDs) {
+            if (id->FileDefined || (g.IgnoreZeroIDs && id->ContextIDVal == 0)) continue;
             report.AddLine(TableLine()
                                .Put(1, id->ContextString)
                                .Put(36, id->ContextID)
-                               .Put(46, MapFileName(id->MapFileIndex))
+                               .Put(46, MapFileName(wizard, id->MapFileIndex))
                                .Full());
         }
     }
@@ -96,8 +97,8 @@ void WriteUnaliased(CSummary& report, int undefinedCount, int zeroCount) {
 
 }  // namespace
 
-bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, int zeroCount) {
-    return Guarded("modUtilities:MakeRewriteLogSummary", false, [&] {
+bool WriteRewriteLog(Conversion& wizard, CSummary& report, int undefinedCount, int zeroCount) {
+    return Guarded(wizard.Errors, "modUtilities:MakeRewriteLogSummary", false, [&] {
         const std::string projectName = FileNameNoPath(wizard.Projectname);
         report.SetName("Write Summary Results for HTML Project: " + projectName);
         report.OpenSummary(0);
@@ -122,7 +123,7 @@ bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, 
         if (!wizard.ContentsFile.empty())
             report.AddLine("Rewrote Contents File: " + FileNameNoPath(wizard.ContentsFile));
 
-        const auto& topics = modGlobals::TopicFiles;
+        const auto& topics = wizard.Globals.TopicFiles;
         report.AddLine("Rewrote " + Count(topics ? topics->Count() : 0) +
                        " .htm files in folder html/.");
         std::string hotspotFiles;
@@ -140,16 +141,16 @@ bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, 
             report.AddLine("");
         }
 
-        WriteAliasCounts(report);
-        WriteUnaliased(report, undefinedCount, zeroCount);
+        WriteAliasCounts(wizard, report);
+        WriteUnaliased(wizard, report, undefinedCount, zeroCount);
 
-        const auto& refused = modRewrite::RefusedFiles();
+        const auto& refused = wizard.Globals.RefusedFiles;
         if (!refused.empty()) {
             report.AddLine("");
             report.AddLine("Files refused because they would lie outside the new project folder:");
             for (const std::string& name : refused) report.AddLine(name);
         }
-        const auto& keptNames = modRewrite::RefusedTopicIDs();
+        const auto& keptNames = wizard.Globals.RefusedTopicIDs;
         if (!keptNames.empty()) {
             report.AddLine("");
             report.AddLine(
@@ -157,7 +158,7 @@ bool WriteRewriteLog(WizardState& wizard, CSummary& report, int undefinedCount, 
                 "names:");
             for (const std::string& name : keptNames) report.AddLine(name);
         }
-        const auto& refusedWrites = SharedFileSystem().RefusedWrites();
+        const auto& refusedWrites = wizard.Files.RefusedWrites();
         if (!refusedWrites.empty()) {
             report.AddLine("");
             report.AddLine("Files not written:");

@@ -1,6 +1,7 @@
 #include "reports/scan_log.h"
 
 #include <string>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -16,58 +17,59 @@ namespace {
 
 std::string Ruler(std::size_t n) { return std::string(n, '-'); }
 
-std::string FileOrNone(const std::string& path) {
-    return path.empty() || !FileExists(path) ? std::string("None.") : path;
+std::string FileOrNone(Conversion& wizard, const std::string& path) {
+    return path.empty() || !FileExists(wizard.Files, path) ? std::string("None.") : path;
 }
 
-void AddWinHelpBlock(const WizardState& wizard, IReport& report) {
-    using namespace modGlobals;
+void AddWinHelpBlock(const Conversion& wizard, IReport& report) {
+    const ProjectState& g = wizard.Globals;
     report.AddLine("");
     report.AddLine("Original WinHelp 4 Project File: " + wizard.WinHelpProjectName);
     report.AddLine("");
     report.AddLine("Data Extracted from WinHelp 4 Project File:");
     report.AddLine(Ruler(45));
-    if (MapFileCount > 0) {
-        report.AddLine(" Map Files: " + FormatNumber(MapFileCount, "0"));
-        for (int i = 0; i < MapFileCount && i < static_cast<int>(MapFiles.size()); ++i)
-            report.AddLine("    " + MapFiles[static_cast<std::size_t>(i)]);
+    if (g.MapFileCount > 0) {
+        report.AddLine(" Map Files: " + FormatNumber(g.MapFileCount, "0"));
+        for (int i = 0; i < g.MapFileCount && i < static_cast<int>(g.MapFiles.size()); ++i)
+            report.AddLine("    " + g.MapFiles[static_cast<std::size_t>(i)]);
     }
-    if (ProjectContextIDs && ProjectContextIDs->Count() > 0)
+    if (g.ProjectContextIDs && g.ProjectContextIDs->Count() > 0)
         report.AddLine(" Map Definitions in WinHelp File: " +
-                       FormatNumber(static_cast<double>(ProjectContextIDs->Count()), "0"));
-    if (AliasFileCount > 0) {
-        report.AddLine(" Alias Files: " + FormatNumber(AliasFileCount, "0"));
-        for (int i = 0; i < AliasFileCount && i < static_cast<int>(AliasFiles.size()); ++i)
-            report.AddLine("    " + AliasFiles[static_cast<std::size_t>(i)]);
+                       FormatNumber(static_cast<double>(g.ProjectContextIDs->Count()), "0"));
+    if (g.AliasFileCount > 0) {
+        report.AddLine(" Alias Files: " + FormatNumber(g.AliasFileCount, "0"));
+        for (int i = 0; i < g.AliasFileCount && i < static_cast<int>(g.AliasFiles.size()); ++i)
+            report.AddLine("    " + g.AliasFiles[static_cast<std::size_t>(i)]);
     }
-    if (ProjectAliases && ProjectAliases->Count() > 0)
+    if (g.ProjectAliases && g.ProjectAliases->Count() > 0)
         report.AddLine(" Alias Definitions in WinHelp File: " +
-                       FormatNumber(static_cast<double>(ProjectAliases->Count()), "0"));
+                       FormatNumber(static_cast<double>(g.ProjectAliases->Count()), "0"));
 
     long defined = 0;
-    if (MapContextIDs) defined += MapContextIDs->Count();
-    if (ProjectContextIDs) defined += ProjectContextIDs->Count();
+    if (g.MapContextIDs) defined += g.MapContextIDs->Count();
+    if (g.ProjectContextIDs) defined += g.ProjectContextIDs->Count();
     report.AddLine("");
     report.AddLine(" Number of ContextID's defined = " + SignedText(defined));
 
-    if (!DuplicateIncludes.empty()) {
+    if (!g.DuplicateIncludes.empty()) {
         report.AddLine("");
         report.AddLine(" Duplicate #Included Map Files:");
-        for (const std::string& entry : Split(DuplicateIncludes, '^')) report.AddLine(entry);
+        for (const std::string& entry : Split(g.DuplicateIncludes, '^')) report.AddLine(entry);
     }
-    if (DuplicateContextIDs) {
+    if (g.DuplicateContextIDs) {
         report.AddLine("");
         report.AddLine(" There were redefinitions of ContextID that were ignored:");
         report.AddLine(
             TableLine().Put(1, "Map File:").Put(20, "Context ID:").Put(56, "New value:").Full());
         report.AddLine(TableLine().Put(1, Ruler(10)).Put(20, Ruler(17)).Put(56, Ruler(12)).Full());
         report.AddLine("");
-        for (const auto& redefinition : *DuplicateContextIDs) {
+        for (const auto& redefinition : *g.DuplicateContextIDs) {
             std::string where = "in [MAP]";
-            if (MapFileCount >= 1) {
+            if (g.MapFileCount >= 1) {
                 // Indexed by MapFileIndex itself; a slot past the listed files is blank.
                 const auto index = static_cast<std::size_t>(redefinition->MapFileIndex);
-                where = index < MapFiles.size() ? FileNameNoPath(MapFiles[index]) : std::string();
+                where =
+                    index < g.MapFiles.size() ? FileNameNoPath(g.MapFiles[index]) : std::string();
             }
             report.AddLine(TableLine()
                                .Put(1, where)
@@ -76,15 +78,15 @@ void AddWinHelpBlock(const WizardState& wizard, IReport& report) {
                                .Full());
         }
     }
-    if (!InvalidContextIDs.empty()) {
+    if (!g.InvalidContextIDs.empty()) {
         report.AddLine("");
         report.AddLine(" Context ID's with out-of-range Values:");
         // The entries listed under this heading are those of the duplicate includes.
-        for (const std::string& entry : Split(DuplicateIncludes, '^')) report.AddLine(entry);
+        for (const std::string& entry : Split(g.DuplicateIncludes, '^')) report.AddLine(entry);
     }
 }
 
-void AddTopicBlock(WizardState& wizard, IReport& report, const CTopicFiles& topicFiles) {
+void AddTopicBlock(Conversion& wizard, IReport& report, const CTopicFiles& topicFiles) {
     report.AddLine("");
     report.AddLine("Data extracted from HTML Help Project File created by HTML Workshop:");
     report.AddLine(Ruler(75));
@@ -143,10 +145,10 @@ void AddTopicBlock(WizardState& wizard, IReport& report, const CTopicFiles& topi
 
 }  // namespace
 
-bool MakeScanLogSummary(WizardState& wizard, CSummary& report) {
-    return Guarded("modUtilities:MakeScanLogSummary", false, [&] {
+bool MakeScanLogSummary(Conversion& wizard, CSummary& report) {
+    return Guarded(wizard.Errors, "modUtilities:MakeScanLogSummary", false, [&] {
         // Printing lays the 144-column lines out in landscape; nothing to set up here.
-        const auto& topicFiles = modGlobals::TopicFiles;
+        const auto& topicFiles = wizard.Globals.TopicFiles;
         InitializeProgressBar(wizard, topicFiles ? topicFiles->Count() : 0,
                               "Generating Scan Log ...");
         report.SetName("Scan Summary");
@@ -157,8 +159,8 @@ bool MakeScanLogSummary(WizardState& wizard, CSummary& report) {
         report.AddLine(LogDateText());
         report.AddLine("");
         report.AddLine("HTML Project File: " + wizard.Projectname);
-        report.AddLine("HTML Contents File: " + FileOrNone(wizard.ContentsFile));
-        report.AddLine("HTML Index File: " + FileOrNone(wizard.IndexFile));
+        report.AddLine("HTML Contents File: " + FileOrNone(wizard, wizard.ContentsFile));
+        report.AddLine("HTML Index File: " + FileOrNone(wizard, wizard.IndexFile));
 
         if (!wizard.WinHelpProjectName.empty()) AddWinHelpBlock(wizard, report);
 
@@ -173,8 +175,8 @@ bool MakeScanLogSummary(WizardState& wizard, CSummary& report) {
 }
 
 bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
-                      WizardState& wizard) {
-    return Guarded("modUtilities:DisplayTopicFile", false, [&] {
+                      Conversion& wizard) {
+    return Guarded(wizard.Errors, "modUtilities:DisplayTopicFile", false, [&] {
         TableLine first;
         first.Put(1, FileNameNoPath(topic.AutoNamePath)).Put(20, topic.Context);
         std::string third = topic.TopicTitle;
@@ -201,7 +203,7 @@ bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
                 .Put(60 / 4, count == 1 ? std::string(" 1 Link: ") : SignedText(count) + " Links: ")
                 .TrimmedRight());
 
-        const auto& topicFiles = modGlobals::TopicFiles;
+        const auto& topicFiles = wizard.Globals.TopicFiles;
         for (const auto& target : topic.targets()) {
             const std::string& text = target->TargetString;
             const std::string line = TrimRight(std::string(20 / 2, ' ') + text);
@@ -221,9 +223,9 @@ bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
                 report.AddLine(line + " = " + found->NewFileName + anchor);
                 continue;
             }
-            const int answer = modMessages::AskMessage(modMessages::FromCatalogue(10052, file),
-                                                       mb::kOKCancel | mb::kInformation,
-                                                       "Reporting Scan Results", wizard.Box());
+            const int answer = modMessages::AskMessage(
+                wizard.View(), modMessages::FromCatalogue(10052, file),
+                mb::kOKCancel | mb::kInformation, "Reporting Scan Results", wizard.Box());
             if (answer == mb::kCancel) return false;
             report.AddLine(line);
         }

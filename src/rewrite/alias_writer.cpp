@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/winhelp_reader.h"
 #include "platform/byte_text.h"
@@ -19,8 +20,8 @@ namespace {
 constexpr std::string_view kTopicFolder = "html\\";
 
 // The topic an alias or context ID names: by topic ID first, then by extra anchor.
-std::shared_ptr<CTopicFile> TopicNamed(std::string_view name) {
-    const auto& topics = modGlobals::TopicFiles;
+std::shared_ptr<CTopicFile> TopicNamed(Conversion& wizard, std::string_view name) {
+    const auto& topics = wizard.Globals.TopicFiles;
     if (!topics || name.empty()) return nullptr;
     if (auto topic = topics->FirstWithContext(name)) return topic;
     return topics->FirstWithExtraId(name);
@@ -32,19 +33,19 @@ std::string AliasLine(std::string_view name, const CTopicFile& topic) {
 
 // Both context-ID collections, the map-file IDs first.
 template <class F>
-void ForEachContextID(F&& visit) {
+void ForEachContextID(Conversion& wizard, F&& visit) {
     for (const auto* collection :
-         {modGlobals::MapContextIDs.get(), modGlobals::ProjectContextIDs.get()}) {
+         {wizard.Globals.MapContextIDs.get(), wizard.Globals.ProjectContextIDs.get()}) {
         if (collection == nullptr) continue;
         for (const auto& id : *collection)
-            visit(*id, collection == modGlobals::MapContextIDs.get());
+            visit(*id, collection == wizard.Globals.MapContextIDs.get());
     }
 }
 
 // An alias written into a rewritten alias file gives its context ID a topic.
-void MarkAliased(std::string_view name, const std::string& aliasFile) {
+void MarkAliased(Conversion& wizard, std::string_view name, const std::string& aliasFile) {
     for (const auto* collection :
-         {modGlobals::MapContextIDs.get(), modGlobals::ProjectContextIDs.get()}) {
+         {wizard.Globals.MapContextIDs.get(), wizard.Globals.ProjectContextIDs.get()}) {
         if (collection == nullptr) continue;
         if (const auto id = collection->Find(name)) {
             id->FileDefined = true;
@@ -54,7 +55,8 @@ void MarkAliased(std::string_view name, const std::string& aliasFile) {
 }
 
 // One line of an old alias file as it reads in the new one.
-std::string RewrittenAliasLine(const std::string& line, const std::string& newName) {
+std::string RewrittenAliasLine(Conversion& wizard, const std::string& line,
+                               const std::string& newName) {
     const std::string trimmed = Trim(TabsToSpaces(line));
     if (!trimmed.empty() && trimmed[0] == ';') return line;
     if (StartsWithNoCase(trimmed, "#include")) {
@@ -77,8 +79,8 @@ std::string RewrittenAliasLine(const std::string& line, const std::string& newNa
     if (name.empty()) return line;
     const std::string topicID =
         std::string(Before(Trim(TabsToSpaces(std::string_view(line).substr(eq + 1))), ' '));
-    if (const auto topic = TopicNamed(topicID)) {
-        MarkAliased(name, newName);
+    if (const auto topic = TopicNamed(wizard, topicID)) {
+        MarkAliased(wizard, name, newName);
         return AliasLine(name, *topic);
     }
     return "; Could not find alias for: \"" + name + "\"";
@@ -86,28 +88,28 @@ std::string RewrittenAliasLine(const std::string& line, const std::string& newNa
 
 }  // namespace
 
-bool WriteAliasFiles(WizardState& wizard, const std::string& newRootPath,
-                     NewFileList& newAliasFiles, std::string& aliasFileName,
-                     std::string& csAliasFileName) {
-    return Guarded("modRewrite:WriteAliasFiles", false, [&] {
+bool WriteAliasFiles(Conversion& wizard, const std::string& newRootPath, NewFileList& newAliasFiles,
+                     std::string& aliasFileName, std::string& csAliasFileName) {
+    return Guarded(wizard.Errors, "modRewrite:WriteAliasFiles", false, [&] {
         aliasFileName.clear();
         csAliasFileName.clear();
         bool ok = true;
-        const int count = std::min<int>(modGlobals::AliasFileCount,
-                                        static_cast<int>(modGlobals::AliasFiles.size()));
+        const int count = std::min<int>(wizard.Globals.AliasFileCount,
+                                        static_cast<int>(wizard.Globals.AliasFiles.size()));
         if (count > 0) {
             modUtilities::InitializeProgressBar(wizard, count, "Rewriting Alias Files ...");
             for (int i = 0; i < count; ++i) {
                 std::string newName;
-                if (!RewriteOneAliasFile(modGlobals::AliasFiles[static_cast<std::size_t>(i)],
+                if (!RewriteOneAliasFile(wizard,
+                                         wizard.Globals.AliasFiles[static_cast<std::size_t>(i)],
                                          newRootPath, newName))
                     ok = false;
-                modParser::AddMapFile(newAliasFiles.names, newAliasFiles.count, newName);
+                modParser::AddMapFile(wizard, newAliasFiles.names, newAliasFiles.count, newName);
                 modUtilities::UpdateProgressBar(wizard, i + 1);
             }
         }
         if (!ok) return false;
-        if (modGlobals::MapContextIDs || modGlobals::ProjectContextIDs) {
+        if (wizard.Globals.MapContextIDs || wizard.Globals.ProjectContextIDs) {
             aliasFileName = "NewAliases.h";
             csAliasFileName = "csAlias.h";
             WriteNewAliasFile(wizard, aliasFileName, csAliasFileName, newRootPath);
@@ -116,22 +118,22 @@ bool WriteAliasFiles(WizardState& wizard, const std::string& newRootPath,
     });
 }
 
-bool RewriteOneAliasFile(const std::string& oldAliasFile, const std::string& newRootPath,
-                         std::string& newName) {
+bool RewriteOneAliasFile(Conversion& wizard, const std::string& oldAliasFile,
+                         const std::string& newRootPath, std::string& newName) {
     newName.clear();
-    return Guarded("modRewrite:RewriteOneAliasFile", false, [&] {
-        ActiveView().SetProgressCaption("Writing Alias Files");
+    return Guarded(wizard.Errors, "modRewrite:RewriteOneAliasFile", false, [&] {
+        wizard.SetProgressCaption("Writing Alias Files");
         std::string name = NameInNewFolder(oldAliasFile);
         if (name.empty()) {
-            ShowRefusedName(oldAliasFile, "Writing Alias Files");
+            ShowRefusedName(wizard, oldAliasFile, "Writing Alias Files");
             return false;
         }
         name = WithHeaderExtension(name);
         const std::string path = modUtilities::MakeFullPathforFile(newRootPath, name);
         newName = name;
         // No keeps the existing file, which is still included.
-        if (modUtilities::FileExists(path) &&
-            modMessages::AskMessage(modMessages::FromCatalogue(10018, path),
+        if (modUtilities::FileExists(wizard.Files, path) &&
+            modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10018, path),
                                     mb::kYesNo | mb::kQuestion, "Writing Alias Files",
                                     {}) == mb::kNo)
             return true;
@@ -140,34 +142,35 @@ bool RewriteOneAliasFile(const std::string& oldAliasFile, const std::string& new
         text += "; This Alias file is derived from the original Alias file: " +
                 modUtilities::FileNameNoPath(oldAliasFile) + std::string(kCrLf);
         text += "; and the original Map files:" + std::string(kCrLf);
-        const int mapCount =
-            std::min<int>(modGlobals::MapFileCount, static_cast<int>(modGlobals::MapFiles.size()));
+        const int mapCount = std::min<int>(wizard.Globals.MapFileCount,
+                                           static_cast<int>(wizard.Globals.MapFiles.size()));
         for (int i = 0; i < mapCount; ++i)
             text +=
                 "; and Map File " +
-                modUtilities::FileNameNoPath(modGlobals::MapFiles[static_cast<std::size_t>(i)]) +
+                modUtilities::FileNameNoPath(wizard.Globals.MapFiles[static_cast<std::size_t>(i)]) +
                 std::string(kCrLf);
         text += "; Reading Old Alias File ;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;;" + std::string(kCrLf);
-        TextReader reader(oldAliasFile);
+        TextReader reader(wizard.Files, oldAliasFile);
         std::string line;
-        while (reader.ReadLine(line)) text += RewrittenAliasLine(line, name) + std::string(kCrLf);
-        SharedFileSystem().WriteAll(path, text);
+        while (reader.ReadLine(line))
+            text += RewrittenAliasLine(wizard, line, name) + std::string(kCrLf);
+        wizard.Files.WriteAll(path, text);
         return true;
     });
 }
 
-bool WriteNewAliasFile(WizardState& wizard, std::string& aliasFileName,
-                       std::string& csAliasFileName, const std::string& newRootPath) {
-    return Guarded("modRewrite:WriteNewAliasFile", false, [&] {
-        if (!modGlobals::MapContextIDs && !modGlobals::ProjectContextIDs) {
-            modMessages::ShowMessage("No Map files or definitions read.", mb::kOKOnly,
-                                     "Writing Alias File", wizard.Box(), 0);
+bool WriteNewAliasFile(Conversion& wizard, std::string& aliasFileName, std::string& csAliasFileName,
+                       const std::string& newRootPath) {
+    return Guarded(wizard.Errors, "modRewrite:WriteNewAliasFile", false, [&] {
+        if (!wizard.Globals.MapContextIDs && !wizard.Globals.ProjectContextIDs) {
+            modMessages::ShowMessage(wizard.View(), "No Map files or definitions read.",
+                                     mb::kOKOnly, "Writing Alias File", wizard.Box(), 0);
             return false;
         }
         const std::string normalName = NameInNewFolder(aliasFileName);
         const std::string untitledName = NameInNewFolder(csAliasFileName);
         if (normalName.empty() || untitledName.empty()) {
-            ShowRefusedName(normalName.empty() ? aliasFileName : csAliasFileName,
+            ShowRefusedName(wizard, normalName.empty() ? aliasFileName : csAliasFileName,
                             "Writing Alias File");
             return false;
         }
@@ -175,7 +178,7 @@ bool WriteNewAliasFile(WizardState& wizard, std::string& aliasFileName,
         csAliasFileName = untitledName;
 
         long total = 0;
-        ForEachContextID([&](const CContextID&, bool) { ++total; });
+        ForEachContextID(wizard, [&](const CContextID&, bool) { ++total; });
         modUtilities::InitializeProgressBar(wizard, total, "Writing New Alias Files ...");
 
         std::string normal = HeaderBanner("; Alias File written automatically by ");
@@ -188,12 +191,12 @@ bool WriteNewAliasFile(WizardState& wizard, std::string& aliasFileName,
             std::string(kCrLf);
 
         long done = 0;
-        ForEachContextID([&](CContextID& id, bool fromMapFile) {
+        ForEachContextID(wizard, [&](CContextID& id, bool fromMapFile) {
             ++done;
             const bool skip = id.FileDefined ||
-                              (fromMapFile && id.ContextIDVal == 0 && modGlobals::IgnoreZeroIDs);
+                              (fromMapFile && id.ContextIDVal == 0 && wizard.Globals.IgnoreZeroIDs);
             if (!skip) {
-                if (const auto topic = TopicNamed(id.ContextString)) {
+                if (const auto topic = TopicNamed(wizard, id.ContextString)) {
                     const std::string line =
                         AliasLine(id.ContextString, *topic) + std::string(kCrLf);
                     if (topic->HasTitle) {
@@ -209,24 +212,24 @@ bool WriteNewAliasFile(WizardState& wizard, std::string& aliasFileName,
             modUtilities::UpdateProgressBar(wizard, done);
         });
 
-        if (const int missing = UnAliasedContexts(); missing > 0) {
+        if (const int missing = UnAliasedContexts(wizard); missing > 0) {
             normal += ";" + std::string(kCrLf);
             normal += ";    Could not find aliases for " + FormatNumber(missing, "0") +
                       " context ID's: ;;;;;;;" + std::string(kCrLf);
             normal += ";    For more information view the rewrite log." + std::string(kCrLf);
         }
-        FileSystem& fs = SharedFileSystem();
+        FileSystem& fs = wizard.Files;
         fs.WriteAll(modUtilities::MakeFullPathforFile(newRootPath, normalName), normal);
         fs.WriteAll(modUtilities::MakeFullPathforFile(newRootPath, untitledName), untitled);
         return true;
     });
 }
 
-bool RewriteInternalAliases(WizardState& wizard, const std::string& newProjectFile,
+bool RewriteInternalAliases(Conversion& wizard, const std::string& newProjectFile,
                             const NewFileList& newAliasFiles, const std::string& aliasFileName,
                             const std::string& csAliasFileName) {
-    return Guarded("modRewrite:RewriteInternalAliases", false, [&] {
-        const auto& aliases = modGlobals::ProjectAliases;
+    return Guarded(wizard.Errors, "modRewrite:RewriteInternalAliases", false, [&] {
+        const auto& aliases = wizard.Globals.ProjectAliases;
         if (aliases && aliases->Count() > 0)
             modUtilities::InitializeProgressBar(wizard, aliases->Count(),
                                                 "Writing Internal Aliases ...");
@@ -246,7 +249,7 @@ bool RewriteInternalAliases(WizardState& wizard, const std::string& newProjectFi
             long done = 0;
             for (const auto& alias : *aliases) {
                 alias->AliasFound = false;
-                const auto& topics = modGlobals::TopicFiles;
+                const auto& topics = wizard.Globals.TopicFiles;
                 const auto topic = topics && !alias->TopicID.empty()
                                        ? topics->FirstWithContext(alias->TopicID)
                                        : nullptr;
@@ -257,34 +260,34 @@ bool RewriteInternalAliases(WizardState& wizard, const std::string& newProjectFi
                 }
                 modUtilities::UpdateProgressBar(wizard, ++done);
             }
-            UpdateContextIDs();
+            UpdateContextIDs(wizard);
         }
 
         std::string old;
-        if (profile::GetSection(newProjectFile, "ALIAS", old) > 0)
-            profile::DeleteSection(newProjectFile, "ALIAS");
-        return profile::WriteSection(newProjectFile, "ALIAS", section) == 1;
+        if (profile::GetSection(wizard.Files, newProjectFile, "ALIAS", old) > 0)
+            profile::DeleteSection(wizard.Files, newProjectFile, "ALIAS");
+        return profile::WriteSection(wizard.Files, newProjectFile, "ALIAS", section) == 1;
     });
 }
 
-int UnAliasedContexts() {
-    return Guarded("modRewrite:UnAliasedContexts", 0, [] {
+int UnAliasedContexts(Conversion& wizard) {
+    return Guarded(wizard.Errors, "modRewrite:UnAliasedContexts", 0, [&] {
         Counter16 count;
-        ForEachContextID([&](const CContextID& id, bool) {
+        ForEachContextID(wizard, [&](const CContextID& id, bool) {
             if (!id.FileDefined) ++count;
         });
         return static_cast<int>(count);
     });
 }
 
-bool UpdateContextIDs() {
-    return Guarded("modRewrite:UpdateContextIDs", false, [] {
-        const auto& aliases = modGlobals::ProjectAliases;
+bool UpdateContextIDs(Conversion& wizard) {
+    return Guarded(wizard.Errors, "modRewrite:UpdateContextIDs", false, [&] {
+        const auto& aliases = wizard.Globals.ProjectAliases;
         if (!aliases) return true;
         for (const auto& alias : *aliases) {
             if (!alias->AliasFound) continue;
             for (const auto* collection :
-                 {modGlobals::MapContextIDs.get(), modGlobals::ProjectContextIDs.get()}) {
+                 {wizard.Globals.MapContextIDs.get(), wizard.Globals.ProjectContextIDs.get()}) {
                 if (collection == nullptr) continue;
                 if (const auto id = collection->Find(alias->ContextID); id && !id->FileDefined)
                     id->FileDefined = true;

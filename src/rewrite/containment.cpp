@@ -1,20 +1,11 @@
 #include "rewrite/containment.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "platform/byte_text.h"
 
 namespace tamrix::modRewrite {
 namespace {
-
-std::vector<std::string>& Refused() {
-    static std::vector<std::string> refused;
-    return refused;
-}
-
-std::vector<std::string>& RefusedIDs() {
-    static std::vector<std::string> refused;
-    return refused;
-}
 
 constexpr std::size_t kMaxNameLength = 200;
 
@@ -67,32 +58,25 @@ bool IsWindowsFileName(std::string_view name) {
     return !IsDeviceName(name);
 }
 
-void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName) {
-    auto& refused = Refused();
+void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName) {
+    auto& refused = wizard.Globals.RefusedFiles;
     bool known = false;
     for (const std::string& name : refused) known = known || EqualsNoCase(name, relativeName);
     if (!known) refused.push_back(relativeName);
-    modMessages::ShowMessage("The file \"" + relativeName +
+    modMessages::ShowMessage(wizard.View(),
+                             "The file \"" + relativeName +
                                  "\" would lie outside the new project folder.\nIt was not "
                                  "written.",
                              mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
 }
 
-void RefuseTopicID(WizardState& wizard, const std::string& oldName, const std::string& topicId) {
-    RefusedIDs().push_back(oldName + " (Topic ID \"" + topicId + "\")");
-    modMessages::ShowMessage("The topic ID \"" + topicId +
+void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::string& topicId) {
+    wizard.Globals.RefusedTopicIDs.push_back(oldName + " (Topic ID \"" + topicId + "\")");
+    modMessages::ShowMessage(wizard.View(),
+                             "The topic ID \"" + topicId +
                                  "\" cannot be a file name.\nThe topic file keeps its name \"" +
                                  oldName + "\".",
                              mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
-}
-
-const std::vector<std::string>& RefusedFiles() { return Refused(); }
-
-const std::vector<std::string>& RefusedTopicIDs() { return RefusedIDs(); }
-
-void ClearRefusedFiles() {
-    Refused().clear();
-    RefusedIDs().clear();
 }
 
 }  // namespace tamrix::modRewrite

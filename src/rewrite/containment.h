@@ -7,30 +7,25 @@
 #include <string_view>
 #include <vector>
 
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 
 namespace tamrix::modRewrite {
 
-// Whether a Windows-style name relative to the new project folder stays inside
-// it: not empty, not absolute, no drive letter or other ":", no ".." component
-// (nor one of dots only, which Windows reads as ".."), no NUL.
+/// Whether a Windows-style name relative to the new project folder stays inside
+/// it: not empty, not absolute, no drive letter or other ":", no ".." component
+/// (nor one of dots only, which Windows reads as ".."), no NUL.
 bool IsSafeRelativeName(std::string_view relativeName);
 
-// Whether a topic ID can be a Windows file name: none of " * ? < > | : \ / or
-// control bytes, no trailing dot or blank (so no ".."), not a device name (CON, PRN, AUX, NUL,
-// COM1-9, LPT1-9, with any extension), at most 200 characters.
+/// Whether a topic ID can be a Windows file name: none of " * ? < > | : \ / or
+/// control bytes, no trailing dot or blank (so no ".."), not a device name (CON, PRN, AUX, NUL,
+/// COM1-9, LPT1-9, with any extension), at most 200 characters.
 bool IsWindowsFileName(std::string_view name);
 
-// Tells the user that `relativeName` is not written and keeps it for the log.
-void RefuseOutsideFile(WizardState& wizard, const std::string& relativeName);
+/// Tells the user that `relativeName` is not written and keeps it for the log.
+void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName);
 
-// Tells the user that a topic keeps its old file name because its topic ID
-// cannot be one, and keeps "old name (topic ID)" for the log.
-void RefuseTopicID(WizardState& wizard, const std::string& oldName, const std::string& topicId);
-
-// The names refused since the last ClearRefusedFiles, in order, without repeats.
-const std::vector<std::string>& RefusedFiles();
-const std::vector<std::string>& RefusedTopicIDs();
-void ClearRefusedFiles();
+/// Tells the user that a topic keeps its old file name because its topic ID
+/// cannot be one, and keeps "old name (topic ID)" for the log.
+void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::string& topicId);
 
 }  // namespace tamrix::modRewrite

@@ -1,6 +1,7 @@
 #include "rewrite/header_file_names.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "platform/byte_text.h"
 #include "platform/path_helpers.h"
 #include "platform/program_identity.h"
@@ -21,8 +22,9 @@ std::string WithHeaderExtension(std::string_view name) {
     return FileBaseName(name) + ".h";
 }
 
-void ShowRefusedName(std::string_view name, std::string_view title) {
-    modMessages::ShowMessage("The name \"" + std::string(name) +
+void ShowRefusedName(Conversion& wizard, std::string_view name, std::string_view title) {
+    modMessages::ShowMessage(wizard.View(),
+                             "The name \"" + std::string(name) +
                                  "\" does not name a file inside the new project folder, "
                                  "so the file was not written.",
                              mb::kExclamation, title, {}, 0);

@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/context_id_value.h"
 #include "parser/winhelp_reader.h"
@@ -29,32 +30,32 @@ std::string UniqueCopyName(std::unordered_set<std::string>& taken, const std::st
 
 }  // namespace
 
-bool CopyMapFiles(const std::vector<std::string>& includedMapFiles, int includedCount,
-                  const std::string& newRootPath, NewFileList& newMapFiles) {
-    return Guarded("modRewrite:CopyMapFiles", false, [&] {
+bool CopyMapFiles(Conversion& wizard, const std::vector<std::string>& includedMapFiles,
+                  int includedCount, const std::string& newRootPath, NewFileList& newMapFiles) {
+    return Guarded(wizard.Errors, "modRewrite:CopyMapFiles", false, [&] {
         const int count = std::min<int>(includedCount, static_cast<int>(includedMapFiles.size()));
         std::unordered_set<std::string> taken;
         for (int i = 0; i < count; ++i) {
             const std::string& oldPath = includedMapFiles[static_cast<std::size_t>(i)];
             std::string name = NameInNewFolder(oldPath);
             if (name.empty()) {
-                ShowRefusedName(oldPath, "Copying Map Files");
+                ShowRefusedName(wizard, oldPath, "Copying Map Files");
                 continue;
             }
             name = UniqueCopyName(taken, WithHeaderExtension(name));
-            modParser::AddMapFile(newMapFiles.names, newMapFiles.count, name);
-            SharedFileSystem().CopyFile(oldPath,
-                                        modUtilities::MakeFullPathforFile(newRootPath, name));
+            modParser::AddMapFile(wizard, newMapFiles.names, newMapFiles.count, name);
+            wizard.Files.CopyFile(oldPath, modUtilities::MakeFullPathforFile(newRootPath, name));
         }
         return true;
     });
 }
 
-bool AddMapFiles(const NewFileList& newMapFiles, const std::string& newProjectFile) {
-    return Guarded("modRewrite:AddMapFiles", false, [&] {
+bool AddMapFiles(Conversion& wizard, const NewFileList& newMapFiles,
+                 const std::string& newProjectFile) {
+    return Guarded(wizard.Errors, "modRewrite:AddMapFiles", false, [&] {
         std::string old;
-        if (profile::GetSection(newProjectFile, "MAP", old) > 0)
-            profile::WriteSection(newProjectFile, "MAP", "");
+        if (profile::GetSection(wizard.Files, newProjectFile, "MAP", old) > 0)
+            profile::WriteSection(wizard.Files, newProjectFile, "MAP", "");
         std::string section;
         const int count =
             std::min<int>(newMapFiles.count, static_cast<int>(newMapFiles.names.size()));
@@ -64,37 +65,39 @@ bool AddMapFiles(const NewFileList& newMapFiles, const std::string& newProjectFi
             // A substring test, so "a.h" is not listed again after "#include ba.h".
             if (!ContainsNoCase(section, name)) section += "#include " + name + '\0';
         }
-        const auto& own = modGlobals::ProjectContextIDs;
+        const auto& own = wizard.Globals.ProjectContextIDs;
         if (own && own->Count() >= 1) {
             std::string name = "NewMap.h";
-            if (WriteNewMapFile(name, modUtilities::FilePathOnly(newProjectFile)) && !name.empty())
+            if (WriteNewMapFile(wizard, name, modUtilities::FilePathOnly(newProjectFile)) &&
+                !name.empty())
                 section += "#include " + name + '\0';
         }
-        profile::WriteSection(newProjectFile, "MAP", section);
+        profile::WriteSection(wizard.Files, newProjectFile, "MAP", section);
         return true;
     });
 }
 
-bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
-    return Guarded("modRewrite:WriteNewMapFile", false, [&] {
-        const auto& ids = modGlobals::ProjectContextIDs;
+bool WriteNewMapFile(Conversion& wizard, std::string& mapFileName, const std::string& folder) {
+    return Guarded(wizard.Errors, "modRewrite:WriteNewMapFile", false, [&] {
+        const auto& ids = wizard.Globals.ProjectContextIDs;
         if (!ids) {
-            modMessages::ShowMessage("No Map definitions read from the WinHelp project file.",
+            modMessages::ShowMessage(wizard.View(),
+                                     "No Map definitions read from the WinHelp project file.",
                                      mb::kOKOnly, "Writing Alias File", {}, 0);
             return true;
         }
         std::string name = NameInNewFolder(mapFileName);
         if (name.empty()) {
-            ShowRefusedName(mapFileName, "Writing Map File");
+            ShowRefusedName(wizard, mapFileName, "Writing Map File");
             mapFileName.clear();
             return true;
         }
         std::string path = modUtilities::MakeFullPathforFile(folder, name);
-        if (modUtilities::FileExists(path) &&
-            modMessages::AskMessage(modMessages::FromCatalogue(10018, path),
+        if (modUtilities::FileExists(wizard.Files, path) &&
+            modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10018, path),
                                     mb::kYesNo | mb::kQuestion, "Writing Map File",
                                     {}) == mb::kNo) {
-            const std::optional<std::string> answer = ActiveView().InputBox(
+            const std::optional<std::string> answer = wizard.View().InputBox(
                 "Please enter the name for the map file.", "New Map File", mapFileName);
             if (!answer || answer->empty()) {
                 mapFileName.clear();
@@ -102,7 +105,7 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
             }
             name = NameInNewFolder(*answer);
             if (name.empty()) {
-                ShowRefusedName(*answer, "Writing Map File");
+                ShowRefusedName(wizard, *answer, "Writing Map File");
                 mapFileName.clear();
                 return true;
             }
@@ -118,7 +121,7 @@ bool WriteNewMapFile(std::string& mapFileName, const std::string& folder) {
                     id->Comment;
             text += kCrLf;
         }
-        SharedFileSystem().WriteAll(path, text);
+        wizard.Files.WriteAll(path, text);
         return true;
     });
 }

@@ -1,6 +1,7 @@
 #include "rewrite/popup_activation.h"
 
 #include <algorithm>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -54,10 +55,10 @@ bool NeedsDeclarations(const CTopicFile& caller, const TextBuffer& buffer) {
            !ContainsNoCase(buffer.Text(), ControlDeclaration(LineEndOf(buffer.Text())));
 }
 
-void ReportBadFormat(WizardState& wizard, const std::string& fileName, int errorNumber) {
-    modMessages::ShowMessage("Bad format in Topic File " + fileName, mb::kExclamation,
-                             "Writing Java Links", wizard.Box(), 0);
-    ReportProgramError(errorNumber, "modRewrite:ModifyPopupFiles");
+void ReportBadFormat(Conversion& wizard, const std::string& fileName, int errorNumber) {
+    modMessages::ShowMessage(wizard.View(), "Bad format in Topic File " + fileName,
+                             mb::kExclamation, "Writing Java Links", wizard.Box(), 0);
+    ReportProgramError(wizard.Errors, errorNumber, "modRewrite:ModifyPopupFiles");
 }
 
 bool IsPopupToActivate(const CTopicFile& target, const CTopicFile& caller) {
@@ -79,8 +80,8 @@ std::string PopupScriptPath(std::string_view folder) {
     return path + "popups.js";
 }
 
-bool CallsPopupToActivate(const CTopicFile& caller) {
-    const CTopicFiles* topics = modGlobals::TopicFiles.get();
+bool CallsPopupToActivate(const ProjectState& project, const CTopicFile& caller) {
+    const CTopicFiles* topics = project.TopicFiles.get();
     if (topics == nullptr) return false;
     for (const auto& target : caller.targets()) {
         const auto popup = topics->Find(Before(target->TargetString, '#'));
@@ -89,13 +90,13 @@ bool CallsPopupToActivate(const CTopicFile& caller) {
     return false;
 }
 
-bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
+bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
     std::string current;  // the calling file being edited, named when it fails
     try {
-        FileSystem& fs = SharedFileSystem();
+        FileSystem& fs = wizard.Files;
         const std::string backupFolder = modUtilities::MakeFullPathforFile(root, "html\\NoPopups");
         if (!fs.FolderExists(backupFolder)) fs.CreateFolder(backupFolder);
-        const CTopicFiles* topics = modGlobals::TopicFiles.get();
+        const CTopicFiles* topics = wizard.Globals.TopicFiles.get();
         modUtilities::InitializeProgressBar(wizard, topics == nullptr ? 0 : topics->Count(),
                                             "Editing the Topic Files that call Java Popups ...");
         if (topics == nullptr) return true;
@@ -115,7 +116,7 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
                 const auto popup = topics->Find(Before(target->TargetString, '#'));
                 if (popup == nullptr || !IsPopupToActivate(*popup, *caller)) continue;
                 if (!loaded) {
-                    buffer.LoadFile(path);
+                    buffer.LoadFile(wizard.Files, path);
                     loaded = true;
                 }
                 if (!declared && NeedsDeclarations(*caller, buffer)) {
@@ -132,11 +133,12 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
                     return false;
                 }
                 const std::string converted = modMessages::GetMessageString(10060, popup->Context);
-                if (buffer.Find(converted, body) < 0 && AddJavaLinks(buffer, *popup)) dirty = true;
+                if (buffer.Find(converted, body) < 0 && AddJavaLinks(wizard.Errors, buffer, *popup))
+                    dirty = true;
             }
             // Saved once with all its links, so a file is either as written before or done.
             if (dirty) {
-                buffer.SaveFile(path);
+                buffer.SaveFile(wizard.Files, path);
                 caller->JavaModified = true;
             }
         }
@@ -147,8 +149,8 @@ bool ModifyPopupFiles(WizardState& wizard, const std::string& root) {
     }
 }
 
-bool AddJavaLinks(TextBuffer& buffer, const CTopicFile& popupTopic) {
-    return Guarded("modRewrite:AddJavaLinks", false, [&] {
+bool AddJavaLinks(ErrorReporter& errors, TextBuffer& buffer, const CTopicFile& popupTopic) {
+    return Guarded(errors, "modRewrite:AddJavaLinks", false, [&] {
         const long body = buffer.Find("<BODY", 0);
         if (body < 0) return true;
         const std::string link = "<A HREF=\"" + popupTopic.NewFileName;

@@ -1,6 +1,7 @@
 #include "rewrite/project_writer.h"
 
 #include <unordered_set>
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -33,9 +34,9 @@ bool TopicTargetIsSafe(const CTopicFile& topic) {
     return IsSafeRelativeName(FilePathOnly(topic.AutoNamePath) + name);
 }
 
-void SettleNewFileNames(WizardState& wizard) {
-    if (!modGlobals::TopicFiles) return;
-    for (const auto& topic : *modGlobals::TopicFiles) {
+void SettleNewFileNames(Conversion& wizard) {
+    if (!wizard.Globals.TopicFiles) return;
+    for (const auto& topic : *wizard.Globals.TopicFiles) {
         if (topic->Context.empty()) {
             topic->NewFileName = topic->AutoFileName;
         } else if (IsWindowsFileName(topic->Context)) {
@@ -47,18 +48,18 @@ void SettleNewFileNames(WizardState& wizard) {
     }
 }
 
-bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
+bool RewriteProjectFile(Conversion& wizard, const std::string& oldProjectFile,
                         const std::string& newProjectFile) {
-    return Guarded("modRewrite:RewriteProjectFile", false, [&] {
-        const auto& topics = modGlobals::TopicFiles;
+    return Guarded(wizard.Errors, "modRewrite:RewriteProjectFile", false, [&] {
+        const auto& topics = wizard.Globals.TopicFiles;
         if (!topics) {
             const long id = oldProjectFile.empty() ? 10010 : 10009;
-            modMessages::ShowMessage(modMessages::FromCatalogue(id), mb::kInformation,
-                                     kProjectCaption, wizard.Box());
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(id),
+                                     mb::kInformation, kProjectCaption, wizard.Box());
             return false;
         }
         TextBuffer buffer;
-        buffer.LoadFile(oldProjectFile);
+        buffer.LoadFile(wizard.Files, oldProjectFile);
         modUtilities::InitializeProgressBar(wizard, topics->Count(),
                                             "Writing New Project File ...");
         modUtilities::ShowProgressBar(wizard, true);
@@ -96,75 +97,78 @@ bool RewriteProjectFile(WizardState& wizard, const std::string& oldProjectFile,
                 if (ContainsNoCase(name.replacement, name.name) ||
                     ContainsNoCase(name.name, name.replacement)) {
                     const int answer = modMessages::AskMessage(
-                        modMessages::FromCatalogue(10005, name.name), mb::kYesNo | mb::kQuestion,
-                        kProjectCaption, wizard.Box());
+                        wizard.View(), modMessages::FromCatalogue(10005, name.name),
+                        mb::kYesNo | mb::kQuestion, kProjectCaption, wizard.Box());
                     if (answer != mb::kYes) return false;
                 }
                 if (outcome.counts[k++] > kMaxOccurrences) {
-                    modMessages::ShowMessage(modMessages::FromCatalogue(10005, name.name),
+                    modMessages::ShowMessage(wizard.View(),
+                                             modMessages::FromCatalogue(10005, name.name),
                                              mb::kOKOnly, kProjectCaption, wizard.Box());
                     return false;
                 }
             }
             modUtilities::UpdateProgressBar(wizard, done);
         }
-        SharedFileSystem().WriteAll(newProjectFile, outcome.text);
-        SetDefaultTopic(newProjectFile);
+        wizard.Files.WriteAll(newProjectFile, outcome.text);
+        SetDefaultTopic(wizard, newProjectFile);
         return true;
     });
 }
 
-bool SetDefaultTopic(const std::string& newProjectFile) {
-    return Guarded("modRewrite:SetDefaultTopic", false, [&] {
-        if (modGlobals::ContentsTopic.empty()) return true;
-        const auto& topics = modGlobals::TopicFiles;
-        const auto topic = topics ? topics->FirstWithContext(modGlobals::ContentsTopic) : nullptr;
+bool SetDefaultTopic(Conversion& wizard, const std::string& newProjectFile) {
+    return Guarded(wizard.Errors, "modRewrite:SetDefaultTopic", false, [&] {
+        if (wizard.Globals.ContentsTopic.empty()) return true;
+        const auto& topics = wizard.Globals.TopicFiles;
+        const auto topic =
+            topics ? topics->FirstWithContext(wizard.Globals.ContentsTopic) : nullptr;
         if (!topic) return false;
-        return profile::WriteString(newProjectFile, "OPTIONS", "Default Topic",
+        return profile::WriteString(wizard.Files, newProjectFile, "OPTIONS", "Default Topic",
                                     "html\\" + topic->NewFileName) == 1;
     });
 }
 
-std::string NewTopicFileName(const std::string& autoFileName) {
-    return Guarded("modRewrite:NewTopicFileName", std::string(), [&] {
-        const auto& topics = modGlobals::TopicFiles;
+std::string NewTopicFileName(Conversion& wizard, const std::string& autoFileName) {
+    return Guarded(wizard.Errors, "modRewrite:NewTopicFileName", std::string(), [&] {
+        const auto& topics = wizard.Globals.TopicFiles;
         const auto topic = topics ? topics->Find(autoFileName) : nullptr;
         return topic ? topic->NewFileName : std::string();
     });
 }
 
-std::string MakeCSSLinkString(WizardState& wizard, const std::string& newRootPath) {
-    return Guarded("modRewrite:MakeCSSLinkString", std::string(), [&] {
+std::string MakeCSSLinkString(Conversion& wizard, const std::string& newRootPath) {
+    return Guarded(wizard.Errors, "modRewrite:MakeCSSLinkString", std::string(), [&] {
         if (!wizard.AddCssLink) return std::string();
         if (!IsSafeRelativeName(wizard.CssFileName)) {
             RefuseOutsideFile(wizard, wizard.CssFileName);
         } else {
             const std::string cssPath = newRootPath + "\\" + wizard.CssFileName;
-            if (!modUtilities::FileExists(cssPath)) CreateCSSFile(cssPath, wizard.SetTopicClass);
+            if (!modUtilities::FileExists(wizard.Files, cssPath))
+                CreateCSSFile(wizard, cssPath, wizard.SetTopicClass);
         }
         // Topic files lie one folder below the root.
         return GetMessageString(9000, "../" + wizard.CssFileName);
     });
 }
 
-bool CreateCSSFile(const std::string& path, bool defineTitleClass) {
-    return Guarded("modUtilities:CreateCSSFile", false, [&] {
+bool CreateCSSFile(Conversion& wizard, const std::string& path, bool defineTitleClass) {
+    return Guarded(wizard.Errors, "modUtilities:CreateCSSFile", false, [&] {
         std::string text = "Body{ }\r\n\r\n";
         if (defineTitleClass) text += ".Topic_Title { }\r\n\r\n";
-        SharedFileSystem().WriteAll(path, text);
+        wizard.Files.WriteAll(path, text);
         return true;
     });
 }
 
-bool CopyImageFolder(WizardState& wizard, const std::string& oldProjectFile,
+bool CopyImageFolder(Conversion& wizard, const std::string& oldProjectFile,
                      const std::string& newRootPath, bool askBeforeOverwrite) {
-    return Guarded("modRewrite:CopyImageFolder", false, [&] {
-        FileSystem& fs = SharedFileSystem();
+    return Guarded(wizard.Errors, "modRewrite:CopyImageFolder", false, [&] {
+        FileSystem& fs = wizard.Files;
         const std::string newImages = modUtilities::AddBackslash(newRootPath) + "images";
         const std::string oldImages =
             modUtilities::AddBackslash(FilePathOnly(oldProjectFile)) + "images";
-        const bool newExists = modUtilities::FolderExists(newImages);
-        if (!modUtilities::FolderExists(oldImages)) return true;
+        const bool newExists = modUtilities::FolderExists(wizard.Files, newImages);
+        if (!modUtilities::FolderExists(wizard.Files, oldImages)) return true;
 
         const std::vector<std::string> oldNames = fs.ListFiles(oldImages);
         if (newExists) {
@@ -173,19 +177,21 @@ bool CopyImageFolder(WizardState& wizard, const std::string& oldProjectFile,
                 bool clash = false;
                 for (const std::string& name : fs.ListFiles(newImages))
                     clash = clash || old.count(name) != 0;
-                if (clash && modMessages::AskMessage(modMessages::FromCatalogue(10007),
-                                                     mb::kYesNo | mb::kQuestion, kImagesCaption,
-                                                     wizard.Box()) != mb::kYes)
+                if (clash &&
+                    modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10007),
+                                            mb::kYesNo | mb::kQuestion, kImagesCaption,
+                                            wizard.Box()) != mb::kYes)
                     return true;
             }
-        } else if (!modUtilities::CreateFolder(newImages, "")) {
-            modMessages::ShowMessage(modMessages::FromCatalogue(10013, newImages), mb::kExclamation,
-                                     kImagesCaption, wizard.Box());
+        } else if (!modUtilities::CreateFolder(wizard.Files, wizard.Errors, newImages, "")) {
+            modMessages::ShowMessage(wizard.View(), modMessages::FromCatalogue(10013, newImages),
+                                     mb::kExclamation, kImagesCaption, wizard.Box());
             return false;
         }
 
         if (oldNames.empty()) {
-            modMessages::ShowMessage("There are no image files in the old /images folder.",
+            modMessages::ShowMessage(wizard.View(),
+                                     "There are no image files in the old /images folder.",
                                      mb::kInformation, kImagesCaption, wizard.Box(), 0);
             return true;
         }

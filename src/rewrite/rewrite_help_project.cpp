@@ -1,5 +1,6 @@
 // The driver of the write, kept apart from the other project writers because it
 // is the one that needs the map and alias writer.
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
@@ -19,23 +20,24 @@ void ClearFileDefined(const std::shared_ptr<CContextIDs>& ids) {
 
 }  // namespace
 
-bool RewriteHelpProject(WizardState& wizard, const std::string& oldProjectFile,
+bool RewriteHelpProject(Conversion& wizard, const std::string& oldProjectFile,
                         const std::string& newProjectName, const std::string& newRootPath) {
-    return Guarded("modRewrite:RewriteHelpProject", false, [&] {
-        using namespace modGlobals;
-        ClearRefusedFiles();
+    return Guarded(wizard.Errors, "modRewrite:RewriteHelpProject", false, [&] {
+        const ProjectState& g = wizard.Globals;
+        wizard.Globals.RefusedFiles.clear();
+        wizard.Globals.RefusedTopicIDs.clear();
         SettleNewFileNames(wizard);
         const std::string newProjectFile =
             modUtilities::MakeFullPathforFile(newRootPath, newProjectName);
         bool ok = RewriteProjectFile(wizard, oldProjectFile, newProjectFile);
         if (ok) {
-            modUtilities::InitializeProgressBar(wizard, TopicFiles->Count(),
+            modUtilities::InitializeProgressBar(wizard, g.TopicFiles->Count(),
                                                 "Writing New Topic Files ...");
             modUtilities::ShowProgressBar(wizard, true);
             const std::string cssLink = MakeCSSLinkString(wizard, newRootPath);
             long done = 0;
             // A failed file does not stop the loop; only the last result counts.
-            for (const auto& topic : *TopicFiles) {
+            for (const auto& topic : *g.TopicFiles) {
                 ok = RewriteTopicFile(wizard, *topic, oldProjectFile, newRootPath, cssLink);
                 topic->JavaModified = false;
                 modUtilities::UpdateProgressBar(wizard, ++done);
@@ -49,27 +51,27 @@ bool RewriteHelpProject(WizardState& wizard, const std::string& oldProjectFile,
 
         modUtilities::InitializeProgressBar(wizard, 3, "Copying Map and Alias Files ...");
         NewFileList newMapFiles;
-        if (ok) ok = CopyMapFiles(MapFiles, MapFileCount, newRootPath, newMapFiles);
+        if (ok) ok = CopyMapFiles(wizard, g.MapFiles, g.MapFileCount, newRootPath, newMapFiles);
         modUtilities::UpdateProgressBar(wizard, 1);
-        const bool mapSectionIds = ProjectContextIDs && ProjectContextIDs->Count() > 0;
-        if (ok && (mapSectionIds || MapFileCount >= 1))
-            ok = AddMapFiles(newMapFiles, newProjectFile);
+        const bool mapSectionIds = g.ProjectContextIDs && g.ProjectContextIDs->Count() > 0;
+        if (ok && (mapSectionIds || g.MapFileCount >= 1))
+            ok = AddMapFiles(wizard, newMapFiles, newProjectFile);
         modUtilities::UpdateProgressBar(wizard, 2);
-        ClearFileDefined(MapContextIDs);
-        ClearFileDefined(ProjectContextIDs);
+        ClearFileDefined(g.MapContextIDs);
+        ClearFileDefined(g.ProjectContextIDs);
         modUtilities::UpdateProgressBar(wizard, 3);
         if (ok) {
             NewFileList newAliasFiles;
             std::string aliasFileName;
             std::string aliasIncludeName;
-            if (MapContextIDs || ProjectContextIDs)
+            if (g.MapContextIDs || g.ProjectContextIDs)
                 ok = WriteAliasFiles(wizard, newRootPath, newAliasFiles, aliasFileName,
                                      aliasIncludeName);
             if (ok)
                 RewriteInternalAliases(wizard, newProjectFile, newAliasFiles, aliasFileName,
                                        aliasIncludeName);
         }
-        return UpdateContextIDs();
+        return UpdateContextIDs(wizard);
     });
 }
 

@@ -1,5 +1,6 @@
 #include "rewrite/sitemap_rewriter.h"
 
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
@@ -10,22 +11,22 @@
 namespace tamrix::modRewrite {
 namespace {
 
-bool RewriteSitemap(WizardState& wizard, const std::string& oldProjectFile, const std::string& file,
+bool RewriteSitemap(Conversion& wizard, const std::string& oldProjectFile, const std::string& file,
                     const std::string& newRootPath, const CTargets* targets,
                     const std::string& caption) {
-    if (!modUtilities::FileExists(file)) return true;
+    if (!modUtilities::FileExists(wizard.Files, file)) return true;
     const std::string name = modUtilities::FileNameNoPath(file);
     if (!IsSafeRelativeName(name)) {
         RefuseOutsideFile(wizard, name);
         return true;
     }
-    FileSystem& fs = SharedFileSystem();
+    FileSystem& fs = wizard.Files;
     const std::string text = fs.ReadAll(modUtilities::FilePathOnly(oldProjectFile) + name);
     const long count = targets != nullptr ? targets->Count() : 0;
     modUtilities::InitializeProgressBar(wizard, count, caption);
     // Each target's generated name is replaced by its topic's new name wherever it
     // stands; a target that names no topic file is passed over.
-    const auto& topics = modGlobals::TopicFiles;
+    const auto& topics = wizard.Globals.TopicFiles;
     std::vector<NameReplacement> names;
     for (long i = 1; i <= count; ++i) {
         const std::string target = modUtilities::FileNameNoPath(targets->Item(i)->TargetString);
@@ -39,19 +40,20 @@ bool RewriteSitemap(WizardState& wizard, const std::string& oldProjectFile, cons
 }
 }  // namespace
 
-bool RewriteIndex(WizardState& wizard, const std::string& oldProjectFile,
+bool RewriteIndex(Conversion& wizard, const std::string& oldProjectFile,
                   const std::string& indexFile, const std::string& newRootPath) {
-    return Guarded("modRewrite:RewriteIndex", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteIndex", false, [&] {
         return RewriteSitemap(wizard, oldProjectFile, indexFile, newRootPath,
-                              modGlobals::IndexTargets.get(), "Writing New Index File ...");
+                              wizard.Globals.IndexTargets.get(), "Writing New Index File ...");
     });
 }
 
-bool RewriteContents(WizardState& wizard, const std::string& oldProjectFile,
+bool RewriteContents(Conversion& wizard, const std::string& oldProjectFile,
                      const std::string& contentsFile, const std::string& newRootPath) {
-    return Guarded("modRewrite:RewriteContents", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteContents", false, [&] {
         return RewriteSitemap(wizard, oldProjectFile, contentsFile, newRootPath,
-                              modGlobals::ContentsTargets.get(), "Writing New Contents File ...");
+                              wizard.Globals.ContentsTargets.get(),
+                              "Writing New Contents File ...");
     });
 }
 

@@ -1,6 +1,7 @@
 #include "rewrite/topic_rewriter.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
@@ -21,9 +22,9 @@ std::string TargetBase(const std::string& target) {
 
 }  // namespace
 
-bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string& oldProjectFile,
+bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& oldProjectFile,
                       const std::string& newRootPath, const std::string& cssLink) {
-    return Guarded("modRewrite:RewriteTopicFile", false, [&] {
+    return Guarded(wizard.Errors, "modRewrite:RewriteTopicFile", false, [&] {
         const std::string oldFolder = modUtilities::FilePathOnly(oldProjectFile);
         const std::string relFolder = modUtilities::FilePathOnly(topic.AutoNamePath);
         const std::string oldPath = oldFolder + topic.AutoNamePath;
@@ -31,17 +32,18 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
             RefuseOutsideFile(wizard, relFolder + topic.NewFileName);
             return true;
         }
-        modUtilities::CreateFolder(newRootPath, relFolder);  // a failure shows when saving
+        modUtilities::CreateFolder(wizard.Files, wizard.Errors, newRootPath,
+                                   relFolder);  // a failure shows when saving
         const std::string newPath = newRootPath + "\\" + relFolder + topic.NewFileName;
 
-        FileSystem& fs = SharedFileSystem();
+        FileSystem& fs = wizard.Files;
         const std::string old = fs.ReadAll(oldPath);
         // Each target's file name is replaced wherever it stands by the new name of
         // the topic it names; a name that names no topic is only looked for.
         std::vector<NameReplacement> names;
         for (const auto& target : topic.targets()) {
             const std::string base = TargetBase(target->TargetString);
-            std::string newName = NewTopicFileName(base);
+            std::string newName = NewTopicFileName(wizard, base);
             const bool unknown = newName.empty();
             names.push_back({base, std::move(newName), unknown});
         }
@@ -51,6 +53,7 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
             const std::string& t = target->TargetString;
             if (names[k].probeOnly && outcome.counts[k] > 0 && !t.empty() && t.front() != '#')
                 modMessages::ShowMessage(
+                    wizard.View(),
                     modMessages::FromCatalogue(10032, t, modUtilities::FileNameNoPath(oldPath)),
                     mb::kExclamation, "Rewriting Topic File", wizard.Box());
             ++k;
@@ -67,7 +70,7 @@ bool RewriteTopicFile(WizardState& wizard, CTopicFile& topic, const std::string&
         }
         // Popup activation and the popup text writers read the file again; they
         // find it in memory.
-        fs.WriteAll(newPath, text, !topic.HasTitle || CallsPopupToActivate(topic));
+        fs.WriteAll(newPath, text, !topic.HasTitle || CallsPopupToActivate(wizard.Globals, topic));
         return true;
     });
 }

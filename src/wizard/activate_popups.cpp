@@ -1,11 +1,12 @@
 #include "wizard/activate_popups.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "rewrite/popup_activation.h"
 
 namespace tamrix {
 
-void ActivatePopups(WizardState& wizard) {
+void ActivatePopups(Conversion& wizard) {
     bool ok = false;
     if (wizard.NumPopupStrings > 0) {
         ok = modRewrite::ModifyPopupFiles(wizard, wizard.NewRootPath);

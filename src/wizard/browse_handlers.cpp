@@ -1,5 +1,6 @@
 // The Browse buttons of steps 1, 2 and 3.
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "parser/project_reader.h"
 #include "parser/winhelp_reader.h"
 #include "platform/byte_text.h"
@@ -20,10 +21,11 @@ std::string ChooseProjectFile(IView& view, const char* title, const char* filter
 }
 
 // False when the file's extension is not `extension` and the user answers No to the warning.
-bool AcceptExtension(const std::string& path, const char* extension, long messageId,
-                     const char* title, BoxPosition box) {
+bool AcceptExtension(Conversion& wizard, const std::string& path, const char* extension,
+                     long messageId, const char* title, BoxPosition box) {
     return EqualsNoCase(FileExtension(path), extension) ||
            modMessages::AskMessage(
+               wizard.View(),
                modMessages::FromCatalogue(messageId, modUtilities::FileNameNoPath(path)),
                mb::kYesNo + mb::kExclamation, title, box) != mb::kNo;
 }
@@ -32,11 +34,11 @@ bool AcceptExtension(const std::string& path, const char* extension, long messag
 
 void Wizard::FillProjectLabels(std::string& topicLabel) {
     topicLabel = DisplayTopicCount;
-    const std::string index = modParser::GetIndexFileName(controls.txtProjectName);
-    if (modUtilities::FileExists(index))
+    const std::string index = modParser::GetIndexFileName(*this, controls.txtProjectName);
+    if (modUtilities::FileExists(Files, index))
         controls.lblIndexFile = modUtilities::FileNameNoPath(index);
-    const std::string contents = modParser::GetContentsFileName(controls.txtProjectName);
-    if (modUtilities::FileExists(contents))
+    const std::string contents = modParser::GetContentsFileName(*this, controls.txtProjectName);
+    if (modUtilities::FileExists(Files, contents))
         controls.lblContents = modUtilities::FileNameNoPath(contents);
 }
 
@@ -44,12 +46,12 @@ void Wizard::FillProjectLabels(std::string& topicLabel) {
 // reports its errors under the second one's name; both are kept as they were.
 void Wizard::cmdBrowseHHP_Click() {
     if (busy_ || !browseEnabled_) return;
-    GuardedVoid("frmWizard:cmdBrowseHPJ_Click", [&] {
+    GuardedVoid(Errors, "frmWizard:cmdBrowseHPJ_Click", [&] {
         const std::string path =
             ChooseProjectFile(view_, "Select HTML Help Project",
                               "HTML Project Files (*.hhp)|*.hhp|All Files (*.*)|*.*", "hhp");
         if (path.empty() ||
-            !AcceptExtension(path, "hhp", 10067, "Open WinHelp Help Project", Box()))
+            !AcceptExtension(*this, path, "hhp", 10067, "Open WinHelp Help Project", Box()))
             return;
         UseProjectFile(path);
     });
@@ -64,13 +66,13 @@ void Wizard::UseProjectFile(const std::string& path) {
 
 void Wizard::cmdbrowseHPJ_Click() {
     if (busy_ || !browseEnabled_) return;
-    GuardedVoid("frmWizard:cmdbrowseHPJ_Click", [&] {
+    GuardedVoid(Errors, "frmWizard:cmdbrowseHPJ_Click", [&] {
         const std::string path =
             ChooseProjectFile(view_, "Select WinHelp Project",
                               "WinHelp Project Files (*.hpj)|*.hpj|All Files (*.*)|*.*", "hpj");
         if (path.empty()) return;
         controls.fraHPJOpenVisible = true;
-        if (!AcceptExtension(path, "hpj", 10068, "Opening HTML help project", Box())) {
+        if (!AcceptExtension(*this, path, "hpj", 10068, "Opening HTML help project", Box())) {
             Changed();
             return;
         }

@@ -1,5 +1,6 @@
 // The work done when the wizard leaves a step forwards.
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/project_reader.h"
 #include "parser/reference_resolution.h"
@@ -19,15 +20,15 @@
 namespace tamrix {
 
 int Wizard::NextStep(int currentStep) {
-    return Guarded("frmWizard:NextStep", currentStep, [&]() -> int {
+    return Guarded(Errors, "frmWizard:NextStep", currentStep, [&]() -> int {
         switch (currentStep) {
             case 0:
             case 5: StepMessage.clear(); break;
             case 1: {
                 StepMessage.clear();
                 if (controls.txtProjectName.empty() && Projectname.empty()) {
-                    modMessages::ShowMessage(modMessages::FromCatalogue(10008), mb::kInformation,
-                                             "HTML Help Project File", Box());
+                    modMessages::ShowMessage(View(), modMessages::FromCatalogue(10008),
+                                             mb::kInformation, "HTML Help Project File", Box());
                     return currentStep;
                 }
                 if (controls.txtProjectName != Projectname) {
@@ -45,13 +46,13 @@ int Wizard::NextStep(int currentStep) {
                     ContentsFile.clear();
                     controls.lblIndexFile.clear();
                     controls.lblContents.clear();
-                    const std::string index = modParser::GetIndexFileName(Projectname);
-                    if (modUtilities::FileExists(index)) {
+                    const std::string index = modParser::GetIndexFileName(*this, Projectname);
+                    if (modUtilities::FileExists(Files, index)) {
                         IndexFile = modUtilities::FileNameNoPath(index);
                         controls.lblIndexFile = IndexFile;
                     }
-                    const std::string contents = modParser::GetContentsFileName(Projectname);
-                    if (modUtilities::FileExists(contents)) {
+                    const std::string contents = modParser::GetContentsFileName(*this, Projectname);
+                    if (modUtilities::FileExists(Files, contents)) {
                         ContentsFile = modUtilities::FileNameNoPath(contents);
                         controls.lblContents = ContentsFile;
                     }
@@ -104,19 +105,19 @@ bool Wizard::NextFromWinHelpFile() {
     const bool scanned = ScanProjectFiles(*this);
     BusyUI(false);
     if (scanned) {
-        const long topics = modGlobals::TopicFiles ? modGlobals::TopicFiles->Count() : 0;
+        const long topics = Globals.TopicFiles ? Globals.TopicFiles->Count() : 0;
         controls.lblContextCount = std::to_string(topics);
-        UntitledCount = modUtilities::UntitledTopics(modGlobals::TopicFiles.get());
+        UntitledCount = modUtilities::UntitledTopics(Errors, Globals.TopicFiles.get());
         UntitledCountText = std::to_string(UntitledCount);
         controls.lblUntitledCount = UntitledCountText;
         scanLog_.reset();
-        scanLog_ = std::make_unique<CSummary>();
+        scanLog_ = std::make_unique<CSummary>(Errors);
         if (!modUtilities::MakeScanLogSummary(*this, *scanLog_)) scanLog_.reset();
         ScanComplete = true;
         menus.mnuViewScanLog.enabled = true;
         menus.mnuViewOldprojectFile.enabled = true;
-        const long ids = (modGlobals::MapContextIDs ? modGlobals::MapContextIDs->Count() : 0) +
-                         (modGlobals::ProjectAliases ? modGlobals::ProjectAliases->Count() : 0);
+        const long ids = (Globals.MapContextIDs ? Globals.MapContextIDs->Count() : 0) +
+                         (Globals.ProjectAliases ? Globals.ProjectAliases->Count() : 0);
         controls.lblContextIDs = std::to_string(ids);
         SuggestNewProjectPath();
     }
@@ -128,15 +129,15 @@ bool Wizard::NextFromWinHelpFile() {
 bool Wizard::NextFromNewProject() {
     if (controls.txtRootPath.empty()) {
         modMessages::ShowMessage(
-            "Please select the new HTML project location by clicking the Browse Button",
+            View(), "Please select the new HTML project location by clicking the Browse Button",
             mb::kInformation, "Writing new Project", Box());
         return false;
     }
     const std::string folder = modUtilities::FilePathOnly(controls.txtRootPath);
     const std::string name = modUtilities::FileNameNoPath(controls.txtRootPath);
     if (folder.empty() || name.empty()) {
-        modMessages::ShowMessage("Check syntax of New Path", mb::kExclamation, "New project Path",
-                                 Box());
+        modMessages::ShowMessage(View(), "Check syntax of New Path", mb::kExclamation,
+                                 "New project Path", Box());
         return false;
     }
     NewRootPath = folder;
@@ -156,18 +157,19 @@ void Wizard::WriteLogsAndPopups() {
     // 1. The scan log goes with the new project.
     RewriteDone = true;
     if (!scanLog_) {
-        scanLog_ = std::make_unique<CSummary>();
+        scanLog_ = std::make_unique<CSummary>(Errors);
         if (!modUtilities::MakeScanLogSummary(*this, *scanLog_)) scanLog_.reset();
     }
-    SaveReport(scanLog_.get(), modUtilities::MakeFullPathforFile(NewRootPath, "scan.log"));
+    SaveReport(Files, scanLog_.get(), modUtilities::MakeFullPathforFile(NewRootPath, "scan.log"));
 
     // 2. The rewrite log.
     BusyUI(true);
     SetProgressCaption("Generating Rewrite Log ...");
-    rewriteLog_ = std::make_unique<CSummary>();
-    const bool rewriteLogged = modUtilities::MakeRewriteLogSummary(*this, *rewriteLog_) &&
-                               SaveReport(rewriteLog_.get(), modUtilities::MakeFullPathforFile(
-                                                                 NewRootPath, "rewrite.log"));
+    rewriteLog_ = std::make_unique<CSummary>(Errors);
+    const bool rewriteLogged =
+        modUtilities::MakeRewriteLogSummary(*this, *rewriteLog_) &&
+        SaveReport(Files, rewriteLog_.get(),
+                   modUtilities::MakeFullPathforFile(NewRootPath, "rewrite.log"));
     SetProgressCaption("Wrote Rewrite Report");
     menus.mnuViewRewriteLog.enabled = true;
     menus.mnuViewNewProjectFile.enabled = true;
@@ -176,12 +178,11 @@ void Wizard::WriteLogsAndPopups() {
 
     // 3. Popup text, only after the rewrite log was written.
     BusyUI(true);
-    if (modUtilities::UpdateExternalReferences(*this) && UntitledCount >= 1 &&
-        modGlobals::TopicFiles) {
+    if (modUtilities::UpdateExternalReferences(*this) && UntitledCount >= 1 && Globals.TopicFiles) {
         modUtilities::InitializeProgressBar(*this, UntitledCount,
                                             "Extracting Popup Text from Untitled Topics ...");
         int count = 0;
-        bool ok = modPopups::WriteJavaPopupStrings(*this, *modGlobals::TopicFiles, NewRootPath,
+        bool ok = modPopups::WriteJavaPopupStrings(*this, *Globals.TopicFiles, NewRootPath,
                                                    "popups.js", count);
         bool scriptPopups = false;
         bool appPopups = false;
@@ -189,23 +190,24 @@ void Wizard::WriteLogsAndPopups() {
             NumPopupStrings = count;
             scriptPopups = count != 0;
             PopupStringFile = "popups.js";
-            if (modGlobals::MapContextIDs || modGlobals::ProjectAliases) {
+            if (Globals.MapContextIDs || Globals.ProjectAliases) {
                 int appCount = 0;
-                ok = modPopups::WriteAppPopupStrings(*this, *modGlobals::TopicFiles, NewRootPath,
+                ok = modPopups::WriteAppPopupStrings(*this, *Globals.TopicFiles, NewRootPath,
                                                      "cshelp.txt", appCount);
                 appPopups = ok && appCount != 0;
                 NumTextPopups = ok ? appCount : 0;
             }
         }
         if (ok) {
-            modPopups::AddPopupFiles(modUtilities::MakeFullPathforFile(NewRootPath, NewProjectName),
+            modPopups::AddPopupFiles(*this,
+                                     modUtilities::MakeFullPathforFile(NewRootPath, NewProjectName),
                                      scriptPopups, appPopups);
             SetProgressCaption("Extracted and wrote text string files for popups.");
-            const std::string leftOut = modPopups::LeftOutPopupsMessage(*modGlobals::TopicFiles);
+            const std::string leftOut = modPopups::LeftOutPopupsMessage(*this, *Globals.TopicFiles);
             if (!leftOut.empty()) StepMessage += "\r\n" + leftOut;
-            popupLog_ = std::make_unique<CSummary>();
+            popupLog_ = std::make_unique<CSummary>(Errors);
             if (modUtilities::MakePopupLogSummary(*this, *popupLog_))
-                SaveReport(popupLog_.get(),
+                SaveReport(Files, popupLog_.get(),
                            modUtilities::MakeFullPathforFile(NewRootPath, "popups.log"));
             else
                 popupLog_.reset();

@@ -8,10 +8,10 @@ void OptionsDialog::Paint() {
     if (txtCssFileName.empty()) txtCssFileName = kDefaultCssName;
 }
 
-void OptionsDialog::OK() {
+void OptionsDialog::OK(IView& view) {
     if (txtCssFileName.empty()) {
-        modMessages::ShowMessage("There must be a valid name for the style sheet", mb::kOKOnly,
-                                 "HTML Options");
+        modMessages::ShowMessage(view, "There must be a valid name for the style sheet",
+                                 mb::kOKOnly, "HTML Options");
         Status = false;
         return;
     }

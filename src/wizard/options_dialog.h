@@ -2,6 +2,8 @@
 // The "HTML Options" dialog as plain data and logic; the Qt dialog shows it.
 #include <string>
 
+#include "platform/view.h"
+
 namespace tamrix {
 
 class OptionsDialog {
@@ -16,12 +18,12 @@ public:
     bool Status = false;  // closed with OK
     bool Visible = false;
 
-    // The name and its label show only while the style sheet is ticked.
+    /// The name and its label show only while the style sheet is ticked.
     bool CssNameVisible() const { return chkCssFile; }
-    // Painting with an empty name puts the default back.
+    /// Painting with an empty name puts the default back.
     void Paint();
-    // OK refuses an empty name with a message and keeps the dialog open.
-    void OK();
+    /// OK refuses an empty name with a message and keeps the dialog open.
+    void OK(IView& view);
     void Cancel();
 };
 

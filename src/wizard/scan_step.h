@@ -1,11 +1,11 @@
 #pragma once
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 
 namespace tamrix {
 
-// Reads the whole old project in a fixed order, sets ScanComplete, MissingCount
-// and IncompleteData, reports in the progress label and gathers the scan
-// summary into StepMessage.
-bool ScanProjectFiles(WizardState& wizard);
+/// Reads the whole old project in a fixed order, sets ScanComplete, MissingCount
+/// and IncompleteData, reports in the progress label and gathers the scan
+/// summary into StepMessage.
+bool ScanProjectFiles(Conversion& wizard);
 
 }  // namespace tamrix

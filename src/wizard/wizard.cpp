@@ -1,13 +1,14 @@
 #include "wizard/wizard.h"
 
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "platform/file_system.h"
 #include "platform/program_error.h"
 
 namespace tamrix {
 
-Wizard::Wizard(IWizardView& view) : WizardState(&view), view_(view) {
+Wizard::Wizard(IWizardView& view) : Conversion(view), view_(view) {
     menus.mnuViewOldprojectFile.enabled = false;
     // Enabled once the popups step has been left.
     menus.mnuToolsFormatMapFiles.enabled = false;
@@ -29,13 +30,12 @@ std::string Wizard::NavCaption(int index) const {
 std::string Wizard::Caption() const { return "Tamrix - " + StepCaption(currentStep_); }
 
 void Wizard::Start() {
-    modGlobals::IgnoreZeroIDs = true;
+    Globals.IgnoreZeroIDs = true;
     menus.mnuOptionsIgnoreZeroIDs.checked = true;
-    modGlobals::ReadNameValueLines = false;
+    Globals.ReadNameValueLines = false;
     menus.mnuOptionsReadNameValue.checked = false;
     menus.mnuOptionstest.visible = menus.mnuOptionstest.enabled = false;
     menus.mnuOptionsSep1.visible = false;
-    SharedFileSystem();
     controls.lblPrinterVisible = !view_.HasAnyPrinters();
     ShowStep(0);
 }
@@ -104,12 +104,12 @@ void Wizard::ShowStep(int newStep) {
         // Shown once: the next transition gathers its own results.
         const std::string text = StepMessage;
         StepMessage.clear();
-        modMessages::ShowMessage(text, mb::kInformation, "StepResults", Box());
+        modMessages::ShowMessage(View(), text, mb::kInformation, "StepResults", Box());
     }
 }
 
 void Wizard::cmdNav_Click(int index) {
-    ErrorReportOperation operation;  // an error flood shows as one report
+    ErrorReportOperation operation(Errors);  // an error flood shows as one report
     switch (index) {
         case kNavHelp:
             if (view_.ShowHelp(kHelpContext, HelpContext())) helpShown_ = true;
@@ -119,14 +119,14 @@ void Wizard::cmdNav_Click(int index) {
             busy_ = false;
             modUtilities::ShowProgressBar(*this, false);
             if (currentStep_ != 0) {
-                if (modMessages::AskMessage("Do you want to restart the program?",
+                if (modMessages::AskMessage(View(), "Do you want to restart the program?",
                                             mb::kYesNo + mb::kQuestion, "Cancel",
                                             Box()) == mb::kYes) {
                     ResetProject();
                     ShowStep(0);
                     if (!controls.chkShowIntro) ShowStep(1);
                 }
-            } else if (modMessages::AskMessage("Do you want to exit the program?",
+            } else if (modMessages::AskMessage(View(), "Do you want to exit the program?",
                                                mb::kYesNo + mb::kQuestion, "Cancel",
                                                Box()) == mb::kYes) {
                 ExitProgram();
@@ -144,7 +144,7 @@ void Wizard::cmdNav_Click(int index) {
             ShowStep(NextStep(currentStep_));
             break;
         case kNavExit:
-            if (modMessages::AskMessage("Do you want to exit the program?",
+            if (modMessages::AskMessage(View(), "Do you want to exit the program?",
                                         mb::kYesNo + mb::kQuestion, "Cancel", Box()) == mb::kYes)
                 ExitProgram();
             break;
@@ -173,10 +173,10 @@ void Wizard::ExitProgram() {
 }
 
 void Wizard::ResetProject() {
-    modGlobals::CloseProject();
-    modGlobals::RenamedTopicIDs.clear();
-    modGlobals::InvalidContextIDs.clear();
-    modGlobals::ContentsTopic.clear();
+    Globals.CloseProject();
+    Globals.RenamedTopicIDs.clear();
+    Globals.InvalidContextIDs.clear();
+    Globals.ContentsTopic.clear();
     Projectname.clear();
     ProjectFolder.clear();
     WinHelpProjectName.clear();
@@ -206,13 +206,13 @@ void Wizard::ResetProject() {
     } else {
         ResetOptions();
     }
-    SharedFileSystem().SetWriteRoot({});
+    Files.SetWriteRoot({});
 }
 
 void Wizard::Refresh() { view_.ProcessEvents(); }
 
 bool Wizard::GetHTMLOptions() {
-    return Guarded("frmWizard:GetHTMLOptions", false, [&] {
+    return Guarded(Errors, "frmWizard:GetHTMLOptions", false, [&] {
         AddCssLink = false;
         SetTopicClass = false;  // offered in the dialog but never passed on
         CssFileName.clear();

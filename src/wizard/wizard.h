@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 #include "reports/c_summary.h"
 #include "wizard/options_dialog.h"
 #include "wizard/wizard_view.h"
@@ -27,31 +27,31 @@ struct MenuEntry {
     bool visible = true;
 };
 
-// The controls of the six step frames, as values.
+/// The controls of the six step frames, as values.
 struct WizardControls {
-    // Step 0
+    /// Step 0
     bool chkShowIntro = true;  // unticked, a restart in this run begins at step 1
     bool lblPrinterVisible = false;
-    // Step 1
+    /// Step 1
     std::string txtProjectName;
     std::string lblTopicCount;
     std::string lblContents;
     std::string lblIndexFile;
-    // Step 2
+    /// Step 2
     std::string txtWinhelpProjectName;
     bool chkIgnoreZeroIDs = true;  // mirrors Options/Ignore Zero IDs
     bool chkMapData = false;
     bool chkAliasData = false;
     bool fraHPJOpenVisible = false;
-    // Step 3
+    /// Step 3
     std::string txtRootPath;
     std::string lblContextCount;
     std::string lblUntitledCount;
     std::string lblContextIDs;
-    // Step 4
+    /// Step 4
     bool optYesPopups = false;
     bool optNoPopups = true;
-    // Step 5
+    /// Step 5
     bool chkSaveSettings = false;  // ticked, a restart in this run keeps the options
 };
 
@@ -65,7 +65,7 @@ struct WizardMenus {
     MenuEntry mnuHelp, mnuHelpAbout, mnuHelpProgram;
 };
 
-class Wizard : public WizardState {
+class Wizard : public Conversion {
 public:
     static constexpr int kStepCount = 6;
     static constexpr const char* kHelpFileName = "Tamrix.chm";
@@ -73,30 +73,30 @@ public:
     explicit Wizard(IWizardView& view);
     ~Wizard() override;
 
-    // Form_Load: captions, the ignore-zero-IDs flag, the hidden test entry, step 0.
+    /// Form_Load: captions, the ignore-zero-IDs flag, the hidden test entry, step 0.
     void Start();
 
     void cmdNav_Click(int index);
-    // F1 (key code 112) acts as the Help button.
+    /// F1 (key code 112) acts as the Help button.
     void Form_KeyDown(int keyCode);
     int NextStep(int currentStep);
     void ShowStep(int newStep);
 
-    // Browse buttons of steps 1, 2 and 3.
+    /// Browse buttons of steps 1, 2 and 3.
     void cmdBrowseHHP_Click();
     void cmdbrowseHPJ_Click();
     void cmdBrowseNewRoot_Click();
-    // The step 2 check box, the same switch as Options/Ignore Zero IDs.
+    /// The step 2 check box, the same switch as Options/Ignore Zero IDs.
     void chkIgnoreZeroIDs_Click();
 
-    // A .hhp or .hpj dropped on the window fills its step; false for other files.
+    /// A .hhp or .hpj dropped on the window fills its step; false for other files.
     bool FileDropped(const std::string& path);
-    // The projects opened in this run, newest first.
+    /// The projects opened in this run, newest first.
     const std::vector<std::string>& RecentProjects() const { return recentProjects_; }
-    // Fills step 1 with a project of this run and shows that step.
+    /// Fills step 1 with a project of this run and shows that step.
     void OpenRecentProject(std::size_t index);
 
-    // Menus.
+    /// Menus.
     void mnuFileExit_Click() { ExitProgram(); }
     void mnuViewOldprojectFile_Click();
     void mnuViewNewProjectFile_Click();
@@ -109,7 +109,7 @@ public:
     void mnuOptionsHTML_Click();
     void mnuOptionsIgnoreZeroIDs_Click();
     void mnuOptionsReformatMap_Click();
-    // "Read Name-Value Lines in Map Files": the Visual C++ form of map header files.
+    /// "Read Name-Value Lines in Map Files": the Visual C++ form of map header files.
     void mnuOptionsReadNameValue_Click();
     void mnuOptionstest_Click();
     void mnuToolsFormatMapFiles_Click() {}
@@ -119,7 +119,7 @@ public:
     bool GetHTMLOptions() override;
     void Refresh() override;
 
-    // Read by the views.
+    /// Read by the views.
     int CurrentStep() const { return currentStep_; }
     bool Finished() const { return finished_; }
     bool HelpShown() const { return helpShown_; }
@@ -141,7 +141,7 @@ public:
 
 private:
     void Changed();
-    // Disables the navigation and browse buttons and the menus while an operation runs.
+    /// Disables the navigation and browse buttons and the menus while an operation runs.
     void BusyUI(bool on);
     void SetNextBackExit();
     void ExitProgram();

@@ -1,5 +1,6 @@
 // The View, Options and Help menus of the wizard window.
 #include "messages/messages.h"
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "platform/path_helpers.h"
 #include "wizard/wizard.h"
@@ -11,14 +12,14 @@ constexpr const char* kLogFilter = "Log Files (*.log)|*.log|All Files (*.*)|*.*|
 }  // namespace
 
 void Wizard::ViewFile(const std::string& path, const std::string& filter, bool readOnly) {
-    auto viewer = std::make_unique<CSummary>();
+    auto viewer = std::make_unique<CSummary>(Errors);
     viewer->ViewFile(filter, readOnly, path);
     viewers_.push_back(std::move(viewer));
 }
 
 void Wizard::mnuViewOldprojectFile_Click() {
     if (Projectname.empty()) {
-        modMessages::ShowMessageID(10022, mb::kOKOnly, "View Project File", "", Box());
+        modMessages::ShowMessageID(View(), 10022, mb::kOKOnly, "View Project File", "", Box());
         return;
     }
     ViewFile(Projectname, kProjectFilter, true);
@@ -26,7 +27,7 @@ void Wizard::mnuViewOldprojectFile_Click() {
 
 void Wizard::mnuViewNewProjectFile_Click() {
     if (NewProjectName.empty()) {
-        modMessages::ShowMessageID(10022, mb::kOKOnly, "View New Project File", "", Box());
+        modMessages::ShowMessageID(View(), 10022, mb::kOKOnly, "View New Project File", "", Box());
         return;
     }
     ViewFile(modUtilities::MakeFullPathforFile(NewRootPath, NewProjectName), kProjectFilter, true);
@@ -42,7 +43,7 @@ void Wizard::mnuViewFile_Click() {
 }
 
 void Wizard::mnuViewHTM_Click() {
-    modMessages::ShowMessage("Not implemented", mb::kOKOnly, "View Topic File", Box());
+    modMessages::ShowMessage(View(), "Not implemented", mb::kOKOnly, "View Topic File", Box());
 }
 
 // Shows a log from the new project's folder when it has been written there,
@@ -50,7 +51,7 @@ void Wizard::mnuViewHTM_Click() {
 void Wizard::ViewReportOrFile(std::unique_ptr<CSummary>& log, const std::string& fileName) {
     if (!NewRootPath.empty()) {
         const std::string path = modUtilities::MakeFullPathforFile(NewRootPath, fileName);
-        if (modUtilities::FileExists(path)) ViewFile(path, kLogFilter, false);
+        if (modUtilities::FileExists(Files, path)) ViewFile(path, kLogFilter, false);
         return;
     }
     if (log) log->Show(0);
@@ -58,18 +59,18 @@ void Wizard::ViewReportOrFile(std::unique_ptr<CSummary>& log, const std::string&
 
 void Wizard::mnuViewScanLog_Click() {
     if (Projectname.empty()) {
-        modMessages::ShowMessageID(10022, mb::kOKOnly, "View Scan Log", "", Box());
+        modMessages::ShowMessageID(View(), 10022, mb::kOKOnly, "View Scan Log", "", Box());
         return;
     }
     if (RewriteDone) {
         const std::string path = modUtilities::MakeFullPathforFile(NewRootPath, "scan.log");
-        if (modUtilities::FileExists(path)) ViewFile(path, kLogFilter, false);
+        if (modUtilities::FileExists(Files, path)) ViewFile(path, kLogFilter, false);
     } else if (!ScanComplete) {
-        modMessages::ShowMessageID(10009, mb::kInformation, "View Scan Log", "", Box());
+        modMessages::ShowMessageID(View(), 10009, mb::kInformation, "View Scan Log", "", Box());
     } else if (scanLog_) {
         scanLog_->Show(0);
     } else {
-        modMessages::ShowMessageID(10022, mb::kOKOnly, "View Scan Log", "", Box());
+        modMessages::ShowMessageID(View(), 10022, mb::kOKOnly, "View Scan Log", "", Box());
     }
 }
 
@@ -86,7 +87,7 @@ void Wizard::mnuOptionsHTML_Click() {
 
 void Wizard::mnuOptionsIgnoreZeroIDs_Click() {
     menus.mnuOptionsIgnoreZeroIDs.checked = !menus.mnuOptionsIgnoreZeroIDs.checked;
-    modGlobals::IgnoreZeroIDs = menus.mnuOptionsIgnoreZeroIDs.checked;
+    Globals.IgnoreZeroIDs = menus.mnuOptionsIgnoreZeroIDs.checked;
     controls.chkIgnoreZeroIDs = menus.mnuOptionsIgnoreZeroIDs.checked;
     Changed();
 }
@@ -98,12 +99,13 @@ void Wizard::mnuOptionsReformatMap_Click() {
 
 void Wizard::mnuOptionsReadNameValue_Click() {
     menus.mnuOptionsReadNameValue.checked = !menus.mnuOptionsReadNameValue.checked;
-    modGlobals::ReadNameValueLines = menus.mnuOptionsReadNameValue.checked;
+    Globals.ReadNameValueLines = menus.mnuOptionsReadNameValue.checked;
     Changed();
 }
 
 void Wizard::mnuOptionstest_Click() {
-    modMessages::ShowMessage(modMessages::FromCatalogue(10000), mb::kYesNo, "testing", Box());
+    modMessages::ShowMessage(View(), modMessages::FromCatalogue(10000), mb::kYesNo, "testing",
+                             Box());
 }
 
 void Wizard::mnuHelpAbout_Click() { view_.ShowAbout(); }

@@ -3,6 +3,7 @@
 // and the step 0 and step 5 check boxes that hold for the rest of the run.
 #include <algorithm>
 
+#include "model/conversion.h"
 #include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/path_helpers.h"
@@ -55,7 +56,7 @@ void Wizard::RememberProject(const std::string& path) {
 void Wizard::ProposeWinHelpProject() {
     if (!controls.txtWinhelpProjectName.empty()) return;
     const std::string candidate = ProjectFolder + FileBaseName(Projectname) + ".hpj";
-    if (modUtilities::FileExists(candidate)) controls.txtWinhelpProjectName = candidate;
+    if (modUtilities::FileExists(Files, candidate)) controls.txtWinhelpProjectName = candidate;
 }
 
 // "<folder>-new" beside the input folder, or "-new2" ... when that is taken.
@@ -67,7 +68,9 @@ void Wizard::SuggestNewProjectPath() {
     if (modUtilities::FileNameNoPath(folder).empty() || folder.back() == ':') return;
     for (int n = 1; n <= kFolderTries; ++n) {
         const std::string candidate = folder + "-new" + (n == 1 ? "" : std::to_string(n));
-        if (modUtilities::FolderExists(candidate) || modUtilities::FileExists(candidate)) continue;
+        if (modUtilities::FolderExists(Files, candidate) ||
+            modUtilities::FileExists(Files, candidate))
+            continue;
         controls.txtRootPath = candidate + separator + modUtilities::FileNameNoPath(Projectname);
         return;
     }
@@ -75,7 +78,7 @@ void Wizard::SuggestNewProjectPath() {
 
 void Wizard::ResetOptions() {
     options_.reset();
-    modGlobals::IgnoreZeroIDs = true;
+    Globals.IgnoreZeroIDs = true;
     menus.mnuOptionsIgnoreZeroIDs.checked = controls.chkIgnoreZeroIDs = true;
     menus.mnuOptionsReformatMap.checked = false;
     menus.mnuToolsFormatMapFiles.enabled = false;

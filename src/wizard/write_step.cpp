@@ -1,5 +1,6 @@
 // The write itself, kept apart from the checks because it needs every writer.
 #include "wizard/write_step.h"
+#include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "parser/undefined_ids.h"
@@ -9,11 +10,11 @@
 
 namespace tamrix {
 
-bool cmdRewrite(WizardState& wizard, const std::string& txtRootPath) {
-    return Guarded("frmWizard:cmdRewrite", false, [&] {
+bool cmdRewrite(Conversion& wizard, const std::string& txtRootPath) {
+    return Guarded(wizard.Errors, "frmWizard:cmdRewrite", false, [&] {
         if (!CheckNewProjectTarget(wizard, txtRootPath)) return false;
-        SharedFileSystem().SetWriteRoot(wizard.NewRootPath.empty() ? std::string(".")
-                                                                   : wizard.NewRootPath);
+        wizard.Files.SetWriteRoot(wizard.NewRootPath.empty() ? std::string(".")
+                                                             : wizard.NewRootPath);
         wizard.Refresh();
         wizard.RewriteDone = false;
         wizard.GetHTMLOptions();
@@ -22,7 +23,7 @@ bool cmdRewrite(WizardState& wizard, const std::string& txtRootPath) {
         if (ok)
             ok = modRewrite::CopyImageFolder(wizard, wizard.Projectname, wizard.NewRootPath, false);
         int zeroCount = 0;
-        const int undefined = modUtilities::UndefinedIDs(zeroCount);
+        const int undefined = modUtilities::UndefinedIDs(wizard, zeroCount);
         if (undefined > 0)
             wizard.StepMessage += modMessages::GetMessageString(10051, std::to_string(undefined));
         wizard.RewriteDone = ok;

@@ -3,18 +3,18 @@
 // overwrite questions, and the write itself.
 #include <string>
 
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 
 namespace tamrix {
 
-// True when the write was run (its own success goes to wizard.RewriteDone),
-// false when a check or the user stopped it. Nothing is written outside
-// wizard.NewRootPath.
-bool cmdRewrite(WizardState& wizard, const std::string& txtRootPath);
+/// True when the write was run (its own success goes to wizard.RewriteDone),
+/// false when a check or the user stopped it. Nothing is written outside
+/// wizard.NewRootPath.
+bool cmdRewrite(Conversion& wizard, const std::string& txtRootPath);
 
-// The checks and questions before the write, creating the new folder when the
-// user agrees: true when the write may go ahead. Also fixes the write root of
-// the file-system service to the new folder.
-bool CheckNewProjectTarget(WizardState& wizard, const std::string& txtRootPath);
+/// The checks and questions before the write, creating the new folder when the
+/// user agrees: true when the write may go ahead. Also fixes the write root of
+/// the file-system service to the new folder.
+bool CheckNewProjectTarget(Conversion& wizard, const std::string& txtRootPath);
 
 }  // namespace tamrix

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <sstream>
 
 #include "cli/cli_options.h"
@@ -34,6 +35,9 @@ TEST(CliArguments, UsageErrorsExitWithTwo) {
         {{"scan", "a.hhp", "--popups"}, 2, ""},  // convert-only option
         {{"convert", "a.hhp", "b.hhp", "--answer", "10038=maybe"}, 2, "--answer takes ID="},
         {{"convert", "a.hhp", "b.hhp", "--css="}, 2, ""},
+        {{"convert", "a.hhp", "b/", "c.hhp", "d/"}, 2, "give --yes or --no"},
+        {{"convert", "a.hhp", "b/", "c.hhp", "--yes"}, 2, "for every project"},
+        {{"convert", "a.hhp", "b/", "c.hhp", "d/", "--yes", "--hpj", "a.hpj"}, 2, "no --hpj"},
         {{"--help"}, 0, ""},
         {{"--version"}, 0, "Tamrix 1."},
     };
@@ -131,6 +135,44 @@ TEST_F(CliConvert, ScanWritesTheScanLog) {
     ASSERT_EQ(toFile.status, 0);
     EXPECT_NE(dir.Read("scan.log").find("Untitled Topics: 11"), std::string::npos);
     EXPECT_EQ(RunCliWith({"scan", dir / "missing.hhp"}).status, 1);
+}
+
+}  // namespace
+}  // namespace tamrix
+
+namespace tamrix {
+namespace {
+
+// A batch reports every project on a line of its own, in the order given, then a
+// total, and exits with the worst status; its good projects are written in full.
+TEST(CliBatch, EveryProjectOnALineTheWorstStatusWins) {
+    testing::TempDir dir;
+    const std::string list =
+        dir.Write("list.txt", "# projects\r\n\r\n\"" + Sample("TideClock.hhp") + "\" \"" +
+                                  (dir / "one/") + "\" " + Sample("TideClock.hpj") + "\r\n" +
+                                  (dir / "missing.hhp") + " " + (dir / "two/") + "\r\n" +
+                                  Sample("TideClock.hhp") + "\t" + (dir / "three/") + "\n");
+    const CliRun run = RunCliWith({"convert", "--batch", list, "--yes"});
+    EXPECT_EQ(run.status, 1) << run.err;
+    const std::size_t first = run.out.find("[1/3] ");
+    const std::size_t second = run.out.find("[2/3] ");
+    ASSERT_NE(second, std::string::npos) << run.out;
+    EXPECT_LT(first, second);
+    EXPECT_NE(run.out.find("two/: stopped at a step"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("Total: 3 projects, 2 done, 0 with problems, 1 stopped"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.err.find("    tamrix-cli: stopped at step 1"), std::string::npos) << run.err;
+    // The first project had its .hpj, so its map header came along; the third had none.
+    EXPECT_TRUE(std::filesystem::is_regular_file(dir / "one/NewMap.h"));
+    EXPECT_TRUE(std::filesystem::is_regular_file(dir / "three/TideClock.hhp"));
+    EXPECT_FALSE(std::filesystem::exists(dir / "three/NewMap.h"));
+
+    const std::string bad = dir.Write("bad.txt", "a.hhp b/\n\"c.hhp d/\n");
+    const CliRun refused = RunCliWith({"convert", "--batch", bad, "--no"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_NE(refused.err.find("bad.txt:2: a quoted name has no closing quote"), std::string::npos)
+        << refused.err;
 }
 
 }  // namespace

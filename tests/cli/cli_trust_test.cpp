@@ -116,6 +116,8 @@ TEST_F(CliTrust, WritesIntoTheInputFolderAreRefusedNamedAndCounted) {
     EXPECT_TRUE(Has(run.err, "/X/html/main_index.htm\": it lies in the input project's folder"));
     EXPECT_TRUE(Has(run.err, "(repeated "));
     EXPECT_TRUE(Has(run.err, "Refused to write "));
+    EXPECT_FALSE(Has(run.err, " 1 error report(s)")) << "repeats are counted too";
+    EXPECT_TRUE(Has(run.err, " error report(s) during the run.")) << run.err;
     EXPECT_TRUE(Has(testing::ReadFileBytes(dir / "X/rewrite.log"),
                     "it lies in the input project's folder"));
     const auto diff = testing::Differences(inputBefore, testing::TakeSnapshot(dir / "X/html"));

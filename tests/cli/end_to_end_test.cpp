@@ -9,6 +9,7 @@
 #include "check/context_map.h"
 #include "check/project_check.h"
 #include "platform/byte_text.h"
+#include "platform/file_system.h"
 #include "platform/profile.h"
 #include "support/cli_run.h"
 #include "support/temp_dir.h"
@@ -109,7 +110,8 @@ TEST_F(EndToEnd, TheWrittenProjectPassesTheCheckAndNamesItsUnaliasedIds) {
     EXPECT_EQ(report.Errors(), 0u) << check::ReportText(report);
     const std::string rewriteLog = Out("rewrite.log");
     std::vector<check::Problem> ignored;
-    const check::ProjectSections sections(project);
+    FileSystem fs;
+    const check::ProjectSections sections(fs, project);
     for (const auto& id : check::ReadContextMap(sections, ignored).definitions) {
         const bool unaliased = std::any_of(
             report.problems.begin(), report.problems.end(), [&](const check::Problem& p) {

@@ -43,7 +43,7 @@ protected:
             offeredSelection = hasSelection;
             return printAnswer;
         };
-        form = std::make_unique<FrmSummary>(options);
+        form = std::make_unique<FrmSummary>(errors, options);
     }
     void TearDown() override { unsetenv("SOURCE_DATE_EPOCH"); }
 
@@ -79,7 +79,7 @@ protected:
     }
 
     testing::ScriptedView view;
-    ScopedActiveView active{view};
+    ErrorReporter errors{view};
     testing::TempDir dir;
     QPrinter printer{QPrinter::HighResolution};
     std::unique_ptr<FrmSummary> form;

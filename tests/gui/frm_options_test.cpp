@@ -16,9 +16,10 @@ namespace tamrix::gui {
 namespace {
 
 TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
+    testing::ScriptedView view;
     OptionsDialog dialog;
     dialog.txtCssFileName.clear();
-    FrmOptions form;
+    FrmOptions form(view);
     form.Load(dialog);
     EXPECT_EQ(form.windowTitle(), "HTML Options");
     EXPECT_EQ(form.CssFileName()->text(), "HHStyles.css");  // an empty name is put back
@@ -38,9 +39,8 @@ TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
 
 TEST(FrmOptionsTest, OKWithAnEmptyNameIsRefusedAndTheDialogStays) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
     OptionsDialog dialog;
-    FrmOptions form;
+    FrmOptions form(view);
     form.Load(dialog);
     form.show();
     form.CssFile()->click();

@@ -41,7 +41,7 @@ protected:
     }
 
     testing::ScriptedView view;
-    ScopedActiveView active{view};
+    ErrorReporter errors{view};
     testing::TempDir dir;
     std::deque<SaveChoice> saveAnswers;
     std::vector<FileDialogRequest> saveRequests;
@@ -51,7 +51,7 @@ const std::string kLog = "Scan Summary\r\nTamrix Version 1.0.0\r\nCaf\xE9 \x80 5
 
 TEST_F(FrmSummaryTest, ReadOnlyFileIsNotSavedUnderItsOwnName) {
     const std::string path = dir.Write("scan.log", kLog);
-    FrmSummary form(Options());
+    FrmSummary form(errors, Options());
     ASSERT_TRUE(form.LoadFile(path, FrmSummary::kPlainText));
     form.SetReadOnly(true);
     form.RTFItems()->setPlainText("changed");
@@ -85,7 +85,7 @@ TEST_F(FrmSummaryTest, ReadOnlyFileIsNotSavedUnderItsOwnName) {
 }
 
 TEST_F(FrmSummaryTest, SaveOffersTheFiltersAndTheProposedName) {
-    FrmSummary form(Options());
+    FrmSummary form(errors, Options());
     form.SetSaveFileName("Scan Summary");
     form.SetPlainText(kLog);
     saveAnswers = {
@@ -114,7 +114,7 @@ QString LogFamily() {
 }
 
 TEST_F(FrmSummaryTest, ShowsTheLogInCourierNew9) {
-    FrmSummary form(Options());
+    FrmSummary form(errors, Options());
     form.SetPlainText(kLog);
     EXPECT_EQ(form.RTFItems()->toPlainText(), QString::fromUtf8("Scan Summary\nTamrix Version "
                                                                 "1.0.0\nCaf\u00e9 \u20ac 5\n"));
@@ -129,7 +129,7 @@ TEST_F(FrmSummaryTest, ShowsTheLogInCourierNew9) {
 }
 
 TEST_F(FrmSummaryTest, WithoutPrinterPrintIsHiddenAndHelpIsShort) {
-    FrmSummary form(Options(false));
+    FrmSummary form(errors, Options(false));
     QAction* print = form.findChild<QAction*>("mnuFilePrint");
     ASSERT_NE(print, nullptr);
     EXPECT_FALSE(print->isVisible());
@@ -155,7 +155,7 @@ TEST_F(FrmSummaryTest, WithPrinterTheTextWrapsAtThePageWidth) {
     printer.setPageSize(QPageSize(QPageSize::Letter));
     auto options = Options(true);
     options.printer = &printer;
-    FrmSummary form(options);
+    FrmSummary form(errors, options);
     EXPECT_TRUE(form.findChild<QAction*>("mnuFilePrint")->isVisible());
     EXPECT_TRUE(form.InitRTFWidth());
     EXPECT_EQ(form.RTFItems()->lineWrapMode(), QTextEdit::FixedPixelWidth);
@@ -175,7 +175,7 @@ TEST_F(FrmSummaryTest, WithPrinterTheTextWrapsAtThePageWidth) {
 }
 
 TEST_F(FrmSummaryTest, ToolbarFollowsTheSelection) {
-    FrmSummary form(Options());
+    FrmSummary form(errors, Options());
     form.SetPlainText("abc def\r\nsecond\r\n");
     QTextEdit* edit = form.RTFItems();
     QAction* bold = form.ToolbarButton("Bold");
@@ -248,7 +248,7 @@ TEST_F(FrmSummaryTest, KeysFindSavePrintAndClose) {
         return std::optional<QString>("version");
     };
     options.saveFolder = [this] { return dir.Path(); };
-    FrmSummary form(options);
+    FrmSummary form(errors, options);
     form.SetPlainText(kLog);
     QSignalSpy closing(&form, &FrmSummary::CloseForm);
     form.show();
@@ -279,7 +279,7 @@ TEST_F(FrmSummaryTest, KeysFindSavePrintAndClose) {
 }
 
 TEST_F(FrmSummaryTest, CloseRaisesCloseFormAndClearEmpties) {
-    FrmSummary form(Options());
+    FrmSummary form(errors, Options());
     form.SetPlainText(kLog);
     QSignalSpy closing(&form, &FrmSummary::CloseForm);
     form.show();
@@ -298,7 +298,7 @@ TEST_F(FrmSummaryTest, CloseRaisesCloseFormAndClearEmpties) {
 TEST_F(FrmSummaryTest, LoadsRtfAndFallsBackToTextForOtherBytes) {
     const std::string rtf = dir.Write("a.rtf", "{\\rtf1{\\b Bold} text}");
     const std::string fake = dir.Write("b.rtf", "not rich");
-    FrmSummary form(Options());
+    FrmSummary form(errors, Options());
     ASSERT_TRUE(form.LoadFile(rtf, FrmSummary::kRichText));
     EXPECT_EQ(form.RTFItems()->toPlainText(), "Bold text");
     EXPECT_EQ(FormatAt(*form.RTFItems()->document(), 0).fontWeight(), QFont::Bold);

@@ -52,15 +52,11 @@ protected:
             return true;
         };
         window = std::make_unique<FrmWizard>(options);
-        active = std::make_unique<ScopedActiveView>(*window);
         window->show();
         window->Start();
     }
     void TearDown() override {
-        active.reset();
         window.reset();
-        SharedFileSystem().SetWriteRoot({});
-        modGlobals::ResetAll();
         ::unsetenv("SOURCE_DATE_EPOCH");
     }
 
@@ -97,7 +93,6 @@ protected:
 
     testing::TempDir dir;
     std::unique_ptr<FrmWizard> window;
-    std::unique_ptr<ScopedActiveView> active;
     // Messages are recorded and answered as by the scripted view.
     testing::ScriptedView script;
     std::vector<MessageRequest>& messages = script.messages;

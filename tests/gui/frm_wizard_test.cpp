@@ -182,12 +182,12 @@ TEST_F(FrmWizardTest, MenusFollowTheBusyStateAndToggles) {
     QAction* ignoreZero = window->MenuAction("mnuOptionsIgnoreZeroIDs");
     ignoreZero->trigger();
     EXPECT_FALSE(ignoreZero->isChecked());
-    EXPECT_FALSE(modGlobals::IgnoreZeroIDs);
+    EXPECT_FALSE(window->GetWizard().Globals.IgnoreZeroIDs);
     QAction* nameValue = window->MenuAction("mnuOptionsReadNameValue");
     EXPECT_FALSE(nameValue->isChecked());
     nameValue->trigger();
     EXPECT_TRUE(nameValue->isChecked());
-    EXPECT_TRUE(modGlobals::ReadNameValueLines);
+    EXPECT_TRUE(window->GetWizard().Globals.ReadNameValueLines);
     // The View menu's entries reach the wizard (a message of their own without a project).
     window->MenuAction("mnuViewOldprojectFile")->setEnabled(true);
     window->MenuAction("mnuViewOldprojectFile")->trigger();

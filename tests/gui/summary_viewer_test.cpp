@@ -31,14 +31,14 @@ protected:
     }
 
     testing::ScriptedView view;
-    ScopedActiveView active{view};
+    ErrorReporter errors{view};
     testing::TempDir dir;
     std::string openAnswer;
     std::vector<FileDialogRequest> openRequests;
 };
 
 TEST_F(SummaryViewerTest, ShowsTheLogAndHidesOnClose) {
-    CSummary report;
+    CSummary report{errors};
     ASSERT_NE(report.Viewer(), nullptr);
     report.SetName("Scan Summary");
     ASSERT_TRUE(report.OpenSummary(0));
@@ -59,7 +59,7 @@ TEST_F(SummaryViewerTest, ShowsTheLogAndHidesOnClose) {
 }
 
 TEST_F(SummaryViewerTest, ModalShowReturnsWhenTheWindowIsClosed) {
-    CSummary report;
+    CSummary report{errors};
     report.OpenSummary(0);
     FrmSummary& form = FormOf(report);
     bool wasModal = false;
@@ -77,7 +77,7 @@ TEST_F(SummaryViewerTest, ViewFileLoadsRichTextOnlyForAnRtfExtension) {
     const std::string rtf = "{\\rtf1{\\b Hello} there}";
     const std::string bak = dir.Write("notes.RTF.bak", rtf);
     const std::string rich = dir.Write("Report.Rtf", rtf);
-    CSummary report;
+    CSummary report{errors};
 
     report.ViewFile("Logs|*.log", true, bak);
     FrmSummary& form = FormOf(report);
@@ -96,7 +96,7 @@ TEST_F(SummaryViewerTest, ViewFileLoadsRichTextOnlyForAnRtfExtension) {
 
 TEST_F(SummaryViewerTest, ViewFileWithoutANameAsksForAnExistingFile) {
     const std::string log = dir.Write("scan.log", "line\r\n");
-    CSummary report;
+    CSummary report{errors};
     openAnswer = "";
     report.ViewFile("Log Files (*.log)|*.log", true, "");
     ASSERT_EQ(openRequests.size(), 1u);

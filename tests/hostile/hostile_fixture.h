@@ -103,17 +103,9 @@ protected:
 
     void SetUp() override {
         testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
-        modGlobals::ResetAll();
-        modRewrite::ClearRefusedFiles();
         wizard.Start();
     }
-    void TearDown() override {
-        SharedFileSystem().SetWriteRoot({});
-        SharedFileSystem().ForgetListings();
-        modGlobals::ResetAll();
-        modRewrite::ClearRefusedFiles();
-        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
-    }
+    void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
 
     std::string In(const std::string& rel) const { return dir / (std::string(kIn) + "/" + rel); }
     std::string Out(const std::string& rel) const { return dir / (std::string(kOut) + "/" + rel); }
@@ -168,7 +160,6 @@ protected:
 
     TempDir dir;
     ScriptedWizardView view;
-    ScopedActiveView active{view};
     Wizard wizard{view};
     Snapshot before;
 };

@@ -41,9 +41,9 @@ TEST_F(HostileInput, NamesThatClimbOutAreRefused) {
     const MessageRequest* refused = view.FindMessage(kOutside);
     ASSERT_NE(refused, nullptr) << AllMessages();
     EXPECT_NE(refused->text.find("IDH_OUTSIDE.htm"), std::string::npos) << refused->text;
-    EXPECT_EQ(modRewrite::RefusedFiles().size(), 2u);
+    EXPECT_EQ(wizard.Globals.RefusedFiles.size(), 2u);
     EXPECT_NE(view.FindMessage("cannot be a file name"), nullptr) << AllMessages();
-    EXPECT_EQ(modRewrite::RefusedTopicIDs().size(), 3u) << AllMessages();
+    EXPECT_EQ(wizard.Globals.RefusedTopicIDs.size(), 3u) << AllMessages();
     for (const char* kept : {"html/gen00003.htm", "html/gen00004.htm", "html/gen00005.htm"})
         EXPECT_TRUE(fs::exists(Out(kept))) << kept;
     EXPECT_TRUE(fs::exists(Out("html/IDH_FIRST.htm")));
@@ -62,9 +62,8 @@ TEST_F(HostileInput, ALinkedFolderInTheNewFolderLeadsNowhere) {
     before = testing::TakeSnapshot(dir.Path(), kOut);
     Convert();
     EXPECT_TRUE(fs::is_empty(dir / "elsewhere")) << AllMessages();
-    ASSERT_FALSE(SharedFileSystem().RefusedWrites().empty());
-    EXPECT_EQ(SharedFileSystem().RefusedWrites()[0].reason,
-              "it lies outside the new project folder");
+    ASSERT_FALSE(wizard.Files.RefusedWrites().empty());
+    EXPECT_EQ(wizard.Files.RefusedWrites()[0].reason, "it lies outside the new project folder");
     ExpectOnlyNewFolderWritten();
 }
 

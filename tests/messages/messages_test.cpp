@@ -36,10 +36,9 @@ TEST(GetMessageString, FillsPlaceholdersOnceAndNamesAMissingId) {
 
 TEST(MessageBoxes, CarryTheCatalogueIdAndReturnTheButtonPressed) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
-    ShowMessageID(10008, mb::kInformation, "HTML Help Project File", "", BoxPosition{10, 20});
-    ShowMessageID(99999, mb::kOKOnly, "T");
-    ShowMessage(FromCatalogue(10069, "a.hhp"), mb::kOKOnly, "Open");
+    ShowMessageID(view, 10008, mb::kInformation, "HTML Help Project File", "", BoxPosition{10, 20});
+    ShowMessageID(view, 99999, mb::kOKOnly, "T");
+    ShowMessage(view, FromCatalogue(10069, "a.hhp"), mb::kOKOnly, "Open");
     ASSERT_EQ(view.messages.size(), 3u);
     EXPECT_EQ(view.messages[0].text, *CatalogueText(10008) + "\r\n");
     EXPECT_EQ(view.messages[0].catalogueId, 10008);
@@ -51,11 +50,12 @@ TEST(MessageBoxes, CarryTheCatalogueIdAndReturnTheButtonPressed) {
     EXPECT_EQ(view.messages[2].catalogueId, 10069);
 
     view.answers = {mb::kYes, mb::kOK};
-    EXPECT_EQ(AskMessage("q", 36, "t"), mb::kYes);
-    EXPECT_EQ(AskMessage("q", 36, "t"), mb::kOK);  // closed through the system menu
+    EXPECT_EQ(AskMessage(view, "q", 36, "t"), mb::kYes);
+    EXPECT_EQ(AskMessage(view, "q", 36, "t"), mb::kOK);  // closed through the system menu
     view.answersById[10038] = mb::kYes;
-    EXPECT_EQ(AskMessage(FromCatalogue(10038, "a", "b"), 36, "t"), mb::kYes);
-    EXPECT_EQ(AskMessage("unknown", 36, "t"), mb::kNo);  // the silent answer is the negative one
+    EXPECT_EQ(AskMessage(view, FromCatalogue(10038, "a", "b"), 36, "t"), mb::kYes);
+    EXPECT_EQ(AskMessage(view, "unknown", 36, "t"),
+              mb::kNo);  // the silent answer is the negative one
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "support/scripted_view.h"
+
 #include "model/context_id_index.h"
 
 namespace tamrix {
@@ -13,13 +15,15 @@ std::vector<std::string> Values(const std::vector<NamedDefinition>& found) {
 }
 
 TEST(ContextIDIndexTest, FindsEveryDefinitionOfANameMapFilesFirstInCollectionOrder) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     CContextIDs map;
     CContextIDs project;
-    project.Add("IDH_A", "5", "IDH_A");
-    map.Add("idh_a", "1", "");
-    map.Add("IDH_B", "2", "IDH_B");
-    map.Add("Idh_A", "3", "");  // unkeyed records may repeat a name
-    map.Add("", "7", "");
+    project.Add(errors, "IDH_A", "5", "IDH_A");
+    map.Add(errors, "idh_a", "1", "");
+    map.Add(errors, "IDH_B", "2", "IDH_B");
+    map.Add(errors, "Idh_A", "3", "");  // unkeyed records may repeat a name
+    map.Add(errors, "", "7", "");
     const ContextIDIndex index(&map, &project);
     EXPECT_EQ(Values(index.Named("IDH_a")), (std::vector<std::string>{"1 map", "3 map", "5 hpj"}));
     EXPECT_EQ(Values(index.Named("idh_b")), std::vector<std::string>{"2 map"});

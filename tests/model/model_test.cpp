@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "model/conversion.h"
 #include "model/project_state.h"
-#include "model/wizard_state.h"
 #include "support/scripted_view.h"
 
 namespace tamrix {
@@ -9,17 +9,15 @@ namespace {
 
 class ModelTest : public ::testing::Test {
 protected:
-    void SetUp() override { modGlobals::ResetAll(); }
-    void TearDown() override { modGlobals::ResetAll(); }
     testing::ScriptedView view;
-    ScopedActiveView active{view};
+    ErrorReporter errors{view};
 };
 
 TEST_F(ModelTest, ContextIdsWithAnEmptyKeyMayShareAName) {
     CContextIDs ids;
-    EXPECT_NE(ids.Add("IDH_A", "1", ""), nullptr);
-    EXPECT_NE(ids.Add("IDH_A", "2", ""), nullptr);
-    EXPECT_NE(ids.Add("IDH_B", "&H10", "IDH_B"), nullptr);
+    EXPECT_NE(ids.Add(errors, "IDH_A", "1", ""), nullptr);
+    EXPECT_NE(ids.Add(errors, "IDH_A", "2", ""), nullptr);
+    EXPECT_NE(ids.Add(errors, "IDH_B", "&H10", "IDH_B"), nullptr);
     EXPECT_EQ(ids.Count(), 3);
     EXPECT_EQ(ids.Item("idh_b")->ContextID, "&H10");
     EXPECT_EQ(ids.Item(2)->ContextID, "2");
@@ -28,8 +26,8 @@ TEST_F(ModelTest, ContextIdsWithAnEmptyKeyMayShareAName) {
 
 TEST_F(ModelTest, ADuplicateKeyIsReportedWithTheCollectionsPlace) {
     CContextIDs ids;
-    ids.Add("IDH_A", "1", "IDH_A");
-    EXPECT_EQ(ids.Add("idh_a", "2", "IDH_a"), nullptr);
+    ids.Add(errors, "IDH_A", "1", "IDH_A");
+    EXPECT_EQ(ids.Add(errors, "idh_a", "2", "IDH_a"), nullptr);
     EXPECT_EQ(ids.Count(), 1);
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_EQ(view.errors[0].first,
@@ -89,7 +87,7 @@ TEST_F(ModelTest, IndexedLookupsKeepTheFirstMatchInCollectionOrder) {
 }
 
 TEST_F(ModelTest, ProgressIgnoresValuesAboveTheMaximumAndRepaintsEveryTenth) {
-    WizardState wizard(&view);
+    Conversion wizard(view);
     modUtilities::InitializeProgressBar(wizard, 0, "Parsing Project File");
     EXPECT_EQ(wizard.ProgressCaption(), "Parsing Project File");
     EXPECT_FALSE(wizard.ProgressVisible());

@@ -29,9 +29,9 @@ protected:
         EXPECT_TRUE(hasAlias);
         EXPECT_TRUE(hasMap);
         ASSERT_TRUE(ParseWinProjectFile(wizard, CorpusPath(hpj)));
-        EXPECT_EQ(modGlobals::MapFileCount, 0);
+        EXPECT_EQ(wizard.Globals.MapFileCount, 0);
         EXPECT_EQ(view.MessageIds(), (std::vector<long>{10036, 10036}));
-        EXPECT_EQ(modGlobals::ProjectAliases->Count(), 41);
+        EXPECT_EQ(wizard.Globals.ProjectAliases->Count(), 41);
         EXPECT_TRUE(view.errors.empty());
     }
 };
@@ -41,7 +41,7 @@ TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
     EXPECT_EQ(missing, 0);
     EXPECT_FALSE(stopped);
     // All 82 [FILES] entries exist on disk, each with a head and a non-empty title.
-    const CTopicFiles& topics = *modGlobals::TopicFiles;
+    const CTopicFiles& topics = *wizard.Globals.TopicFiles;
     ASSERT_EQ(topics.Count(), 82);
     // The project names it in Windows-1252; the disk holds it as UTF-8.
     const auto disenos = topics.Find("dise\xF1os.htm");
@@ -61,7 +61,7 @@ TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
     // Counted by hand: the listed files holding <TITLE>(Untitled)</TITLE>, found with
     //   grep -il '<title>(untitled)</title>' over the 82 entries of [FILES]
     // (the entries converted from Windows-1252 to the UTF-8 names on disk): 41.
-    EXPECT_EQ(modUtilities::UntitledTopics(&topics), 41);
+    EXPECT_EQ(modUtilities::UntitledTopics(wizard.Errors, &topics), 41);
     EXPECT_TRUE(view.messages.empty());
     EXPECT_TRUE(view.errors.empty());
     EXPECT_TRUE(modUtilities::UpdateInternalReferences(wizard));
@@ -69,52 +69,52 @@ TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
 
 TEST_F(CorpusProjects, DraftCableContentsAndIndexAreRead) {
     const std::string project = CorpusPath("draftcable/Copia de DraftCable.hhp");
-    const std::string contents = GetContentsFileName(project);
-    const std::string index = GetIndexFileName(project);
+    const std::string contents = GetContentsFileName(wizard, project);
+    const std::string index = GetIndexFileName(wizard, project);
     EXPECT_TRUE(EndsWithNoCase(contents, "/draftcable/Table of Contents.hhc")) << contents;
     EXPECT_TRUE(EndsWithNoCase(index, "/draftcable/DraftCable.hhk")) << index;
-    modGlobals::ContentsTargets = std::make_shared<CTargets>();
-    modGlobals::IndexTargets = std::make_shared<CTargets>();
-    EXPECT_TRUE(ParseContentsFile(contents));
-    EXPECT_TRUE(ParseIndexFile(index));
-    EXPECT_GT(modGlobals::ContentsTargets->Count(), 10);
-    EXPECT_GT(modGlobals::IndexTargets->Count(), 10);
-    for (const auto& t : *modGlobals::ContentsTargets)
+    wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
+    wizard.Globals.IndexTargets = std::make_shared<CTargets>();
+    EXPECT_TRUE(ParseContentsFile(wizard, contents));
+    EXPECT_TRUE(ParseIndexFile(wizard, index));
+    EXPECT_GT(wizard.Globals.ContentsTargets->Count(), 10);
+    EXPECT_GT(wizard.Globals.IndexTargets->Count(), 10);
+    for (const auto& t : *wizard.Globals.ContentsTargets)
         EXPECT_EQ(t->TargetString.find('#'), std::string::npos) << t->TargetString;
 }
 
 TEST_F(CorpusProjects, WaveSoapParses) {
     ASSERT_TRUE(Parse(CorpusPath("wavesoap/WaveSoap.hhp")));
     EXPECT_EQ(missing, 0);
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 62);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 62);
     // 36 of its html\*.htm files hold <TITLE>(Untitled)</TITLE> (grep -il).
-    EXPECT_EQ(modUtilities::UntitledTopics(modGlobals::TopicFiles.get()), 36);
+    EXPECT_EQ(modUtilities::UntitledTopics(wizard.Errors, wizard.Globals.TopicFiles.get()), 36);
     EXPECT_TRUE(view.errors.empty());
 }
 
 TEST_F(CorpusProjects, DraftCableWinHelpAliasesAreReadAndAbsoluteIncludesSkipped) {
     ReadWinHelp("draftcable/DraftCable.hpj");
-    const auto& aliases = *modGlobals::ProjectAliases;
+    const auto& aliases = *wizard.Globals.ProjectAliases;
     EXPECT_EQ(aliases.Item(1)->ContextID + "=" + aliases.Item(1)->TopicID,
               "HIDR_MAINFRAME=main_index");
     EXPECT_EQ(aliases.Item(41)->ContextID + "=" + aliases.Item(41)->TopicID,
               "AFX_HIDP_FAILED_TO_AUTO_REGISTER=AFX_HIDP_default");
-    EXPECT_EQ(modGlobals::ContentsTopic, "main_index");
+    EXPECT_EQ(wizard.Globals.ContentsTopic, "main_index");
 }
 
 TEST_F(CorpusProjects, DraftCableMapHeaderReadsItsHexadecimalDefinitions) {
-    ASSERT_TRUE(ParseMapFile(CorpusPath("draftcable/DraftCable.h"), 1));
-    ASSERT_EQ(modGlobals::MapContextIDs->Count(), 103);
-    const auto first = modGlobals::MapContextIDs->Item(1);
+    ASSERT_TRUE(ParseMapFile(wizard, CorpusPath("draftcable/DraftCable.h"), 1));
+    ASSERT_EQ(wizard.Globals.MapContextIDs->Count(), 103);
+    const auto first = wizard.Globals.MapContextIDs->Item(1);
     EXPECT_EQ(first->ContextString + "=" + first->ContextID, "HID_VIEW_ARRANGE=&H1007F");
     EXPECT_EQ(first->ContextIDVal, 0x1007F);
-    EXPECT_TRUE(modGlobals::InvalidContextIDs.empty());
-    EXPECT_FALSE(modGlobals::DuplicateContextIDs);
+    EXPECT_TRUE(wizard.Globals.InvalidContextIDs.empty());
+    EXPECT_FALSE(wizard.Globals.DuplicateContextIDs);
 }
 
 TEST_F(CorpusProjects, WaveSoapWithoutItsMapHeadersIsReadWithoutFailing) {
     ReadWinHelp("wavesoap/WaveSoapFront.hpj");
-    EXPECT_EQ(modGlobals::ProjectContextIDs->Count(), 0);
+    EXPECT_EQ(wizard.Globals.ProjectContextIDs->Count(), 0);
 }
 
 }  // namespace

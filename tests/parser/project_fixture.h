@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "model/conversion.h"
 #include "model/project_state.h"
-#include "model/wizard_state.h"
 #include "parser/project_reader.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
@@ -44,9 +44,6 @@ inline std::string CorpusPath(const std::string& relative) {
 
 class ProjectFixture : public ::testing::Test {
 protected:
-    void SetUp() override { modGlobals::ResetAll(); }
-    void TearDown() override { modGlobals::ResetAll(); }
-
     std::string WriteProject(const std::vector<std::string>& files,
                              const std::string& options = {}) {
         return dir.Write("proj/old.hhp", ProjectText(files, options));
@@ -73,24 +70,24 @@ protected:
         stopped = false;
         return modParser::ParseProjectFile(wizard, project, missing, stopped);
     }
-    const CTopicFile& Topic(long index) const { return *modGlobals::TopicFiles->Item(index); }
+    const CTopicFile& Topic(long index) const { return *wizard.Globals.TopicFiles->Item(index); }
     std::vector<std::string> Contexts() const {
         std::vector<std::string> contexts;
-        for (const auto& topic : *modGlobals::TopicFiles) contexts.push_back(topic->Context);
+        for (const auto& topic : *wizard.Globals.TopicFiles) contexts.push_back(topic->Context);
         return contexts;
     }
     // A topic as the scan leaves it, for the steps that follow the scan.
     std::shared_ptr<CTopicFile> Add(const std::string& file, const std::string& context,
                                     const std::vector<std::string>& targets = {},
                                     const std::string& extras = {}) {
-        if (!modGlobals::TopicFiles) modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        if (!wizard.Globals.TopicFiles) wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
         auto topic = std::make_shared<CTopicFile>();
         topic->AutoNamePath = "html\\" + file;
         topic->AutoFileName = file;
         topic->Context = context;
         topic->ExtraIds = extras;
         for (const auto& t : targets) topic->targets().Add(t);
-        modGlobals::TopicFiles->Add(topic, file);
+        wizard.Globals.TopicFiles->Add(topic, file);
         return topic;
     }
     // The message shown at `index`: its catalogue ID, caption and, unless -1, style.
@@ -109,8 +106,7 @@ protected:
     }
 
     ScriptedView view;
-    ScopedActiveView active{view};
-    WizardState wizard{&view};
+    Conversion wizard{view};
     TempDir dir;
     int missing = 0;
     bool stopped = false;

@@ -44,7 +44,7 @@ TEST_F(ProjectReader, BuildsOneTopicFilePerListedFile) {
     WriteTopic("html\\b2.htm", "(untitled)", "");
     dir.Write("proj/html/pic.gif", "GIF");
     EXPECT_TRUE(Parse(WriteProject({"html\\a1.htm", "", "html\\pic.gif", "html\\b2.htm"})));
-    ASSERT_EQ(modGlobals::TopicFiles->Count(), 2);
+    ASSERT_EQ(wizard.Globals.TopicFiles->Count(), 2);
     const CTopicFile& a = Topic(1);
     EXPECT_EQ(a.AutoNamePath + "|" + a.AutoFileName + "|" + a.Context + "|" + a.NewFileName + "|" +
                   a.TopicTitle,
@@ -82,10 +82,10 @@ TEST_F(ProjectReader, DuplicateTopicIdsAreRenamedInOrderOfDiscovery) {
          4,
          "Duplicate Topic Id: File and Topic ID renamed from \"X_1.htm\" to \"X_1_3.htm\""}};
     for (const Case& c : cases) {
-        modGlobals::ResetAll();
+        wizard.Globals = ProjectState{};
         ASSERT_TRUE(Parse(WriteProject(WriteTopics("f", c.ids))));
         EXPECT_EQ(Contexts(), c.contexts);
-        EXPECT_EQ(modGlobals::RenamedTopicIDs, c.renamed);
+        EXPECT_EQ(wizard.Globals.RenamedTopicIDs, c.renamed);
         EXPECT_EQ(Topic(c.commented).Comment, c.comment);
         EXPECT_EQ(Topic(c.commented).NewFileName, c.contexts[c.commented - 1] + ".htm");
         EXPECT_TRUE(Topic(1).Comment.empty());
@@ -99,7 +99,7 @@ TEST_F(ProjectReader, MissingFilesAreCountedAndMayStopTheScan) {
     EXPECT_TRUE(Parse(project));
     EXPECT_EQ(missing, 2);
     EXPECT_FALSE(stopped);
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 1);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 1);
     ExpectMessage(0, 10044, "Scanning Project File", mb::kYesNo);
     EXPECT_NE(
         view.messages[0].text.find(modUtilities::MakeFullPathforFile(dir / "proj/", "gone1.htm")),
@@ -109,13 +109,13 @@ TEST_F(ProjectReader, MissingFilesAreCountedAndMayStopTheScan) {
     EXPECT_TRUE(Parse(project));
     EXPECT_EQ(missing, 1);
     EXPECT_TRUE(stopped);
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 0);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 0);
     EXPECT_EQ(wizard.ProgressCaption(), "Stopped scan. 1 topic file not found.");
 
     view.answers = {mb::kYes, mb::kNo};
     EXPECT_TRUE(Parse(project));
     EXPECT_EQ(wizard.ProgressCaption(), "Stopped scan. 2 topic files not found.");
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 1);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 1);
 }
 
 TEST_F(ProjectReader, AConvertedLookingProjectAsksBeforeGoingOn) {
@@ -128,18 +128,18 @@ TEST_F(ProjectReader, AConvertedLookingProjectAsksBeforeGoingOn) {
     EXPECT_NE(view.messages[0].text.find("html\\IDH_X.htm"), std::string::npos);
     view.answersById[10005] = mb::kYes;
     EXPECT_TRUE(Parse(project));
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 2);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 2);
 }
 
 TEST_F(ProjectReader, AFileListedTwiceIsDroppedWithANote) {
     WriteTopic("a.htm", "A", "IDA");
     WriteTopic("sub/A.htm", "A2", "IDA");
     EXPECT_TRUE(Parse(WriteProject({"a.htm", "sub\\A.htm"})));
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 1);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 1);
     ASSERT_EQ(view.messages.size(), 1u);
     ExpectMessage(0, 10056, "Parsing HTML Project File", mb::kInformation);
     // The rename happened before the record was refused.
-    EXPECT_EQ(modGlobals::RenamedTopicIDs, "\"IDA\" was renamed \"IDA_1\"^");
+    EXPECT_EQ(wizard.Globals.RenamedTopicIDs, "\"IDA\" was renamed \"IDA_1\"^");
 }
 
 TEST_F(ProjectReader, SectionEdgesAndEntriesOutsideTheFolder) {
@@ -150,26 +150,27 @@ TEST_F(ProjectReader, SectionEdgesAndEntriesOutsideTheFolder) {
     EXPECT_TRUE(Parse(dir.Write("proj/p.hhp",
                                 "[OPTIONS]\r\n[FILES]\r\n\r\n  a.htm  \r\n..\\..\\outside.htm\r\n"
                                 "..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\nowhere.htm")));
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 1);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 1);
     EXPECT_EQ(missing, 2);
     EXPECT_TRUE(Parse(dir.Write("proj/q.hhp", "[FILES]\r\n..\\outside.htm\r\na.htm")));
-    ASSERT_EQ(modGlobals::TopicFiles->Count(), 2);
+    ASSERT_EQ(wizard.Globals.TopicFiles->Count(), 2);
     EXPECT_EQ(Topic(1).AutoFileName, "outside.htm");
     EXPECT_TRUE(Parse(dir.Write("proj/none.hhp", "[OPTIONS]\r\nTitle=x\r\n")));
-    ASSERT_TRUE(modGlobals::TopicFiles);
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 0);
+    ASSERT_TRUE(wizard.Globals.TopicFiles);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 0);
 }
 
 TEST_F(ProjectReader, ContentsAndIndexNamesComeFromTheOptions) {
     const std::string project =
         WriteProject({}, "Contents file=Table of Contents.hhc\r\nIndex file=sub\\idx.hhk\r\n");
     const std::string folder = dir / "proj/";
-    EXPECT_EQ(GetContentsFileName(project),
+    EXPECT_EQ(GetContentsFileName(wizard, project),
               modUtilities::MakeFullPathforFile(folder, "Table of Contents.hhc"));
-    EXPECT_EQ(GetIndexFileName(project), modUtilities::MakeFullPathforFile(folder, "sub\\idx.hhk"));
+    EXPECT_EQ(GetIndexFileName(wizard, project),
+              modUtilities::MakeFullPathforFile(folder, "sub\\idx.hhk"));
     const std::string bare = dir.Write("proj/b.hhp", "[OPTIONS]\r\nIndex file=!!!!\r\n");
-    EXPECT_EQ(GetIndexFileName(bare), "");
-    EXPECT_EQ(GetContentsFileName(bare), "");
+    EXPECT_EQ(GetIndexFileName(wizard, bare), "");
+    EXPECT_EQ(GetContentsFileName(wizard, bare), "");
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ class ReferenceResolution : public testing::ProjectFixture {
 protected:
     void SetUp() override {
         ProjectFixture::SetUp();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
     }
 };
 
@@ -39,7 +39,7 @@ TEST_F(ReferenceResolution, UnresolvedLinksCountForThePreviousLookup) {
     EXPECT_EQ(a->InternalReferences, 0);
 
     // An unresolved first link has no previous lookup: an unexpected error.
-    modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
     Add("a.htm", "A", {"missing.htm", "a.htm"});
     view.answersById[10052] = mb::kOK;
     EXPECT_FALSE(UpdateInternalReferences(wizard));
@@ -50,32 +50,32 @@ TEST_F(ReferenceResolution, UnresolvedLinksCountForThePreviousLookup) {
 TEST_F(ReferenceResolution, ValidityAsksWhenMoreThanAQuarterLackAnId) {
     Add("a.htm", "");
     for (int i = 0; i < 3; ++i) Add("t" + std::to_string(i) + ".htm", "T" + std::to_string(i));
-    EXPECT_TRUE(CheckProjectValidity(modGlobals::TopicFiles.get()));
+    EXPECT_TRUE(CheckProjectValidity(wizard.Errors, wizard.Globals.TopicFiles.get()));
     EXPECT_TRUE(view.messages.empty());
 
-    modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
     for (int i = 0; i < 7; ++i)
         Add("u" + std::to_string(i) + ".htm", i < 2 ? "" : "U" + std::to_string(i));
-    EXPECT_FALSE(CheckProjectValidity(modGlobals::TopicFiles.get()));
+    EXPECT_FALSE(CheckProjectValidity(wizard.Errors, wizard.Globals.TopicFiles.get()));
     ASSERT_EQ(view.messages.size(), 1u);
     ExpectMessage(0, 10023, "HTML Project Check");
     EXPECT_EQ(view.messages[0].style & 7, mb::kYesNo);
     EXPECT_NE(view.messages[0].text.find("includes  2 .htm files"), std::string::npos);
     EXPECT_NE(view.messages[0].text.find("total of  7 .htm"), std::string::npos);
     view.answersById[10023] = mb::kYes;
-    EXPECT_TRUE(CheckProjectValidity(modGlobals::TopicFiles.get()));
-    EXPECT_TRUE(CheckProjectValidity(nullptr));
+    EXPECT_TRUE(CheckProjectValidity(wizard.Errors, wizard.Globals.TopicFiles.get()));
+    EXPECT_TRUE(CheckProjectValidity(wizard.Errors, nullptr));
 }
 
 TEST_F(ReferenceResolution, ExternalReferencesCountTopicIdsAndExtraIds) {
     auto a = Add("a.htm", "idh_main", {}, "IDH_SUB^other^idh_sub");
     auto b = Add("b.htm", "IDH_SUB");
     auto c = Add("c.htm", "");
-    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::MapContextIDs->Add("IDH_MAIN", "1", "IDH_MAIN");
-    modGlobals::MapContextIDs->Add("idh_sub", "2", "idh_sub");
-    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::ProjectContextIDs->Add("IDH_MAIN", "1", "IDH_MAIN");
+    wizard.Globals.MapContextIDs = std::make_shared<CContextIDs>();
+    wizard.Globals.MapContextIDs->Add(wizard.Errors, "IDH_MAIN", "1", "IDH_MAIN");
+    wizard.Globals.MapContextIDs->Add(wizard.Errors, "idh_sub", "2", "idh_sub");
+    wizard.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
+    wizard.Globals.ProjectContextIDs->Add(wizard.Errors, "IDH_MAIN", "1", "IDH_MAIN");
     EXPECT_TRUE(CountExternalReferences(wizard));
     EXPECT_EQ(a->ExternalReferences, 4);  // main twice, sub twice as an extra ID
     EXPECT_EQ(b->ExternalReferences, 1);
@@ -87,9 +87,9 @@ TEST_F(ReferenceResolution, ValuesGoToTheFirstTopicOfADefinedContext) {
     auto a = Add("a.htm", "IDH_X");
     auto b = Add("b.htm", "idh_x");
     auto c = Add("c.htm", "IDH_Y");
-    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::MapContextIDs->Add("idh_X", "&H10", "idh_X")->FileDefined = true;
-    modGlobals::MapContextIDs->Add("IDH_Y", "7", "IDH_Y");
+    wizard.Globals.MapContextIDs = std::make_shared<CContextIDs>();
+    wizard.Globals.MapContextIDs->Add(wizard.Errors, "idh_X", "&H10", "idh_X")->FileDefined = true;
+    wizard.Globals.MapContextIDs->Add(wizard.Errors, "IDH_Y", "7", "IDH_Y");
     EXPECT_TRUE(UpdateExternalReferences(wizard));
     EXPECT_EQ(
         a->ContextIDValueString + "|" + b->ContextIDValueString + "|" + c->ContextIDValueString,

@@ -18,7 +18,7 @@ TEST_F(ParserRobustness, HotspotsPastTheCounterAreAnError) {
     for (int i = 0; i < 33000; ++i) body += "<AREA HREF=\"c.htm\">\n";
     WriteTopic("many.htm", "Many", "IDH_M", body);
     EXPECT_TRUE(ParseOne("many.htm"));
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 0);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 0);
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_TRUE(ErrorNamed("modParser:ParseTopicFile"));
 }
@@ -30,7 +30,7 @@ TEST_F(ParserRobustness, OneHugeLine) {
     line += "<A HREF=\"never closed.htm\">";
     dir.Write("proj/line.htm", line);
     ASSERT_TRUE(ParseOne("line.htm"));
-    ASSERT_EQ(modGlobals::TopicFiles->Count(), 1);
+    ASSERT_EQ(wizard.Globals.TopicFiles->Count(), 1);
     EXPECT_EQ(Topic(1).Context, "top");
     EXPECT_EQ(Topic(1).targets().Count(), 1);
     EXPECT_GT(Topic(1).ExtraIds.size(), 100000u);
@@ -42,10 +42,10 @@ TEST_F(ParserRobustness, EmptyProject) {
     EXPECT_FALSE(OpenProjectFile(wizard, project, count));
     EXPECT_EQ(view.MessageIds(), std::vector<long>{5004});
     EXPECT_TRUE(Parse(project));
-    EXPECT_EQ(modGlobals::TopicFiles->Count(), 0);
+    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 0);
     EXPECT_TRUE(modUtilities::UpdateInternalReferences(wizard));
-    EXPECT_TRUE(modUtilities::CheckProjectValidity(modGlobals::TopicFiles.get()));
-    EXPECT_EQ(GetIndexFileName(project), "");
+    EXPECT_TRUE(modUtilities::CheckProjectValidity(wizard.Errors, wizard.Globals.TopicFiles.get()));
+    EXPECT_EQ(GetIndexFileName(wizard, project), "");
 }
 
 }  // namespace

@@ -47,24 +47,26 @@ TEST_F(SitemapReader, LocalValuesLoseTheirAnchorsAndRepeats) {
          {"a.htm", "extra.htm"}}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
-        modGlobals::IndexTargets = std::make_shared<CTargets>();
-        modGlobals::ContentsTargets = std::make_shared<CTargets>();
+        wizard.Globals.IndexTargets = std::make_shared<CTargets>();
+        wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
         const std::string file = dir.Write(c.index ? "x.hhk" : "x.hhc", c.text);
-        EXPECT_TRUE(c.index ? ParseIndexFile(file) : ParseContentsFile(file));
+        EXPECT_TRUE(c.index ? ParseIndexFile(wizard, file) : ParseContentsFile(wizard, file));
         std::vector<std::string> names;
-        for (const auto& t : *(c.index ? modGlobals::IndexTargets : modGlobals::ContentsTargets))
+        for (const auto& t :
+             *(c.index ? wizard.Globals.IndexTargets : wizard.Globals.ContentsTargets))
             names.push_back(t->TargetString);
         EXPECT_EQ(names, c.expected);
-        EXPECT_EQ((c.index ? modGlobals::ContentsTargets : modGlobals::IndexTargets)->Count(), 0);
+        EXPECT_EQ((c.index ? wizard.Globals.ContentsTargets : wizard.Globals.IndexTargets)->Count(),
+                  0);
     }
 }
 
 TEST_F(SitemapReader, MissingFiles) {
-    modGlobals::IndexTargets = std::make_shared<CTargets>();
-    modGlobals::ContentsTargets = std::make_shared<CTargets>();
-    EXPECT_TRUE(ParseIndexFile(dir / "none.hhk"));
+    wizard.Globals.IndexTargets = std::make_shared<CTargets>();
+    wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
+    EXPECT_TRUE(ParseIndexFile(wizard, dir / "none.hhk"));
     EXPECT_TRUE(view.errors.empty());
-    EXPECT_FALSE(ParseContentsFile(dir / "none.hhc"));
+    EXPECT_FALSE(ParseContentsFile(wizard, dir / "none.hhc"));
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_TRUE(ErrorNamed("modParser:ParseContentsFile"));
 }

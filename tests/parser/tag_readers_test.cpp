@@ -9,11 +9,12 @@ using TagReaders = testing::ProjectFixture;
 
 // Calls `read` until it gives nothing; every result but that last empty one.
 template <class Read>
-std::vector<std::string> ReadAll(const std::string& text, Read read) {
+std::vector<std::string> ReadAll(Conversion& wizard, const std::string& text, Read read) {
     TextReader stream;
     stream.OpenText(text);
     std::vector<std::string> found;
-    for (std::string s = read(stream); !s.empty(); s = read(stream)) found.push_back(s);
+    for (std::string s = read(wizard, stream); !s.empty(); s = read(wizard, stream))
+        found.push_back(s);
     return found;
 }
 
@@ -31,25 +32,27 @@ TEST_F(TagReaders, AnchorsAreJoinedOverLinesAndComeOneACall) {
          {"<AREA HREF=\"m.htm\"> <B>x</a>"}}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
-        EXPECT_EQ(ReadAll(c.text, HTMLAnchor), c.anchors);
-        EXPECT_TRUE(modGlobals::PendingAnchorText.empty());
+        EXPECT_EQ(ReadAll(wizard, c.text, HTMLAnchor), c.anchors);
+        EXPECT_TRUE(wizard.Globals.PendingAnchorText.empty());
     }
     // Pending text set elsewhere is taken whole, before the stream.
-    modGlobals::PendingAnchorText = "<A HREF=\"p.htm\">p</A>";
-    EXPECT_EQ(ReadAll("<A HREF=\"q.htm\">q</A>", HTMLAnchor),
+    wizard.Globals.PendingAnchorText = "<A HREF=\"p.htm\">p</A>";
+    EXPECT_EQ(ReadAll(wizard, "<A HREF=\"q.htm\">q</A>", HTMLAnchor),
               (std::vector<std::string>{"<A HREF=\"p.htm\">p</A>", "<A HREF=\"q.htm\">q</A>"}));
-    EXPECT_EQ(modGlobals::AnchorState, 2);
+    EXPECT_EQ(wizard.Globals.AnchorState, 2);
 }
 
 TEST_F(TagReaders, OnlyTheFirstAreaOfALineIsFoundAndObjectsRunToTheirEndTag) {
     EXPECT_EQ(
-        ReadAll("<AREA SHAPE=rect HREF=\"a.htm\"> <AREA HREF=\"b.htm\">\n"
+        ReadAll(wizard,
+                "<AREA SHAPE=rect HREF=\"a.htm\"> <AREA HREF=\"b.htm\">\n"
                 "<area\nhref=\"c.htm\"\n>\n",
                 HTMLArea),
         (std::vector<std::string>{"<AREA SHAPE=rect HREF=\"a.htm\">", "<area href=\"c.htm\" >"}));
-    EXPECT_EQ(modGlobals::AreaState, 0);
+    EXPECT_EQ(wizard.Globals.AreaState, 0);
     EXPECT_EQ(
-        ReadAll("<LI> <OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"a.htm\">\n"
+        ReadAll(wizard,
+                "<LI> <OBJECT type=\"text/sitemap\">\n<param name=\"Local\" value=\"a.htm\">\n"
                 "</OBJECT>\n<OBJECT>never closed\n",
                 HTMLObject),
         std::vector<std::string>{
@@ -57,15 +60,15 @@ TEST_F(TagReaders, OnlyTheFirstAreaOfALineIsFoundAndObjectsRunToTheirEndTag) {
 }
 
 TEST_F(TagReaders, QuotedValuesAndMissingQuotes) {
-    EXPECT_EQ(HTMLHrefTarget("<A HREF=\" a.htm#x \">"), "a.htm#x");
-    EXPECT_EQ(HTMLAnchorName("<a name=\"IDH_A\">"), "IDH_A");
-    EXPECT_EQ(HTMLHrefTarget("<A NAME=\"x\">"), "");
+    EXPECT_EQ(HTMLHrefTarget(wizard.Errors, "<A HREF=\" a.htm#x \">"), "a.htm#x");
+    EXPECT_EQ(HTMLAnchorName(wizard.Errors, "<a name=\"IDH_A\">"), "IDH_A");
+    EXPECT_EQ(HTMLHrefTarget(wizard.Errors, "<A NAME=\"x\">"), "");
     EXPECT_TRUE(view.errors.empty());
-    EXPECT_EQ(HTMLHrefTarget("<A HREF=a.htm>"), "");
+    EXPECT_EQ(HTMLHrefTarget(wizard.Errors, "<A HREF=a.htm>"), "");
     EXPECT_TRUE(
         ErrorNamed("Missing quotes in HREF string <A HREF=a.htm> "
                    "in:modParser:HTMLHrefTarget"));
-    EXPECT_EQ(HTMLAnchorName("<A NAME=\"x>"), "");
+    EXPECT_EQ(HTMLAnchorName(wizard.Errors, "<A NAME=\"x>"), "");
     EXPECT_TRUE(ErrorNamed("modParser:HTMLAnchorName"));
     EXPECT_EQ(view.errors.size(), 2u);
 }

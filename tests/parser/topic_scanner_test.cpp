@@ -36,7 +36,7 @@ TEST_F(TopicScanner, TopicIdIsTheFirstAnchorAfterTheBody) {
         TextReader reader;
         reader.OpenText(c.text);
         std::string id = "stale";
-        FindContextID(reader, id);
+        FindContextID(wizard, reader, id);
         EXPECT_EQ(id, c.id);
         EXPECT_EQ(view.errors.size(), c.reported ? 1u : 0u);
         EXPECT_EQ(ErrorNamed("modParser:FindContextID"), c.reported);
@@ -46,21 +46,21 @@ TEST_F(TopicScanner, TopicIdIsTheFirstAnchorAfterTheBody) {
 TEST_F(TopicScanner, HeadAndTitle) {
     TextReader reader;
     reader.OpenText("<HTML>\n<HEAD>\n<TITLE> Setup\nGuide </TITLE>\n</HEAD>\n<BODY>");
-    const std::string head = HTMLHeader(reader);
+    const std::string head = HTMLHeader(wizard, reader);
     EXPECT_EQ(head, "<HEAD> <TITLE> Setup Guide </TITLE> </HEAD> ");
     std::string title;
-    EXPECT_TRUE(ExtractTopicTitle(head, title));
+    EXPECT_TRUE(ExtractTopicTitle(wizard.Errors, head, title));
     EXPECT_EQ(title, "Setup Guide");
     reader.OpenText("<HEAD><TITLE>x</TITLE>\n<BODY>");
-    EXPECT_EQ(HTMLHeader(reader), "");
+    EXPECT_EQ(HTMLHeader(wizard, reader), "");
 
-    EXPECT_FALSE(ExtractTopicTitle("<HEAD><TITLE>  </TITLE></HEAD>", title));
+    EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD><TITLE>  </TITLE></HEAD>", title));
     EXPECT_TRUE(view.messages.empty());
-    EXPECT_FALSE(ExtractTopicTitle("<HEAD></HEAD>", title));
+    EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD></HEAD>", title));
     ASSERT_EQ(view.messages.size(), 1u);
     ExpectMessage(0, 5003, "ExtractTopicTitle");
     // A title that never closes is an unexpected error.
-    EXPECT_FALSE(ExtractTopicTitle("<HEAD><TITLE>open</HEAD>", title));
+    EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD><TITLE>open</HEAD>", title));
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_TRUE(ErrorNamed("modParser:ExtractTopicTitle"));
 }
@@ -75,17 +75,17 @@ TEST_F(TopicScanner, ParseTopicFileCollectsTargetsExtraIdsAndHotspots) {
         "<AREA SHAPE=rect\r\nHREF=\"e.htm\"></MAP>\r\n");
     std::string title, id, targets, extras;
     int hotspots = -1;
-    EXPECT_TRUE(ParseTopicFile(file, title, id, targets, hotspots, extras));
+    EXPECT_TRUE(ParseTopicFile(wizard, file, title, id, targets, hotspots, extras));
     EXPECT_EQ(title + "|" + id + "|" + extras + "|" + targets,
               "(Untitled)|idh_main|other|b.htm#top^b.htm#top^c.htm^e.htm");
     EXPECT_EQ(hotspots, 2);
 
     // A file without a head end is no topic; its ID is read all the same.
     const std::string open = dir.Write("n.htm", "<HEAD><TITLE>T</TITLE>\n<BODY><A NAME=\"n\"></A>");
-    EXPECT_FALSE(ParseTopicFile(open, title, id, targets, hotspots, extras));
+    EXPECT_FALSE(ParseTopicFile(wizard, open, title, id, targets, hotspots, extras));
     EXPECT_EQ(id, "n");
     EXPECT_EQ(view.MessageIds(), std::vector<long>{5003});
-    EXPECT_FALSE(ParseTopicFile(dir / "absent.htm", title, id, targets, hotspots, extras));
+    EXPECT_FALSE(ParseTopicFile(wizard, dir / "absent.htm", title, id, targets, hotspots, extras));
     EXPECT_EQ(view.errors.size(), 1u);
 }
 

@@ -23,17 +23,17 @@ class WinHelpReader : public testing::ProjectFixture {
 protected:
     // Reads the map file text as map file 1.
     void ReadMap(const std::string& text) {
-        ASSERT_TRUE(ParseMapFile(dir.Write("map.h", text), 1));
+        ASSERT_TRUE(ParseMapFile(wizard, dir.Write("map.h", text), 1));
     }
     std::shared_ptr<CContextID> MapID(const std::string& name) const {
-        return modGlobals::MapContextIDs ? modGlobals::MapContextIDs->Find(name) : nullptr;
+        return wizard.Globals.MapContextIDs ? wizard.Globals.MapContextIDs->Find(name) : nullptr;
     }
     bool ParseHpj(const std::string& text) {
         return ParseWinProjectFile(wizard, dir.Write("proj/help.hpj", text));
     }
     void ReadIncludedMapFiles() {
-        for (int i = 1; i <= modGlobals::MapFileCount; ++i)
-            EXPECT_TRUE(ParseMapFile(modGlobals::MapFiles[i - 1], i));
+        for (int i = 1; i <= wizard.Globals.MapFileCount; ++i)
+            EXPECT_TRUE(ParseMapFile(wizard, wizard.Globals.MapFiles[i - 1], i));
     }
 };
 
@@ -46,11 +46,11 @@ TEST_F(WinHelpReader, MapFileLinesGiveTheirDefinitions) {
         // Overflowing values are collected.
         "#define IDH_E 99999999999\n#define IDH_X 0x1FFFFFFFF\n#define IDH_OK &HFFFF\n");
     EXPECT_EQ(
-        Described(modGlobals::MapContextIDs),
+        Described(wizard.Globals.MapContextIDs),
         (std::vector<std::string>{"IDH_A=10(10) #1", "IDH_B=&H1F(31) #1 // note", "IDH_C=5(5) #1",
                                   "IDH_F=abc(0) #1", "IDH_E=99999999999(-1) #1",
                                   "IDH_X=&H1FFFFFFFF(-1) #1", "IDH_OK=&HFFFF(-1) #1"}));
-    EXPECT_EQ(modGlobals::InvalidContextIDs,
+    EXPECT_EQ(wizard.Globals.InvalidContextIDs,
               "IDH_E = overflow value: 99999999999^IDH_X = overflow value: 0x1FFFFFFFF");
     EXPECT_TRUE(view.messages.empty());
     EXPECT_TRUE(view.errors.empty());
@@ -67,7 +67,7 @@ TEST_F(WinHelpReader, ConflictingRedefinitionsAreNotedOncePerName) {
         "#define IDH_K &h10\n"
         "#define IDH_K &H10\n");
     EXPECT_EQ(MapID("IDH_A")->ContextID, "10");
-    EXPECT_EQ(Described(modGlobals::DuplicateContextIDs),
+    EXPECT_EQ(Described(wizard.Globals.DuplicateContextIDs),
               (std::vector<std::string>{"IDH_A=11(0) #0", "IDH_H=0x10(0) #0"}));
 }
 
@@ -95,15 +95,15 @@ TEST_F(WinHelpReader, VisualCppMapFilesNeedTheNameValueOption) {
     const std::string hpj = "[MAP]\n#include <mfc\\afxtide.hm>\n#include <TideClock.hm>\n";
     ASSERT_TRUE(ParseHpj(hpj));
     ReadIncludedMapFiles();
-    EXPECT_EQ(modGlobals::MapContextIDs->Count(), 0);
-    EXPECT_EQ(modGlobals::UnreadNameValueLines, 8);
+    EXPECT_EQ(wizard.Globals.MapContextIDs->Count(), 0);
+    EXPECT_EQ(wizard.Globals.UnreadNameValueLines, 8);
 
-    modGlobals::ClearWinHelpData();
-    modGlobals::ReadNameValueLines = true;
+    wizard.Globals.ClearWinHelpData();
+    wizard.Globals.ReadNameValueLines = true;
     ASSERT_TRUE(ParseHpj(hpj));
     ReadIncludedMapFiles();
-    EXPECT_EQ(modGlobals::UnreadNameValueLines, 0);
-    EXPECT_EQ(Described(modGlobals::MapContextIDs),
+    EXPECT_EQ(wizard.Globals.UnreadNameValueLines, 0);
+    EXPECT_EQ(Described(wizard.Globals.MapContextIDs),
               (std::vector<std::string>{
                   "HID_FILE_NEW=&H1E100(123136) #1", "HID_APP_ABOUT=&H1E140(123200) #1",
                   "HID_HT_CAPTION=&H4000A(262154) #1", "HID_TIDE_REFRESH=&H18003(98307) #2",
@@ -119,18 +119,18 @@ TEST_F(WinHelpReader, ProjectMapSectionTakesAllThreeFormsAndIncludes) {
     ASSERT_TRUE(ParseHpj(
         "[OPTIONS]\nCONTENTS=main_index\n[MAP]\nIDH_ONE 1\nIDH_TWO=2 ; two\n"
         "#define IDH_THREE\t3\nNOVALUE\n#include \"inc\\a.h\"\n#include <inc\\a.h>\n[ALIAS]\n"));
-    EXPECT_EQ(Described(modGlobals::ProjectContextIDs),
+    EXPECT_EQ(Described(wizard.Globals.ProjectContextIDs),
               (std::vector<std::string>{"IDH_ONE=1(1) #0", "IDH_TWO=2(2) #0 ; two",
                                         "IDH_THREE=3(3) #0"}));
     // a.h once (the second include is a duplicate), b.hm from a.h; c.h is two levels down.
-    ASSERT_EQ(modGlobals::MapFileCount, 2);
-    EXPECT_EQ(
-        std::vector<std::string>(modGlobals::MapFiles.begin(), modGlobals::MapFiles.begin() + 2),
-        (std::vector<std::string>{dir / "proj/inc/a.h", dir / "proj/inc/b.hm"}));
-    EXPECT_EQ(modGlobals::DuplicateIncludes, dir / "proj/inc/a.h");
+    ASSERT_EQ(wizard.Globals.MapFileCount, 2);
+    EXPECT_EQ(std::vector<std::string>(wizard.Globals.MapFiles.begin(),
+                                       wizard.Globals.MapFiles.begin() + 2),
+              (std::vector<std::string>{dir / "proj/inc/a.h", dir / "proj/inc/b.hm"}));
+    EXPECT_EQ(wizard.Globals.DuplicateIncludes, dir / "proj/inc/a.h");
     EXPECT_EQ(view.MessageIds(), std::vector<long>{10036});  // <missing.h> inside a.h
-    EXPECT_EQ(modGlobals::ContentsTopic, "main_index");
-    EXPECT_NE(modGlobals::MapSectionText.find("IDH_ONE 1"), std::string::npos);
+    EXPECT_EQ(wizard.Globals.ContentsTopic, "main_index");
+    EXPECT_NE(wizard.Globals.MapSectionText.find("IDH_ONE 1"), std::string::npos);
     ReadIncludedMapFiles();
     EXPECT_EQ(MapID("IDH_B")->MapFileIndex, 2);
     EXPECT_EQ(MapID("IDH_C"), nullptr);
@@ -146,7 +146,7 @@ TEST_F(WinHelpReader, IncludesResolveRelativeToTheProjectOrShowTheMessageOfTheir
     EXPECT_EQ(view.MessageIds(),
               (std::vector<long>{10036, 10037, 10037, 10036, 10037, 10037, 10037}));
     for (const auto& m : view.messages) EXPECT_EQ(m.title, "Parsing #include reference");
-    EXPECT_EQ(modGlobals::MapFileCount, 0);
+    EXPECT_EQ(wizard.Globals.MapFileCount, 0);
 
     // Odd targets that exist are accepted: above the project, binary, spaced.
     dir.Write("outside.h", "#define IDH_OUT 5\n");
@@ -155,8 +155,8 @@ TEST_F(WinHelpReader, IncludesResolveRelativeToTheProjectOrShowTheMessageOfTheir
     ASSERT_TRUE(
         ParseHpj("[MAP]\n#include ..\\outside.h\n#include \"sub\"\n#include binary.h\n"
                  "#include < spaced.h >\n"));
-    ASSERT_EQ(modGlobals::MapFileCount, 3);
-    EXPECT_EQ(modGlobals::MapFiles[0], dir / "outside.h");
+    ASSERT_EQ(wizard.Globals.MapFileCount, 3);
+    EXPECT_EQ(wizard.Globals.MapFiles[0], dir / "outside.h");
     ReadIncludedMapFiles();
     EXPECT_EQ(MapID("IDH_OUT")->ContextIDVal, 5);
     EXPECT_EQ(MapID("IDH_S")->MapFileIndex, 3);
@@ -169,7 +169,7 @@ TEST_F(WinHelpReader, AliasSectionAndAliasFiles) {
     ASSERT_TRUE(
         ParseHpj("[ALIAS]\nHID_ONE = topic_one ; first\nhid_one = other\nHID_TWO\t=\ttopic_two\n"
                  "#include \"al.txt\"\nnot an alias\n"));
-    const auto& aliases = *modGlobals::ProjectAliases;
+    const auto& aliases = *wizard.Globals.ProjectAliases;
     ASSERT_EQ(aliases.Count(), 2);
     EXPECT_EQ(
         aliases.Item(1)->ContextID + "=" + aliases.Item(1)->TopicID + aliases.Item(1)->Comment,
@@ -177,21 +177,21 @@ TEST_F(WinHelpReader, AliasSectionAndAliasFiles) {
     EXPECT_EQ(aliases.Item(2)->TopicID, "topic_two");
     EXPECT_TRUE(ThisAliasExists(aliases, "Hid_Two"));
     EXPECT_FALSE(ThisAliasExists(aliases, "A1"));  // alias files are not read here
-    ASSERT_EQ(modGlobals::AliasFileCount, 2);
-    EXPECT_EQ(modGlobals::AliasFiles[1], dir / "proj/al2.txt");
+    ASSERT_EQ(wizard.Globals.AliasFileCount, 2);
+    EXPECT_EQ(wizard.Globals.AliasFiles[1], dir / "proj/al2.txt");
     ASSERT_EQ(view.messages.size(), 1u);
     ExpectMessage(0, 10049, "Scanning Header Files", 48);
     EXPECT_NE(view.messages[0].text.find("C-type /*  */"), std::string::npos);
     EXPECT_NE(view.messages[0].text.find(dir / "proj/al.txt"), std::string::npos);
-    EXPECT_EQ(modGlobals::ContentsTopic, "");
+    EXPECT_EQ(wizard.Globals.ContentsTopic, "");
 }
 
 TEST_F(WinHelpReader, CommentCheckStopsAtTheFirstCStyleCommentOnly) {
-    CheckCommentFormat(dir.Write("good.h", "; only\n// slashes\n/ x\n"));
+    CheckCommentFormat(wizard, dir.Write("good.h", "; only\n// slashes\n/ x\n"));
     EXPECT_TRUE(view.messages.empty());
-    CheckCommentFormat(dir.Write("twice.h", "/* one */\n/* two */\n"));
+    CheckCommentFormat(wizard, dir.Write("twice.h", "/* one */\n/* two */\n"));
     EXPECT_EQ(view.MessageIds(), std::vector<long>{10049});
-    CheckCommentFormat(dir / "absent.h");
+    CheckCommentFormat(wizard, dir / "absent.h");
     ExpectMessage(1, 10050, "Checking Alias File Format");
     EXPECT_EQ(view.messages.size(), 2u);
 }
@@ -218,23 +218,23 @@ TEST_F(WinHelpReader, OpenReportsMissingFilesAndLongSections) {
 TEST_F(WinHelpReader, AddMapFileGrowsAndNotesDuplicates) {
     std::vector<std::string> list;
     Counter16 count;
-    AddMapFile(list, count, "");
+    AddMapFile(wizard, list, count, "");
     EXPECT_EQ(count, 0);
-    for (int i = 0; i < 12; ++i) AddMapFile(list, count, "f" + std::to_string(i));
-    AddMapFile(list, count, "F3");
-    AddMapFile(list, count, "f11");
+    for (int i = 0; i < 12; ++i) AddMapFile(wizard, list, count, "f" + std::to_string(i));
+    AddMapFile(wizard, list, count, "F3");
+    AddMapFile(wizard, list, count, "f11");
     EXPECT_EQ(count, 12);
-    EXPECT_EQ(modGlobals::DuplicateIncludes, "F3^f11");
+    EXPECT_EQ(wizard.Globals.DuplicateIncludes, "F3^f11");
 }
 
 TEST_F(WinHelpReader, UndefinedIDsCountsZeroValuesApart) {
     ReadMap("#define A 0\n#define B 1\n#define C 2\n#define D abc\n");
-    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
-    AddContextIDFromString("E 5", *modGlobals::ProjectContextIDs, "", 0);
+    wizard.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
+    AddContextIDFromString(wizard, "E 5", *wizard.Globals.ProjectContextIDs, "", 0);
     MapID("C")->FileDefined = true;
     int zeros = -1;
-    EXPECT_EQ(modUtilities::UndefinedIDs(zeros), 2);  // B and E
-    EXPECT_EQ(zeros, 2);                              // A and D
+    EXPECT_EQ(modUtilities::UndefinedIDs(wizard, zeros), 2);  // B and E
+    EXPECT_EQ(zeros, 2);                                      // A and D
 }
 
 }  // namespace

@@ -82,7 +82,7 @@ TEST(FileSystemText, BadInputGivesAnErrorNumberNotACrash) {
     EXPECT_EQ(ErrorOf([&] { fs.ReadAll(dir.Path()); }), err::kPathFileAccess);
     const std::string big(10 * 1024 * 1024, 'x');
     dir.Write("big.htm", big + std::string("\0\r\n", 3));
-    TextReader reader(dir / "big.htm");
+    TextReader reader(fs, dir / "big.htm");
     std::string line;
     ASSERT_TRUE(reader.ReadLine(line));
     EXPECT_EQ(line.size(), big.size() + 1);
@@ -226,14 +226,15 @@ TEST(PathHelpers, SplitNamesTheWayProjectFilesWriteThem) {
 TEST(PathHelpers, CreateFolderOnAnExistingFolderCreatesNothing) {
     testing::TempDir dir;
     testing::ScriptedView view;
-    ScopedActiveView active(view);
-    EXPECT_TRUE(modUtilities::CreateFolder(dir.Path(), "sub"));
-    EXPECT_TRUE(modUtilities::CreateFolder(dir.Path() + "/", "sub"));
-    EXPECT_TRUE(modUtilities::FolderExists(dir / "sub"));
-    EXPECT_FALSE(modUtilities::CreateFolder(dir / "a/b/c", "d"));  // one level only
+    FileSystem fs;
+    ErrorReporter errors{view};
+    EXPECT_TRUE(modUtilities::CreateFolder(fs, errors, dir.Path(), "sub"));
+    EXPECT_TRUE(modUtilities::CreateFolder(fs, errors, dir.Path() + "/", "sub"));
+    EXPECT_TRUE(modUtilities::FolderExists(fs, dir / "sub"));
+    EXPECT_FALSE(modUtilities::CreateFolder(fs, errors, dir / "a/b/c", "d"));  // one level only
     ASSERT_EQ(view.errors.size(), 1u);
     EXPECT_EQ(view.errors[0].first.rfind("modUtilities:CreateFolder\r\nError: ", 0), 0u);
-    EXPECT_FALSE(modUtilities::FileExists(""));
+    EXPECT_FALSE(modUtilities::FileExists(fs, ""));
 }
 
 }  // namespace

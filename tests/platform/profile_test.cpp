@@ -104,26 +104,28 @@ TEST(ProfileSections, InsertedLinesEndAsTheFilesOwnLinesDo) {
 // file: a missing one reads as the default and is created on write.
 TEST(ProfileSections, ReadsAndWritesFilesWithDefaultsAndQuotesRemoved) {
     testing::TempDir dir;
+    FileSystem fs;
     const std::string file = dir.Write("p.hhp", kProject);
     std::string out;
-    profile::GetString(file, "OPTIONS", "contents file", "!!!!", out);
+    profile::GetString(fs, file, "OPTIONS", "contents file", "!!!!", out);
     EXPECT_EQ(out, "Table of Contents.hhc");
-    profile::GetString(file, "options", "Index File", "!!!!", out);
+    profile::GetString(fs, file, "options", "Index File", "!!!!", out);
     EXPECT_EQ(out, "Index.hhk");
-    profile::GetString(file, "OPTIONS", "Default Topic", "!!!!", out);
+    profile::GetString(fs, file, "OPTIONS", "Default Topic", "!!!!", out);
     EXPECT_EQ(out, "!!!!");
-    profile::GetString(dir / "missing.hhp", "OPTIONS", "x", "dflt", out);
+    profile::GetString(fs, dir / "missing.hhp", "OPTIONS", "x", "dflt", out);
     EXPECT_EQ(out, "dflt");
-    EXPECT_EQ(profile::GetString(file, "OPTIONS", "Contents File", "", out, 6), 5);
+    EXPECT_EQ(profile::GetString(fs, file, "OPTIONS", "Contents File", "", out, 6), 5);
     EXPECT_EQ(out, "Table");
-    EXPECT_EQ(profile::WriteString(file, "OPTIONS", "Default Topic", "html\\a.htm"), 1);
-    profile::GetString(file, "OPTIONS", "Default topic", "", out);
+    EXPECT_EQ(profile::WriteString(fs, file, "OPTIONS", "Default Topic", "html\\a.htm"), 1);
+    profile::GetString(fs, file, "OPTIONS", "Default topic", "", out);
     EXPECT_EQ(out, "html\\a.htm");
-    EXPECT_EQ(profile::DeleteSection(file, "FILES"), 1);
-    EXPECT_EQ(profile::GetSection(file, "FILES", out), 0);
-    EXPECT_EQ(profile::WriteSection(dir / "new.hhp", "MAP", std::string("#include a.h\0", 13)), 1);
+    EXPECT_EQ(profile::DeleteSection(fs, file, "FILES"), 1);
+    EXPECT_EQ(profile::GetSection(fs, file, "FILES", out), 0);
+    EXPECT_EQ(profile::WriteSection(fs, dir / "new.hhp", "MAP", std::string("#include a.h\0", 13)),
+              1);
     EXPECT_EQ(dir.Read("new.hhp"), "[MAP]\r\n#include a.h\r\n");
-    EXPECT_EQ(profile::WriteString(dir / "no/such/folder/x.hhp", "A", "b", "c"), 0);
+    EXPECT_EQ(profile::WriteString(fs, dir / "no/such/folder/x.hhp", "A", "b", "c"), 0);
 }
 
 }  // namespace

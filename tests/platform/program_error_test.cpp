@@ -15,9 +15,9 @@ namespace {
 // error its number, with a sign position, under the program's name.
 TEST(ProgramError, ShowsSourceAndDescriptionOrNumber) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
-    ReportProgramError(9, "modUtilities:CreateFolder");
-    ReportProgramError(600, "modRewrite:RewriteTopicFile");
+    ErrorReporter errors{view};
+    ReportProgramError(errors, 9, "modUtilities:CreateFolder");
+    ReportProgramError(errors, 600, "modRewrite:RewriteTopicFile");
     using Box = std::pair<std::string, std::string>;
     EXPECT_EQ(
         view.errors,
@@ -29,18 +29,19 @@ TEST(ProgramError, ShowsSourceAndDescriptionOrNumber) {
 // and a count; the detail of a program error says which file and why.
 TEST(ProgramError, RepeatsWithinAnOperationAreShownOnceAndCounted) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
+    ErrorReporter errors{view};
     int failures = 0;
     {
-        ErrorReportOperation operation;
-        ErrorReportOperation nested;  // the outermost one counts
+        ErrorReportOperation operation(errors);
+        ErrorReportOperation nested(errors);  // the outermost one counts
         for (int i = 0; i < 70000; ++i)
-            failures += Guarded("modUtilities:UpdateProgressBar", 0,
+            failures += Guarded(errors, "modUtilities:UpdateProgressBar", 0,
                                 []() -> int { RaiseError(err::kOverflow); }) == 0;
-        Guarded("m:Write", false, []() -> bool {
+        Guarded(errors, "m:Write", false, []() -> bool {
             RaiseError(err::kOutsideNewFolder, "Refused to write \"/in/a.htm\": why.");
         });
-        Guarded("m:Write", false, []() -> bool { RaiseError(err::kOutsideNewFolder, "b"); });
+        Guarded(errors, "m:Write", false,
+                []() -> bool { RaiseError(err::kOutsideNewFolder, "b"); });
         EXPECT_TRUE(view.repeats.empty());
     }
     EXPECT_EQ(failures, 70000);  // every call still fails as before
@@ -51,17 +52,17 @@ TEST(ProgramError, RepeatsWithinAnOperationAreShownOnceAndCounted) {
     using Repeat = std::pair<std::string, int>;
     EXPECT_EQ(view.repeats,
               (std::vector<Repeat>{{view.errors[0].first, 69999}, {view.errors[1].first, 1}}));
-    ReportProgramError(6, "modUtilities:UpdateProgressBar");  // a new operation shows again
+    ReportProgramError(errors, 6, "modUtilities:UpdateProgressBar");  // a new operation shows again
     EXPECT_EQ(view.errors.size(), 3u);
 }
 
 TEST(ProgramError, GuardTurnsEveryExceptionIntoTheReportAndTheFailureValue) {
     testing::ScriptedView view;
-    ScopedActiveView active(view);
-    EXPECT_FALSE(Guarded("m:A", false, []() -> bool { RaiseError(err::kFileNotFound); }));
-    EXPECT_EQ(Guarded("m:B", -1, []() -> int { throw std::bad_alloc(); }), -1);
-    EXPECT_EQ(Guarded("m:C", 0, []() -> int { throw 42; }), 0);
-    EXPECT_TRUE(Guarded("m:D", false, [] { return true; }));
+    ErrorReporter errors{view};
+    EXPECT_FALSE(Guarded(errors, "m:A", false, []() -> bool { RaiseError(err::kFileNotFound); }));
+    EXPECT_EQ(Guarded(errors, "m:B", -1, []() -> int { throw std::bad_alloc(); }), -1);
+    EXPECT_EQ(Guarded(errors, "m:C", 0, []() -> int { throw 42; }), 0);
+    EXPECT_TRUE(Guarded(errors, "m:D", false, [] { return true; }));
     ASSERT_EQ(view.errors.size(), 3u);
     EXPECT_EQ(view.errors[0].first, "m:A\r\nError: File not found");
     EXPECT_EQ(view.errors[1].first, "m:B\r\nError: Out of memory");

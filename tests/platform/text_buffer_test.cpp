@@ -60,10 +60,11 @@ TEST(TextBuffer, LoadsAndSavesBytesUnchanged) {
     const std::string bytes = std::string("a\r\nb\rc\n\xF1\0z", 11);
     dir.Write("in.htm", bytes);
     TextBuffer b;
-    b.LoadFile(dir / "in.htm");
+    FileSystem fs;
+    b.LoadFile(fs, dir / "in.htm");
     EXPECT_EQ(b.Text(), bytes);
     EXPECT_EQ(b.Find("\xD1", 0), 7);  // folded Windows-1252 letter
-    b.SaveFile(dir / "out.htm");
+    b.SaveFile(fs, dir / "out.htm");
     EXPECT_EQ(dir.Read("out.htm"), bytes);
 }
 

@@ -2,10 +2,13 @@
 // return, and the invariants that hold for any input are checked.
 #include <gtest/gtest.h>
 
+#include "support/scripted_view.h"
+
 #include <random>
 #include <string>
 #include <vector>
 
+#include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "popups/body_reader.h"
@@ -80,6 +83,8 @@ std::string RemoveIMGsOneImageAtATime(std::string text) {
 // The program takes the text apart in one pass; the results must agree with the
 // forms that start again from the beginning after every change.
 TEST(HtmlToTextFuzz, OnePassAgreesWithOneChangeAtATime) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     std::vector<std::string> inputs = TagSoup(4000);
     for (std::string& s : TagSoup(3000)) inputs.push_back("<A HREF=\"x\">" + s + "</A>");
     for (const char* s : {"<<A HREF=\"a\">A HREF=\"b\">t</A></A>", "<A HREF=</A>x>y",
@@ -88,46 +93,48 @@ TEST(HtmlToTextFuzz, OnePassAgreesWithOneChangeAtATime) {
         inputs.emplace_back(s);
     for (const std::string& s : inputs) {
         SCOPED_TRACE(s);
-        EXPECT_EQ(RemoveHREFs(s), RemoveHREFsOneLinkAtATime(s));
-        EXPECT_EQ(RemoveIMGs(s), RemoveIMGsOneImageAtATime(s));
+        EXPECT_EQ(RemoveHREFs(errors, s), RemoveHREFsOneLinkAtATime(s));
+        EXPECT_EQ(RemoveIMGs(errors, s), RemoveIMGsOneImageAtATime(s));
     }
 }
 
 TEST(HtmlToTextFuzz, EveryFunctionEndsOnTagSoup) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     for (const std::string& s : TagSoup(3000)) {
         SCOPED_TRACE(s);
-        const std::string noImages = RemoveIMGs(s);
+        const std::string noImages = RemoveIMGs(errors, s);
         EXPECT_FALSE(ImageTagWithEnd(noImages));
         // " (*) " is shorter than any image tag it replaces.
         EXPECT_LE(noImages.size(), s.size());
 
-        const std::string noAnchor = RemoveAnchor(s);
+        const std::string noAnchor = RemoveAnchor(errors, s);
         EXPECT_EQ(noAnchor.size() < s.size(), AnchorPair(s));
 
-        const std::string noLinks = RemoveHREFs(s);
+        const std::string noLinks = RemoveHREFs(errors, s);
         EXPECT_LE(noLinks.size(), s.size());
         EXPECT_TRUE(ContainsNoCase(s, "HREF=") || noLinks == s);
 
-        const std::string trimmed = TrimNewLines(s);
+        const std::string trimmed = TrimNewLines(errors, s);
         EXPECT_FALSE(StartsWithNoCase(trimmed, "\r\n"));
         EXPECT_FALSE(EndsWithNoCase(trimmed, "\r\n"));
         EXPECT_NE(s.find(trimmed), std::string::npos);
 
         // A script string is one line; the escapes themselves are in the table tests.
-        const std::string escaped = ReplaceSpecialChars(s);
+        const std::string escaped = ReplaceSpecialChars(errors, s);
         EXPECT_EQ(escaped.find("\r\n"), std::string::npos);
         EXPECT_EQ(escaped.find('\t'), std::string::npos);
 
-        EXPECT_LE(RemoveHTMLTags(s).size(), s.size());
-        EXPECT_LE(RemoveListTags(s, "* ").size(), s.size());
+        EXPECT_LE(RemoveHTMLTags(errors, s).size(), s.size());
+        EXPECT_LE(RemoveListTags(errors, s, "* ").size(), s.size());
 
         TextReader reader;
         reader.OpenText(s);
-        const std::string body = modPopups::HTMLBodyContents(reader);
+        const std::string body = modPopups::HTMLBodyContents(errors, reader);
         EXPECT_LE(body.size(), 2 * s.size());
         for (auto kind : {modPopups::PopupKind::Script, modPopups::PopupKind::TextPopup}) {
-            modPopups::CleanPopupBody(s, kind);
-            modPopups::CleanPopupBody(body, kind);
+            modPopups::CleanPopupBody(errors, ProjectState{}, s, kind);
+            modPopups::CleanPopupBody(errors, ProjectState{}, body, kind);
         }
     }
 }

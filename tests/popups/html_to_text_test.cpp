@@ -5,6 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/program_error.h"
+#include "support/scripted_view.h"
+
 namespace tamrix::modStrings {
 namespace {
 
@@ -13,8 +16,13 @@ struct Case {
     std::string expected;
 };
 
-void ExpectAll(std::string (*f)(std::string_view), const std::vector<Case>& cases) {
-    for (const Case& c : cases) EXPECT_EQ(f(c.input), c.expected) << "input: " << c.input;
+// Runs `f` on each case; any error report fails the case.
+template <class F>
+void ExpectAll(F f, const std::vector<Case>& cases) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
+    for (const Case& c : cases) EXPECT_EQ(f(errors, c.input), c.expected) << "input: " << c.input;
+    EXPECT_TRUE(view.errors.empty());
 }
 
 TEST(HtmlToText, RemoveHTMLTagsDropsOnlyTheListedTagTexts) {
@@ -36,13 +44,16 @@ TEST(HtmlToText, RemoveHTMLTagsDropsOnlyTheListedTagTexts) {
 
 TEST(HtmlToText, RemoveListTagsPutsBulletsAndDropsListTags) {
     // Ordered lists get the same bullet; no numbers.
-    ExpectAll([](std::string_view s) { return RemoveListTags(s, "* "); },
-              {{"<UL>\r\n<LI>one</LI>\r\n<LI>two</LI>\r\n</UL>\r\nafter",
-                "\r\n* one\r\n\r\n* two\r\n\r\nafter"},
-               {"<ol><li>a<li>b</ol>end", "* a* bend"},
-               {"</OL>\r\n</ul>x", "x"},
-               {"no list", "no list"}});
-    EXPECT_EQ(RemoveListTags("<OL><LI>x</LI></OL>", "\x95 "), "\x95 x\r\n");
+    ExpectAll(
+        [](ErrorReporter& errors, std::string_view s) { return RemoveListTags(errors, s, "* "); },
+        {{"<UL>\r\n<LI>one</LI>\r\n<LI>two</LI>\r\n</UL>\r\nafter",
+          "\r\n* one\r\n\r\n* two\r\n\r\nafter"},
+         {"<ol><li>a<li>b</ol>end", "* a* bend"},
+         {"</OL>\r\n</ul>x", "x"},
+         {"no list", "no list"}});
+    ExpectAll([](ErrorReporter& errors,
+                 std::string_view s) { return RemoveListTags(errors, s, "\x95 "); },
+              {{"<OL><LI>x</LI></OL>", "\x95 x\r\n"}});
 }
 
 TEST(HtmlToText, RemoveAnchorRemovesOnlyTheFirstAnchorWithItsText) {

@@ -4,10 +4,12 @@
 #include <cstdlib>
 #include <string>
 
+#include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "popups/body_reader.h"
 #include "popups/popup_text.h"
+#include "support/scripted_view.h"
 
 namespace tamrix::modPopups {
 namespace {
@@ -18,7 +20,9 @@ std::string CorpusDir() {
 }
 
 TEST(PopupCorpus, EveryTopicFileOfTheCorpusYieldsText) {
-    FileSystem& fs = SharedFileSystem();
+    FileSystem fs;
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     int files = 0;
     for (const char* project : {"draftcable", "wavesoap"}) {
         const std::string folder = CorpusDir() + "/" + project + "/html";
@@ -28,12 +32,12 @@ TEST(PopupCorpus, EveryTopicFileOfTheCorpusYieldsText) {
             if (!EndsWithNoCase(name, ".htm")) continue;
             SCOPED_TRACE(folder + "/" + name);
             ++files;
-            TextReader reader(folder + "/" + name);
-            const std::string body = HTMLBodyContents(reader);
+            TextReader reader(fs, folder + "/" + name);
+            const std::string body = HTMLBodyContents(errors, reader);
             EXPECT_FALSE(ContainsNoCase(body, "<BODY"));
             EXPECT_FALSE(ContainsNoCase(body, "</BODY>"));
             for (auto kind : {PopupKind::Script, PopupKind::TextPopup}) {
-                const PopupText popup = CleanPopupBody(body, kind);
+                const PopupText popup = CleanPopupBody(errors, ProjectState{}, body, kind);
                 if (!body.empty()) {
                     EXPECT_FALSE(popup.text.empty());
                 }

@@ -38,13 +38,9 @@ class PopupWriters : public ::testing::Test {
 protected:
     void SetUp() override {
         testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299334020");
-        modGlobals::ResetAll();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard_.Globals.TopicFiles = std::make_shared<CTopicFiles>();
     }
-    void TearDown() override {
-        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
-        modGlobals::ResetAll();
-    }
+    void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
 
     // A topic of the new project whose renamed file holds `bodyLines`.
     std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle, int internal,
@@ -56,24 +52,23 @@ protected:
         topic->HasTitle = hasTitle;
         topic->InternalReferences = internal;
         topic->ExternalReferences = external;
-        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
+        wizard_.Globals.TopicFiles->Add(topic, topic->AutoFileName);
         dir_.Write("html/" + topic->NewFileName, TopicHtml(bodyLines));
         return topic;
     }
 
     bool WriteScript(int& count) {
-        return WriteJavaPopupStrings(wizard_, *modGlobals::TopicFiles, dir_.Path(), "popups.js",
+        return WriteJavaPopupStrings(wizard_, *wizard_.Globals.TopicFiles, dir_.Path(), "popups.js",
                                      count);
     }
     bool WriteApp(int& count) {
-        return WriteAppPopupStrings(wizard_, *modGlobals::TopicFiles, dir_.Path(), "cshelp.txt",
+        return WriteAppPopupStrings(wizard_, *wizard_.Globals.TopicFiles, dir_.Path(), "cshelp.txt",
                                     count);
     }
 
     testing::TempDir dir_;
     testing::ScriptedView view_;
-    ScopedActiveView active_{view_};
-    WizardState wizard_{&view_};
+    Conversion wizard_{view_};
     int made_ = 0;
 };
 
@@ -131,7 +126,7 @@ TEST_F(PopupWriters, BodiesAreCleanedForEachFile) {
          ".topic idh_img\r\nSee a  (*)  c\r\n\r\n"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.script);
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard_.Globals.TopicFiles = std::make_shared<CTopicFiles>();
         for (const Popup& p : c.popups)
             Topic(p.context, false, p.internal, p.external, p.body)->ContextIDValueString = "&H1A";
         int count = 0;
@@ -148,12 +143,12 @@ TEST_F(PopupWriters, EveryExtraIdCanBeCalled) {
     auto t = Topic("idh_main", false, 1, 1, "<P><A NAME=\"idh_main\"></A>Text</P>\n");
     t->ExtraIds = "idh_alt^idh_alt2^idh_undefined";
     t->ContextIDValueString = "100";
-    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::MapContextIDs->Add("IDH_ALT", "12", "IDH_ALT");
-    modGlobals::MapContextIDs->Add("idh_other", "13", "idh_other");
-    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::ProjectContextIDs->Add("idh_alt2", "&H20", "idh_alt2");
-    modGlobals::ProjectContextIDs->Add("idh_alt", "14", "idh_alt");
+    wizard_.Globals.MapContextIDs = std::make_shared<CContextIDs>();
+    wizard_.Globals.MapContextIDs->Add(wizard_.Errors, "IDH_ALT", "12", "IDH_ALT");
+    wizard_.Globals.MapContextIDs->Add(wizard_.Errors, "idh_other", "13", "idh_other");
+    wizard_.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
+    wizard_.Globals.ProjectContextIDs->Add(wizard_.Errors, "idh_alt2", "&H20", "idh_alt2");
+    wizard_.Globals.ProjectContextIDs->Add(wizard_.Errors, "idh_alt", "14", "idh_alt");
     int count = 0;
     ASSERT_TRUE(WriteScript(count));
     EXPECT_EQ(count, 4);
@@ -185,10 +180,10 @@ TEST_F(PopupWriters, PopupsWithoutAScriptNameAreLeftOutSoThatTheScriptParses) {
               ScriptHeader() + "idh_ok = \"fine\"\r\nidh_also = \"fine\"\r\n");
     EXPECT_EQ(testing::ScriptSyntaxErrors(dir_ / "popups.js"), "");
     EXPECT_EQ(
-        LeftOutScriptPopups(*modGlobals::TopicFiles),
+        LeftOutScriptPopups(*wizard_.Globals.TopicFiles),
         (std::vector<std::string>{".htm (Topic ID \"\")", "idh-dash.htm (Topic ID \"idh-dash\")",
                                   "2nd.htm (Topic ID \"2nd\")"}));
-    EXPECT_EQ(LeftOutPopupsMessage(*modGlobals::TopicFiles),
+    EXPECT_EQ(LeftOutPopupsMessage(wizard_, *wizard_.Globals.TopicFiles),
               "3 popups were left out of popups.js because their topic IDs are not script "
               "names:\r\n.htm (Topic ID \"\")\r\nidh-dash.htm (Topic ID \"idh-dash\")\r\n"
               "2nd.htm (Topic ID \"2nd\")");
@@ -200,8 +195,8 @@ TEST_F(PopupWriters, TextPopupsWithoutAValueAreLeftOut) {
     Topic("idh_map", false, 0, 1, "<P>map</P>\n")->ContextIDValueString = "&H10";
     Topic("pop_proj", false, 0, 1, "<P>project</P>\n");
     Topic("pop_none", false, 0, 1, "<P>none</P>\n");
-    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::ProjectContextIDs->Add("POP_PROJ", "&H2B", "POP_PROJ");
+    wizard_.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
+    wizard_.Globals.ProjectContextIDs->Add(wizard_.Errors, "POP_PROJ", "&H2B", "POP_PROJ");
     int count = 0;
     ASSERT_TRUE(WriteApp(count));
     EXPECT_EQ(count, 2);
@@ -209,7 +204,7 @@ TEST_F(PopupWriters, TextPopupsWithoutAValueAreLeftOut) {
               "#define idh_map 0x10\r\n#define pop_proj 0x2B\r\n");
     EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"),
               ".topic idh_map\r\nmap\r\n\r\n.topic pop_proj\r\nproject\r\n\r\n");
-    EXPECT_EQ(LeftOutPopupsMessage(*modGlobals::TopicFiles),
+    EXPECT_EQ(LeftOutPopupsMessage(wizard_, *wizard_.Globals.TopicFiles),
               "1 popup was left out of cshelp.txt and cshelp.h because no map definition gives "
               "its topic ID a value:\r\npop_none.htm (Topic ID \"pop_none\")");
 }
@@ -230,14 +225,14 @@ TEST_F(PopupWriters, TheSectionListsTheTextFilesBeforeTheScriptFile) {
         "new.hhp",
         "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT POPUPS]\r\nold.h\r\nold.txt\r\n\r\n[FILES]\r\na.htm\r\n");
     // Both flags false empty the section.
-    EXPECT_TRUE(AddPopupFiles(project, false, false));
+    EXPECT_TRUE(AddPopupFiles(wizard_, project, false, false));
     EXPECT_EQ(ReadFileBytes(project),
               "[OPTIONS]\r\nTitle=x\r\n\r\n[TEXT POPUPS]\r\n\r\n[FILES]\r\na.htm\r\n");
     const std::string added = dir_.Write("add.hhp", "[OPTIONS]\r\nTitle=x\r\n");
-    EXPECT_TRUE(AddPopupFiles(added, true, true));
+    EXPECT_TRUE(AddPopupFiles(wizard_, added, true, true));
     EXPECT_EQ(ReadFileBytes(added),
               "[OPTIONS]\r\nTitle=x\r\n[TEXT POPUPS]\r\ncshelp.h\r\ncshelp.txt\r\npopups.js\r\n");
-    EXPECT_TRUE(AddPopupFiles(added, true, false));
+    EXPECT_TRUE(AddPopupFiles(wizard_, added, true, false));
     EXPECT_EQ(ReadFileBytes(added), "[OPTIONS]\r\nTitle=x\r\n[TEXT POPUPS]\r\npopups.js\r\n");
 }
 

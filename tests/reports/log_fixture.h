@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "model/conversion.h"
 #include "model/project_state.h"
-#include "model/wizard_state.h"
 #include "platform/program_identity.h"
 #include "reports/c_summary.h"
 #include "support/environment.h"
@@ -34,13 +34,9 @@ protected:
     explicit LogTest(const char* epoch) : epoch_(epoch) {}
     void SetUp() override {
         testing::SetEnvironment("SOURCE_DATE_EPOCH", epoch_);
-        modGlobals::ResetAll();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
     }
-    void TearDown() override {
-        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
-        modGlobals::ResetAll();
-    }
+    void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
     std::shared_ptr<CTopicFile> AddTopic(const std::string& file, const std::string& context,
                                          bool hasTitle) {
         auto topic = std::make_shared<CTopicFile>();
@@ -49,14 +45,13 @@ protected:
         topic->Context = context;
         topic->NewFileName = context.empty() ? file : context + ".htm";
         topic->HasTitle = hasTitle;
-        modGlobals::TopicFiles->Add(topic, file);
+        wizard.Globals.TopicFiles->Add(topic, file);
         return topic;
     }
 
     ScriptedView view;
-    ScopedActiveView active{view};
-    WizardState wizard{&view};
-    CSummary report;
+    Conversion wizard{view};
+    CSummary report{wizard.Errors};
 
 private:
     const char* epoch_;

@@ -26,9 +26,9 @@ protected:
         topic->ExternalReferences = external;
         return topic;
     }
-    static void Define(CContextIDs& ids, const std::string& name, const std::string& value,
-                       const std::string& key, int mapFileIndex, bool fileDefined) {
-        auto id = ids.Add(name, value, key);
+    void Define(CContextIDs& ids, const std::string& name, const std::string& value,
+                const std::string& key, int mapFileIndex, bool fileDefined) {
+        auto id = ids.Add(wizard.Errors, name, value, key);
         ASSERT_NE(id, nullptr);
         id->MapFileIndex = mapFileIndex;
         id->FileDefined = fileDefined;
@@ -66,8 +66,8 @@ TEST_F(PopupLog, ScriptPopupsLeftOutOfTheScriptAreListedAfterTheTables) {
 
 TEST_F(PopupLog, ListsEveryPopupWithItsReferencesLineForLine) {
     wizard.WinHelpProjectName = "C:\\help\\proj.hpj";
-    modGlobals::MapFiles = {"C:\\maps\\first.h", "C:\\maps\\second.h"};
-    modGlobals::MapFileCount = 2;
+    wizard.Globals.MapFiles = {"C:\\maps\\first.h", "C:\\maps\\second.h"};
+    wizard.Globals.MapFileCount = 2;
 
     auto main = Topic("idh_main", true, 0, 0);
     auto other = Topic("idh_other", true, 0, 0);
@@ -80,17 +80,17 @@ TEST_F(PopupLog, ListsEveryPopupWithItsReferencesLineForLine) {
         main->targets().Add(target);
     other->targets().Add("afx_idh_pop.htm");
 
-    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
-    Define(*modGlobals::MapContextIDs, "idh_pop", "5", "idh_pop", 1, true);
-    Define(*modGlobals::MapContextIDs, "idh_app", "&H10", "idh_app", 2, true);
-    Define(*modGlobals::MapContextIDs, "IDH_APP", "20", "", 1, true);
-    Define(*modGlobals::MapContextIDs, "idh_app", "99", "", 1, false);
-    Define(*modGlobals::MapContextIDs, "idh_nomatch_not", "7", "", 1, true);
+    wizard.Globals.MapContextIDs = std::make_shared<CContextIDs>();
+    Define(*wizard.Globals.MapContextIDs, "idh_pop", "5", "idh_pop", 1, true);
+    Define(*wizard.Globals.MapContextIDs, "idh_app", "&H10", "idh_app", 2, true);
+    Define(*wizard.Globals.MapContextIDs, "IDH_APP", "20", "", 1, true);
+    Define(*wizard.Globals.MapContextIDs, "idh_app", "99", "", 1, false);
+    Define(*wizard.Globals.MapContextIDs, "idh_nomatch_not", "7", "", 1, true);
     // Map file numbers outside the list leave the column empty.
-    Define(*modGlobals::MapContextIDs, "idh_app", "1", "", 0, true);
-    Define(*modGlobals::MapContextIDs, "idh_app", "2", "", 3, true);
-    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
-    Define(*modGlobals::ProjectContextIDs, "idh_app", "30", "idh_app", 0, true);
+    Define(*wizard.Globals.MapContextIDs, "idh_app", "1", "", 0, true);
+    Define(*wizard.Globals.MapContextIDs, "idh_app", "2", "", 3, true);
+    wizard.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
+    Define(*wizard.Globals.ProjectContextIDs, "idh_app", "30", "idh_app", 0, true);
 
     ASSERT_TRUE(MakePopupLogSummary(wizard, report));
     std::vector<std::string> expected = Heading();

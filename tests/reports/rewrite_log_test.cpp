@@ -18,16 +18,12 @@ protected:
     RewriteLogTest() : LogTest("1299333960") {}  // March 05, 2011 14:06 UTC
     void SetUp() override {
         LogTest::SetUp();
-        modRewrite::ClearRefusedFiles();
         wizard.Projectname = "C:\\Help\\proj.hhp";
         wizard.NewRootPath = "D:\\New\\";
         wizard.NewProjectName = "new.hhp";
         for (const char* name : {"a.htm", "b.htm", "c.htm"}) AddTopic(name, "", true);
     }
-    void TearDown() override {
-        LogTest::TearDown();
-        modRewrite::ClearRefusedFiles();
-    }
+    void TearDown() override { LogTest::TearDown(); }
     // The log ends with `tail`.
     void ExpectTail(const std::string& tail) {
         const std::string& text = report.Text();
@@ -38,29 +34,29 @@ protected:
     // Context IDs, map files and aliases as a write leaves them: some aliased,
     // one unaliased and one zero-value ID in each collection.
     void AddWinHelpData() {
-        using namespace modGlobals;
+        ProjectState& g = wizard.Globals;
         wizard.WinHelpProjectName = "C:\\Help\\proj.hpj";
         wizard.IndexFile = "C:\\Help\\Index.hhk";
         wizard.ContentsFile = "C:\\Help\\Toc.hhc";
-        TopicFiles->Item(1)->HotSpotCount = 2;
-        TopicFiles->Item(3)->HotSpotCount = 1;
-        ProjectContextIDs = std::make_shared<CContextIDs>();
-        AddID(*ProjectContextIDs, "IDH_A", "1", 1, true, 0);
-        AddID(*ProjectContextIDs, "IDH_B", "2", 2, false, 0);
-        AddID(*ProjectContextIDs, "IDH_Z", "0", 0, false, 0);
-        MapContextIDs = std::make_shared<CContextIDs>();
-        AddID(*MapContextIDs, "M_1", "&H10", 16, true, 1);
-        AddID(*MapContextIDs, "M_2", "5", 5, false, 2);
-        AddID(*MapContextIDs, "M_0", "0", 0, false, 1);
-        MapFiles = {"C:\\Help\\first.h", "C:\\Help\\second.h"};
-        MapFileCount = 2;
-        ProjectAliases = std::make_shared<CAliases>();
-        ProjectAliases->Add("IDH_X")->AliasFound = true;
-        ProjectAliases->Add("IDH_Y");
+        g.TopicFiles->Item(1)->HotSpotCount = 2;
+        g.TopicFiles->Item(3)->HotSpotCount = 1;
+        g.ProjectContextIDs = std::make_shared<CContextIDs>();
+        AddID(*g.ProjectContextIDs, "IDH_A", "1", 1, true, 0);
+        AddID(*g.ProjectContextIDs, "IDH_B", "2", 2, false, 0);
+        AddID(*g.ProjectContextIDs, "IDH_Z", "0", 0, false, 0);
+        g.MapContextIDs = std::make_shared<CContextIDs>();
+        AddID(*g.MapContextIDs, "M_1", "&H10", 16, true, 1);
+        AddID(*g.MapContextIDs, "M_2", "5", 5, false, 2);
+        AddID(*g.MapContextIDs, "M_0", "0", 0, false, 1);
+        g.MapFiles = {"C:\\Help\\first.h", "C:\\Help\\second.h"};
+        g.MapFileCount = 2;
+        g.ProjectAliases = std::make_shared<CAliases>();
+        g.ProjectAliases->Add("IDH_X")->AliasFound = true;
+        g.ProjectAliases->Add("IDH_Y");
     }
-    static void AddID(CContextIDs& ids, const char* name, const char* value, int number,
-                      bool defined, int mapFile) {
-        const auto id = ids.Add(name, value, name);
+    void AddID(CContextIDs& ids, const char* name, const char* value, int number, bool defined,
+               int mapFile) {
+        const auto id = ids.Add(wizard.Errors, name, value, name);
         id->ContextIDVal = number;
         id->FileDefined = defined;
         id->MapFileIndex = mapFile;
@@ -103,8 +99,8 @@ TEST_F(RewriteLogTest, FullLogWithZeroValueIDsIgnored) {
 
 TEST_F(RewriteLogTest, ZeroValueMapFileIDsAreListedWhenNotIgnored) {
     AddWinHelpData();
-    modGlobals::IgnoreZeroIDs = false;
-    modGlobals::MapContextIDs->Item("M_2")->MapFileIndex = 3;  // past the list: no name
+    wizard.Globals.IgnoreZeroIDs = false;
+    wizard.Globals.MapContextIDs->Item("M_2")->MapFileIndex = 3;  // past the list: no name
     ASSERT_TRUE(modUtilities::WriteRewriteLog(wizard, report, 2, 2));
     ExpectTail(
         "\r\nThere were 2 zero value context ID's.\r\n"

@@ -142,22 +142,23 @@ TEST_F(ScanLog, AnUnknownTargetAsksAndCancelStopsOnlyTheTitledListing) {
 
 TEST_F(ScanLog, WinHelpBlock) {
     wizard.WinHelpProjectName = dir / "old.hpj";
-    modGlobals::MapFiles = {"/p/one.h", "/p/two.h"};
-    modGlobals::MapFileCount = 2;
-    modGlobals::AliasFiles = {"/p/al.h"};
-    modGlobals::AliasFileCount = 1;
-    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::ProjectContextIDs->Add("IDH_P", "5", "IDH_P");
-    modGlobals::MapContextIDs = std::make_shared<CContextIDs>();
+    wizard.Globals.MapFiles = {"/p/one.h", "/p/two.h"};
+    wizard.Globals.MapFileCount = 2;
+    wizard.Globals.AliasFiles = {"/p/al.h"};
+    wizard.Globals.AliasFileCount = 1;
+    wizard.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
+    wizard.Globals.ProjectContextIDs->Add(wizard.Errors, "IDH_P", "5", "IDH_P");
+    wizard.Globals.MapContextIDs = std::make_shared<CContextIDs>();
     for (int i = 0; i < 41; ++i)
-        modGlobals::MapContextIDs->Add("IDH_" + std::to_string(i), "1", "IDH_" + std::to_string(i));
-    modGlobals::ProjectAliases = std::make_shared<CAliases>();
-    modGlobals::ProjectAliases->Add("ALIAS_A");
-    modGlobals::DuplicateIncludes = "/p/one.h^/p/al.h";
-    modGlobals::DuplicateContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::DuplicateContextIDs->Add("IDH_3", "&H10", "");
-    modGlobals::InvalidContextIDs = "IDH_E = overflow value: 99999999999";
-    modGlobals::TopicFiles.reset();
+        wizard.Globals.MapContextIDs->Add(wizard.Errors, "IDH_" + std::to_string(i), "1",
+                                          "IDH_" + std::to_string(i));
+    wizard.Globals.ProjectAliases = std::make_shared<CAliases>();
+    wizard.Globals.ProjectAliases->Add("ALIAS_A");
+    wizard.Globals.DuplicateIncludes = "/p/one.h^/p/al.h";
+    wizard.Globals.DuplicateContextIDs = std::make_shared<CContextIDs>();
+    wizard.Globals.DuplicateContextIDs->Add(wizard.Errors, "IDH_3", "&H10", "");
+    wizard.Globals.InvalidContextIDs = "IDH_E = overflow value: 99999999999";
+    wizard.Globals.TopicFiles.reset();
 
     const std::vector<std::string> expected = {
         "HTML Index File: None.",
@@ -198,8 +199,8 @@ TEST_F(ScanLog, WinHelpBlock) {
 
     // Without map files a redefinition is placed in [MAP]; without duplicate
     // includes the out-of-range heading stands alone.
-    modGlobals::MapFileCount = 0;
-    modGlobals::DuplicateIncludes.clear();
+    wizard.Globals.MapFileCount = 0;
+    wizard.Globals.DuplicateIncludes.clear();
     const auto again = Lines();
     EXPECT_EQ(again[again.size() - 4], Wide("in [MAP]" + Sp(11) + "IDH_3" + Sp(31) + "&H10"));
     EXPECT_EQ(again[again.size() - 2], " Context ID's with out-of-range Values:");

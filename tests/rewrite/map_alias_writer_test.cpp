@@ -33,22 +33,23 @@ protected:
     std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle,
                                       const std::string& extraIds = {}, int externalRefs = 0) {
         auto topic = AddTopic(
-            "html\\auto" + std::to_string(modGlobals::TopicFiles->Count()) + ".htm", context);
+            "html\\auto" + std::to_string(wizard.Globals.TopicFiles->Count()) + ".htm", context);
         topic->HasTitle = hasTitle;
         topic->ExtraIds = extraIds;
         topic->ExternalReferences = externalRefs;
         return topic;
     }
     // `lines` of the project's [MAP] (index 0) or of map file `index`.
-    static void Define(std::initializer_list<const char*> lines, int index) {
-        auto& ids = index == 0 ? modGlobals::ProjectContextIDs : modGlobals::MapContextIDs;
+    void Define(std::initializer_list<const char*> lines, int index) {
+        auto& ids = index == 0 ? wizard.Globals.ProjectContextIDs : wizard.Globals.MapContextIDs;
         if (!ids) ids = std::make_shared<CContextIDs>();
-        for (const char* line : lines) modParser::AddContextIDFromString(line, *ids, "", index);
+        for (const char* line : lines)
+            modParser::AddContextIDFromString(wizard, line, *ids, "", index);
     }
     // Section lines as the profile reader returns them.
-    std::string Section(const std::string& name) const {
+    std::string Section(const std::string& name) {
         std::string text;
-        profile::GetSection(project, name, text);
+        profile::GetSection(wizard.Files, project, name, text);
         return text;
     }
     static std::string Lines(std::initializer_list<std::string> lines) {
@@ -72,40 +73,40 @@ TEST_F(MapAliasWriter, MapFilesAreCopiedAsHeadersAndIncludedOnce) {
     const std::string x2 = tmp.Write("old/b/X.H", "second\n");
     const std::string bx = tmp.Write("old/bx.h", "bx\n");
     NewFileList copies;
-    ASSERT_TRUE(CopyMapFiles({ids, bx, x1, x2, "unused"}, 4, newDir, copies));
+    ASSERT_TRUE(CopyMapFiles(wizard, {ids, bx, x1, x2, "unused"}, 4, newDir, copies));
     EXPECT_EQ(copies.count, 4);
     EXPECT_EQ(copies.names[0], "ids.h");
     EXPECT_EQ(New("ids.h"), "#define IDH_A 1\r\n");
     // A second file whose name folds to the first one's gets a name of its own.
     EXPECT_EQ(New("x.h"), "first\n");
     EXPECT_EQ(New("X_1.h"), "second\n");
-    EXPECT_EQ(modGlobals::DuplicateIncludes, "");
+    EXPECT_EQ(wizard.Globals.DuplicateIncludes, "");
     EXPECT_FALSE(tmp.Exists("work/new/unused"));
 
     // No [MAP] IDs of the project itself: no NewMap.h. The listed names are
     // compared as substrings, so x.h is taken for included once bx.h is.
-    ASSERT_TRUE(AddMapFiles(copies, project));
+    ASSERT_TRUE(AddMapFiles(wizard, copies, project));
     EXPECT_EQ(tmp.Read("work/new/help.hhp"),
               ReplaceAll(kProject, "#include old.h\r\n",
                          "#include ids.h\r\n#include bx.h\r\n#include X_1.h\r\n"));
     EXPECT_FALSE(tmp.Exists("work/new/NewMap.h"));
     NewFileList sameName;
-    ASSERT_TRUE(CopyMapFiles({x1, x2}, 2, newDir, sameName));
-    ASSERT_TRUE(AddMapFiles(sameName, project));
+    ASSERT_TRUE(CopyMapFiles(wizard, {x1, x2}, 2, newDir, sameName));
+    ASSERT_TRUE(AddMapFiles(wizard, sameName, project));
     EXPECT_EQ(Section("MAP"), Lines({"#include x.h", "#include X_1.h"}));
     EXPECT_TRUE(view.messages.empty());
 }
 
 TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitionsWhenAllowed) {
     std::string name = "NewMap.h";
-    ASSERT_TRUE(WriteNewMapFile(name, newDir));  // no definitions: nothing written
+    ASSERT_TRUE(WriteNewMapFile(wizard, name, newDir));  // no definitions: nothing written
     EXPECT_FALSE(tmp.Exists("work/new/NewMap.h"));
     ASSERT_EQ(view.messages.size(), 1u);
     EXPECT_EQ(view.messages[0].text, "No Map definitions read from the WinHelp project file.");
     EXPECT_EQ(view.messages[0].title, "Writing Alias File");
 
     Define({"IDH_ONE 1", "#define IDH_TWO 0x20 // two", "IDH_THREE=3"}, 0);
-    ASSERT_TRUE(AddMapFiles(NewFileList{}, project));
+    ASSERT_TRUE(AddMapFiles(wizard, NewFileList{}, project));
     // Hexadecimal values in C form, for the help compiler.
     EXPECT_EQ(New("NewMap.h"), MapHead() +
                                    ";\r\n#define IDH_ONE 1\r\n#define IDH_TWO 0x20 // two\r\n"
@@ -115,30 +116,31 @@ TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitionsWhenAllowed) {
     // An existing file: No, then the input box is cancelled: nothing written or included.
     tmp.Write("work/new/NewMap.h", "keep me");
     view.answersById[10018] = mb::kNo;
-    ASSERT_TRUE(AddMapFiles(NewFileList{}, project));
+    ASSERT_TRUE(AddMapFiles(wizard, NewFileList{}, project));
     EXPECT_EQ(New("NewMap.h"), "keep me");
     EXPECT_EQ(Section("MAP"), "");
     ExpectMessage(1, 10018, "Writing Map File", 36);
     EXPECT_NE(view.messages[1].text.find(newDir + "/NewMap.h"), std::string::npos);
     // No, then another name.
     view.inputAnswers.push_back(std::string("Other.h"));
-    ASSERT_TRUE(AddMapFiles(NewFileList{}, project));
+    ASSERT_TRUE(AddMapFiles(wizard, NewFileList{}, project));
     EXPECT_EQ(Section("MAP"), Lines({"#include Other.h"}));
     EXPECT_TRUE(tmp.Exists("work/new/Other.h"));
     EXPECT_EQ(New("NewMap.h"), "keep me");
     // Yes overwrites.
     view.answersById[10018] = mb::kYes;
-    ASSERT_TRUE(WriteNewMapFile(name, newDir));
+    ASSERT_TRUE(WriteNewMapFile(wizard, name, newDir));
     EXPECT_EQ(name, "NewMap.h");
     EXPECT_NE(New("NewMap.h"), "keep me");
 }
 
 TEST_F(MapAliasWriter, NamesFromProjectFilesNeverLeaveTheNewFolder) {
-    SharedFileSystem().SetWriteRoot("");  // the checks alone must keep them in
+    wizard.Files.SetWriteRoot("");  // the checks alone must keep them in
     const auto before = Tree();
     const std::string source = tmp.Write("work/escaped.h", "x\n");
     NewFileList copies;
-    ASSERT_TRUE(CopyMapFiles({newDir + "/..\\escaped.h", source + "\\.."}, 2, newDir, copies));
+    ASSERT_TRUE(
+        CopyMapFiles(wizard, {newDir + "/..\\escaped.h", source + "\\.."}, 2, newDir, copies));
     EXPECT_EQ(copies.count, 1);
     Define({"IDH_ONE 1"}, 0);
     tmp.Write("work/new/NewMap.h", "keep me");
@@ -148,11 +150,11 @@ TEST_F(MapAliasWriter, NamesFromProjectFilesNeverLeaveTheNewFolder) {
              {"..\\..\\evil.h", "evil.h"}, {"..", ""}, {"C:..\\d.h", "d.h"}}) {
         view.inputAnswers.push_back(answer);
         std::string name = "NewMap.h";
-        ASSERT_TRUE(WriteNewMapFile(name, newDir));
+        ASSERT_TRUE(WriteNewMapFile(wizard, name, newDir));
         EXPECT_EQ(name, kept);
     }
     std::string alias;
-    EXPECT_FALSE(RewriteOneAliasFile(source + "/..", newDir, alias));
+    EXPECT_FALSE(RewriteOneAliasFile(wizard, source + "/..", newDir, alias));
     std::string normal = "../outside.h", untitled = "/tmp/../cs.h";
     EXPECT_TRUE(WriteNewAliasFile(wizard, normal, untitled, newDir));
     EXPECT_EQ(normal + "|" + untitled, "outside.h|cs.h");
@@ -191,33 +193,33 @@ TEST_F(MapAliasWriter, NewAliasFilesSortTopicsByTitleAndReferences) {
               AliasHead() +
                   "; Automatic aliases for untitled topic files whose text may be extracted to "
                   "cshelp.txt ;;;;;;;;;;\r\nPOPUP_CALLED = html\\popup_called.htm\r\n");
-    EXPECT_TRUE(modGlobals::MapContextIDs->Find("popup_silent")->FileDefined);
-    EXPECT_FALSE(modGlobals::MapContextIDs->Find("main")->FileDefined);
-    EXPECT_EQ(UnAliasedContexts(), 3);  // map main (zero), IDH_NONE, IDH_LOST
+    EXPECT_TRUE(wizard.Globals.MapContextIDs->Find("popup_silent")->FileDefined);
+    EXPECT_FALSE(wizard.Globals.MapContextIDs->Find("main")->FileDefined);
+    EXPECT_EQ(UnAliasedContexts(wizard), 3);  // map main (zero), IDH_NONE, IDH_LOST
     EXPECT_EQ(view.Captions().back(), "Writing New Alias Files ...");
 }
 
 TEST_F(MapAliasWriter, InternalAliasesListIncludesAndFoundTopicsOnly) {
     Topic("topic_one", true);
     Topic("topic_two", false);
-    modGlobals::ProjectAliases = std::make_shared<CAliases>();
+    wizard.Globals.ProjectAliases = std::make_shared<CAliases>();
     for (const char* line :
          {"HID_ONE = TOPIC_ONE ; first", "HID_TWO = topic_two", "HID_GONE = no_such_topic"})
-        modParser::AddAliasFromString(line);
+        modParser::AddAliasFromString(wizard, line);
     Define({"#define hid_one 1", "#define HID_GONE 2"}, 1);
     Define({"hid_two 5", "HID_GONE 6"}, 0);
     NewFileList aliasCopies;
     aliasCopies.names = {"sub\\al.h", "b.h"};
     aliasCopies.count = 2;
     ASSERT_TRUE(RewriteInternalAliases(wizard, project, aliasCopies, "NewAliases.h", "csAlias.h"));
-    EXPECT_TRUE(modGlobals::ProjectAliases->Item(1)->AliasFound);
-    EXPECT_FALSE(modGlobals::ProjectAliases->Item(3)->AliasFound);
-    EXPECT_TRUE(modGlobals::MapContextIDs->Find("HID_ONE")->FileDefined);
-    EXPECT_FALSE(modGlobals::MapContextIDs->Find("HID_GONE")->FileDefined);
+    EXPECT_TRUE(wizard.Globals.ProjectAliases->Item(1)->AliasFound);
+    EXPECT_FALSE(wizard.Globals.ProjectAliases->Item(3)->AliasFound);
+    EXPECT_TRUE(wizard.Globals.MapContextIDs->Find("HID_ONE")->FileDefined);
+    EXPECT_FALSE(wizard.Globals.MapContextIDs->Find("HID_GONE")->FileDefined);
     // The IDs of found aliases count as aliased in the project's [MAP] too.
-    EXPECT_TRUE(modGlobals::ProjectContextIDs->Find("HID_TWO")->FileDefined);
-    EXPECT_FALSE(modGlobals::ProjectContextIDs->Find("HID_GONE")->FileDefined);
-    EXPECT_EQ(UnAliasedContexts(), 2);
+    EXPECT_TRUE(wizard.Globals.ProjectContextIDs->Find("HID_TWO")->FileDefined);
+    EXPECT_FALSE(wizard.Globals.ProjectContextIDs->Find("HID_GONE")->FileDefined);
+    EXPECT_EQ(UnAliasedContexts(wizard), 2);
     // The section moves to the end of the file; the rest stays as it was.
     EXPECT_EQ(New("help.hhp"),
               ReplaceAll(kProject, "[ALIAS]\r\nX=html\\a.htm\r\n\r\n", "") +
@@ -226,8 +228,8 @@ TEST_F(MapAliasWriter, InternalAliasesListIncludesAndFoundTopicsOnly) {
                   "HID_TWO = html\\topic_two.htm\r\n");
 
     // Without context IDs the section keeps an empty include.
-    modGlobals::ResetAll();
-    modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+    wizard.Globals = ProjectState{};
+    wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
     NewFileList none;
     ASSERT_TRUE(WriteAliases(none));
     EXPECT_EQ(aliasName + "|" + csName, "|");
@@ -241,14 +243,14 @@ TEST_F(MapAliasWriter, IncludedAliasFilesAreRewrittenWithNewTopicNames) {
     Topic("topic_one", true);
     Topic("main", true, "extra_id");
     Define({"#define HID_ONE 1", "#define HID_X 2"}, 1);
-    modGlobals::MapFiles = {tmp / "old/maps/app.hm"};
-    modGlobals::MapFileCount = 1;
-    modGlobals::AliasFiles = {tmp.Write("old/aliases.txt",
-                                        "; my aliases\r\nHID_ONE\t=\ttopic_one ; note\r\n"
-                                        "   ; indented comment\r\nHID_X = EXTRA_ID\n"
-                                        "HID_GONE = nowhere\r\n = main\r\n"
-                                        "#include \"..\\more.als\"\r\n\r\n")};
-    modGlobals::AliasFileCount = 1;
+    wizard.Globals.MapFiles = {tmp / "old/maps/app.hm"};
+    wizard.Globals.MapFileCount = 1;
+    wizard.Globals.AliasFiles = {tmp.Write("old/aliases.txt",
+                                           "; my aliases\r\nHID_ONE\t=\ttopic_one ; note\r\n"
+                                           "   ; indented comment\r\nHID_X = EXTRA_ID\n"
+                                           "HID_GONE = nowhere\r\n = main\r\n"
+                                           "#include \"..\\more.als\"\r\n\r\n")};
+    wizard.Globals.AliasFileCount = 1;
     NewFileList aliasCopies;
     ASSERT_TRUE(WriteAliases(aliasCopies));
     ASSERT_EQ(aliasCopies.count, 1);
@@ -262,7 +264,7 @@ TEST_F(MapAliasWriter, IncludedAliasFilesAreRewrittenWithNewTopicNames) {
                   "HID_X = html\\main.htm\r\n; Could not find alias for: \"HID_GONE\"\r\n"
                   " = main\r\n#include more.h\r\n\r\n");
     // IDs aliased there are not aliased again in NewAliases.h.
-    EXPECT_TRUE(modGlobals::MapContextIDs->Find("HID_X")->FileDefined);
+    EXPECT_TRUE(wizard.Globals.MapContextIDs->Find("HID_X")->FileDefined);
     EXPECT_EQ(New("NewAliases.h"),
               AliasHead() + "; Automatic aliases for normal topics ;;;;;;;;;;;;;;;;;;;;;;;;;;\r\n");
 
@@ -277,7 +279,7 @@ TEST_F(MapAliasWriter, IncludedAliasFilesAreRewrittenWithNewTopicNames) {
 
     // A failed alias file stops the new alias files.
     std::filesystem::remove(newDir + "/NewAliases.h");
-    modGlobals::AliasFiles = {tmp / "old/missing.als"};
+    wizard.Globals.AliasFiles = {tmp / "old/missing.als"};
     NewFileList failed;
     EXPECT_FALSE(WriteAliases(failed));
     EXPECT_FALSE(tmp.Exists("work/new/NewAliases.h"));

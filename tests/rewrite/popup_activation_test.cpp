@@ -44,8 +44,7 @@ const char* const kMainBody =
 class PopupActivation : public ::testing::Test {
 protected:
     void SetUp() override {
-        modGlobals::ResetAll();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard_.Globals.TopicFiles = std::make_shared<CTopicFiles>();
         main_ = Topic("idh_main", true, 0);
         pop1_ = Topic("idh_pop1", false, 1);
         pop2_ = Topic("idh_pop2", false, 2);
@@ -56,7 +55,6 @@ protected:
         dir_.Write("html/idh_main.htm", std::string(kMainHead) + kMainBody);
         wizard_.NewRootPath = dir_.Path();
     }
-    void TearDown() override { modGlobals::ResetAll(); }
 
     std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle, int internal) {
         auto topic = std::make_shared<CTopicFile>();
@@ -66,7 +64,7 @@ protected:
         topic->NewFileName = context + ".htm";
         topic->HasTitle = hasTitle;
         topic->InternalReferences = internal;
-        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
+        wizard_.Globals.TopicFiles->Add(topic, topic->AutoFileName);
         return topic;
     }
 
@@ -74,8 +72,7 @@ protected:
 
     testing::TempDir dir_;
     testing::ScriptedView view_;
-    ScopedActiveView active_{view_};
-    WizardState wizard_{&view_};
+    Conversion wizard_{view_};
     std::shared_ptr<CTopicFile> main_, pop1_, pop2_;
 };
 
@@ -136,6 +133,8 @@ TEST(ScriptNames, PopupsJsIsReachedFromTheTopicsFolderAndNamesAreIdentifiers) {
 }
 
 TEST(AddJavaLinks, ConvertsLinksAfterTheBodyUntilTheReplacementMatchesAgainOrATagIsOpen) {
+    testing::ScriptedView view;
+    ErrorReporter errors{view};
     struct Case {
         const char* newName;
         std::string text, expected;
@@ -156,7 +155,7 @@ TEST(AddJavaLinks, ConvertsLinksAfterTheBodyUntilTheReplacementMatchesAgainOrATa
         popup.NewFileName = c.newName;
         TextBuffer buffer;
         buffer.SetText(c.text);
-        EXPECT_TRUE(AddJavaLinks(buffer, popup));
+        EXPECT_TRUE(AddJavaLinks(errors, buffer, popup));
         EXPECT_EQ(buffer.Text(), c.expected);
     }
 }

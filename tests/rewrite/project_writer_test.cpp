@@ -77,7 +77,7 @@ TEST_F(ProjectFileTest, StopsWhenOneNameOccursMoreThanTenTimes) {
 }
 
 TEST_F(ProjectFileTest, WithoutAScanShowsWhatToDo) {
-    modGlobals::TopicFiles.reset();
+    wizard.Globals.TopicFiles.reset();
     EXPECT_FALSE(modRewrite::RewriteProjectFile(wizard, "", newDir + "/n.hhp"));
     EXPECT_FALSE(modRewrite::RewriteProjectFile(wizard, oldDir + "/p.hhp", newDir + "/n.hhp"));
     EXPECT_EQ(view.MessageIds(), (std::vector<long>{10010, 10009}));
@@ -93,17 +93,17 @@ TEST_F(ProjectFileTest, WritesTheDefaultTopicOnlyForAKnownContentsTopic) {
     const std::string renamed = "[OPTIONS]\r\nTitle=x\r\n\r\n[FILES]\r\npages\\Main.htm\r\n";
     EXPECT_EQ(Write(text), renamed);
 
-    modGlobals::ContentsTopic = "NoSuchTopic";
+    wizard.Globals.ContentsTopic = "NoSuchTopic";
     EXPECT_EQ(Write(text), renamed);
     EXPECT_TRUE(ok);
-    EXPECT_FALSE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
+    EXPECT_FALSE(modRewrite::SetDefaultTopic(wizard, newDir + "/n.hhp"));
 
     // The folder "html" is fixed, whatever folder the topic lies in.
-    modGlobals::ContentsTopic = "MAIN";
+    wizard.Globals.ContentsTopic = "MAIN";
     EXPECT_EQ(Write(text),
               "[OPTIONS]\r\nTitle=x\r\nDefault Topic=html\\Main.htm\r\n\r\n[FILES]\r\n"
               "pages\\Main.htm\r\n");
-    EXPECT_TRUE(modRewrite::SetDefaultTopic(newDir + "/n.hhp"));
+    EXPECT_TRUE(modRewrite::SetDefaultTopic(wizard, newDir + "/n.hhp"));
 }
 
 TEST_F(RewriteTest, StyleSheetIsCreatedOnceAndLinkedFromOneFolderDown) {
@@ -124,14 +124,14 @@ TEST_F(RewriteTest, StyleSheetIsCreatedOnceAndLinkedFromOneFolderDown) {
 }
 
 TEST_F(RewriteTest, StyleSheetNameOutsideTheFolderIsRefused) {
-    SharedFileSystem().SetWriteRoot("");  // the check alone must keep it out
+    wizard.Files.SetWriteRoot("");  // the check alone must keep it out
     wizard.AddCssLink = true;
     wizard.CssFileName = "..\\..\\evil.css";
     modRewrite::MakeCSSLinkString(wizard, newDir);
     EXPECT_TRUE(Tree().empty());
     ASSERT_EQ(view.messages.size(), 1u);
     ExpectMessage(0, 0, "Writing New Project Files", mb::kExclamation);
-    EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.css"});
+    EXPECT_EQ(wizard.Globals.RefusedFiles, std::vector<std::string>{"..\\..\\evil.css"});
 }
 
 class ImageFolderTest : public RewriteTest {

@@ -10,8 +10,8 @@
 #include <memory>
 #include <string>
 
+#include "model/conversion.h"
 #include "model/project_state.h"
-#include "model/wizard_state.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "rewrite/containment.h"
@@ -25,18 +25,11 @@ class RewriteTest : public ::testing::Test {
 protected:
     void SetUp() override {
         testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333960");  // March 05, 2011 14:06 UTC
-        modGlobals::ResetAll();
-        modRewrite::ClearRefusedFiles();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
         std::filesystem::create_directories(oldDir);
         std::filesystem::create_directories(newDir);
-        SharedFileSystem().SetWriteRoot(newDir);
+        wizard.Files.SetWriteRoot(newDir);
         wizard.CssFileName = "HHStyles.css";
-    }
-    void TearDown() override {
-        SharedFileSystem().SetWriteRoot("");
-        modGlobals::ResetAll();
-        modRewrite::ClearRefusedFiles();
     }
 
     // A topic as the scan leaves it.
@@ -50,7 +43,7 @@ protected:
         topic->NewFileName = context.empty() ? topic->AutoFileName : context + ".htm";
         topic->HasTitle = true;
         for (const char* t : targets) topic->targets().Add(t);
-        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
+        wizard.Globals.TopicFiles->Add(topic, topic->AutoFileName);
         return topic;
     }
 
@@ -82,8 +75,7 @@ protected:
     const std::string oldDir = tmp / "old";
     const std::string newDir = tmp / "work/new";
     ScriptedView view;
-    ScopedActiveView active{view};
-    WizardState wizard{&view};
+    Conversion wizard{view};
 };
 
 }  // namespace tamrix::testing

@@ -12,15 +12,15 @@ protected:
         AddTopic("html\\afxc0001.htm", "main");
         // The new name is taken as it stands, not made again from the topic ID.
         AddTopic("html\\afxc0002.htm", "intro")->NewFileName = "Intro_2.htm";
-        modGlobals::IndexTargets = std::make_shared<CTargets>();
-        modGlobals::ContentsTargets = std::make_shared<CTargets>();
+        wizard.Globals.IndexTargets = std::make_shared<CTargets>();
+        wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
     }
 };
 
 TEST_F(SitemapTest, IndexKeepsFoldersAndFragmentsAndGoesToTheNewRoot) {
     for (const char* t :
          {"html/afxc0001.htm", "html\\afxc0002.htm#sec", "html/AFXC0001.HTM", "other.htm"})
-        modGlobals::IndexTargets->Add(t);
+        wizard.Globals.IndexTargets->Add(t);
     const std::string hhk =
         "<OBJECT type=\"text/sitemap\">\r\n"
         "<param name=\"Local\" value=\"html/afxc0001.htm\">\r\n"
@@ -52,9 +52,9 @@ TEST_F(SitemapTest, ContentsReplacesAFileNamedWithoutFragmentEverywhere) {
                        {{}, "x afxc0001.htm", "x afxc0001.htm"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
-        modGlobals::ContentsTargets.reset();
-        if (!c.targets.empty()) modGlobals::ContentsTargets = std::make_shared<CTargets>();
-        for (const char* t : c.targets) modGlobals::ContentsTargets->Add(t);
+        wizard.Globals.ContentsTargets.reset();
+        if (!c.targets.empty()) wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
+        for (const char* t : c.targets) wizard.Globals.ContentsTargets->Add(t);
         const std::string file = tmp.Write("old/Toc.hhc", c.text);
         EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldDir + "/p.hhp", file, newDir));
         EXPECT_EQ(tmp.Read("work/new/Toc.hhc"), c.expected);

@@ -101,7 +101,7 @@ TEST_F(TopicFileTest, TheStyleSheetLinkFollowsTheCaretWhenTheHeadEndIsMissing) {
 }
 
 TEST_F(TopicFileTest, HostileNamesCreateNothingOutsideTheNewFolder) {
-    SharedFileSystem().SetWriteRoot("");  // the check alone must keep them out
+    wizard.Files.SetWriteRoot("");  // the check alone must keep them out
     const auto upTwice = AddTopic("..\\..\\evil.htm", "evil");
     const auto anchorUp = AddTopic("html\\a1.htm", "../evil");
     const auto anchorSep = AddTopic("html\\a2.htm", "sub\\evil");
@@ -116,7 +116,7 @@ TEST_F(TopicFileTest, HostileNamesCreateNothingOutsideTheNewFolder) {
     EXPECT_EQ(Tree(), before);
     EXPECT_FALSE(tmp.Exists("work/new/html"));
     EXPECT_EQ(
-        modRewrite::RefusedFiles(),
+        wizard.Globals.RefusedFiles,
         (std::vector<std::string>{"..\\..\\evil.htm", "html\\../evil.htm", "html\\sub\\evil.htm",
                                   "C:\\evil\\a3.htm", "\\evil\\a4.htm"}));
     ASSERT_EQ(view.messages.size(), 5u);

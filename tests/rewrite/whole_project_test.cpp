@@ -39,11 +39,11 @@ protected:
         AddTopic("html\\afxc0003.htm", "");
         AddTopic("html\\afxc0004.htm", "Con.txt");
         AddTopic("..\\..\\evil.htm", "evil");
-        modGlobals::IndexTargets = std::make_shared<CTargets>();
-        modGlobals::IndexTargets->Add("html/afxc0001.htm");
-        modGlobals::ContentsTargets = std::make_shared<CTargets>();
-        modGlobals::ContentsTargets->Add("html\\afxc0002.htm");
-        modGlobals::ContentsTargets->Add("html\\afxc0003.htm");
+        wizard.Globals.IndexTargets = std::make_shared<CTargets>();
+        wizard.Globals.IndexTargets->Add("html/afxc0001.htm");
+        wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
+        wizard.Globals.ContentsTargets->Add("html\\afxc0002.htm");
+        wizard.Globals.ContentsTargets->Add("html\\afxc0003.htm");
         wizard.AddCssLink = true;
         wizard.IndexFile = oldDir + "/Index.hhk";
         wizard.ContentsFile = oldDir + "/Toc.hhc";
@@ -51,11 +51,10 @@ protected:
 
     void WriteAll() {
         const std::string oldProject = oldDir + "/p.hhp";
-        modRewrite::ClearRefusedFiles();
         modRewrite::SettleNewFileNames(wizard);
         ASSERT_TRUE(modRewrite::RewriteProjectFile(wizard, oldProject, newDir + "/n.hhp"));
         const std::string css = modRewrite::MakeCSSLinkString(wizard, newDir);
-        for (const auto& topic : *modGlobals::TopicFiles)
+        for (const auto& topic : *wizard.Globals.TopicFiles)
             EXPECT_TRUE(modRewrite::RewriteTopicFile(wizard, *topic, oldProject, newDir, css));
         EXPECT_TRUE(modRewrite::RewriteIndex(wizard, oldProject, wizard.IndexFile, newDir));
         EXPECT_TRUE(modRewrite::RewriteContents(wizard, oldProject, wizard.ContentsFile, newDir));
@@ -96,8 +95,8 @@ TEST_F(WholeProjectTest, WritesTheNewProjectAndLeavesTheOldOneAlone) {
              "<param name=\"Local\" value=\"html\\afxc0002.htm\">"
              "<param name=\"Local\" value=\"html\\afxc0003.htm\">"},
             {"images/pic.gif", "GIF89a"}}));
-    EXPECT_EQ(modRewrite::RefusedFiles(), std::vector<std::string>{"..\\..\\evil.htm"});
-    EXPECT_EQ(modRewrite::RefusedTopicIDs(),
+    EXPECT_EQ(wizard.Globals.RefusedFiles, std::vector<std::string>{"..\\..\\evil.htm"});
+    EXPECT_EQ(wizard.Globals.RefusedTopicIDs,
               (std::vector<std::string>{"html\\afxc0002.htm (Topic ID \"../evil\")",
                                         "html\\afxc0004.htm (Topic ID \"Con.txt\")"}));
 }

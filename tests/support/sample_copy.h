@@ -12,7 +12,6 @@ namespace tamrix::testing {
 
 inline void PrepareSampleCopy(const std::filesystem::path& dir) {
     testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
-    modGlobals::ResetAll();
     std::filesystem::copy(std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock", dir / "in",
                           std::filesystem::copy_options::recursive);
 }

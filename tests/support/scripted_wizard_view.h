@@ -31,7 +31,7 @@ public:
     void ShowOptionsDialog(OptionsDialog& dialog) override {
         if (optionsTickCss) dialog.chkCssFile = true;
         if (optionsCssName) dialog.txtCssFileName = *optionsCssName;
-        dialog.OK();
+        dialog.OK(*this);
     }
     bool HasAnyPrinters() override { return printers; }
 };

@@ -26,11 +26,7 @@ protected:
         testing::PrepareSampleCopy(dir.Path());
         wizard.Start();
     }
-    void TearDown() override {
-        SharedFileSystem().SetWriteRoot({});
-        modGlobals::ResetAll();
-        testing::ClearEnvironment("SOURCE_DATE_EPOCH");
-    }
+    void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
     void Next() { wizard.cmdNav_Click(kNavNext); }
     // Steps 0 to 3 with the sample and its WinHelp project.
     void ScanSample(bool withHpj = true) {
@@ -49,7 +45,6 @@ protected:
 
     testing::TempDir dir;
     testing::ScriptedWizardView view;
-    ScopedActiveView active{view};
     Wizard wizard{view};
 };
 
@@ -84,7 +79,7 @@ TEST_F(WizardTest, ScanWithoutAWinHelpProjectHasNoContextIds) {
     ScanSample(false);
     ASSERT_EQ(wizard.CurrentStep(), 3);
     EXPECT_TRUE(wizard.ScanComplete);
-    EXPECT_EQ(modGlobals::MapContextIDs, nullptr);
+    EXPECT_EQ(wizard.Globals.MapContextIDs, nullptr);
     EXPECT_EQ(wizard.controls.lblContextIDs, "0");
     EXPECT_FALSE(wizard.controls.chkMapData);
     EXPECT_EQ(wizard.controls.lblUntitledCount, "11");
@@ -108,7 +103,7 @@ TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
     ScanSample();
     EXPECT_TRUE(wizard.controls.chkAliasData);
     EXPECT_EQ(wizard.controls.lblContextIDs, "21");  // the sample's own, none of the new file
-    EXPECT_EQ(modGlobals::MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
+    EXPECT_EQ(wizard.Globals.MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
     EXPECT_NE(view.FindMessage("2 lines of the map files defining an ID as \"NAME VALUE\" (as "
                                "Visual C++ writes them) not read. To read them, tick "
                                "Options/\"Read Name-Value Lines in Map Files\" and scan again."),
@@ -116,7 +111,7 @@ TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
     wizard.mnuOptionsReadNameValue_Click();
     wizard.cmdNav_Click(kNavBack);
     Next();  // scans again
-    ASSERT_NE(modGlobals::MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
+    ASSERT_NE(wizard.Globals.MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
 }
 
 TEST_F(WizardTest, HelpAsksForTheContextOfTheCurrentStep) {
@@ -188,7 +183,7 @@ TEST_F(WizardTest, CancelOffersARestartAndClearsTheProject) {
     wizard.cmdNav_Click(kNavCancel);
     EXPECT_EQ(wizard.CurrentStep(), 0);
     EXPECT_TRUE(wizard.Projectname.empty());
-    EXPECT_EQ(modGlobals::TopicFiles, nullptr);
+    EXPECT_EQ(wizard.Globals.TopicFiles, nullptr);
     EXPECT_FALSE(wizard.menus.mnuViewScanLog.enabled);
     view.answers = {mb::kYes};
     wizard.cmdNav_Click(kNavCancel);  // at step 0 Cancel offers to exit
@@ -313,7 +308,7 @@ TEST_F(WizardTest, TheRunsCheckBoxesActOnTheRestart) {
         Next();
         wizard.chkIgnoreZeroIDs_Click();
         EXPECT_FALSE(wizard.menus.mnuOptionsIgnoreZeroIDs.checked);
-        EXPECT_FALSE(modGlobals::IgnoreZeroIDs);
+        EXPECT_FALSE(wizard.Globals.IgnoreZeroIDs);
         wizard.mnuOptionsHTML_Click();
         wizard.controls.chkShowIntro = c.showIntro;
         wizard.controls.chkSaveSettings = c.saveSettings;
@@ -321,7 +316,7 @@ TEST_F(WizardTest, TheRunsCheckBoxesActOnTheRestart) {
         wizard.cmdNav_Click(kNavCancel);
         EXPECT_EQ(wizard.CurrentStep(), c.stepAfterRestart);
         EXPECT_TRUE(wizard.controls.txtProjectName.empty());
-        EXPECT_EQ(modGlobals::IgnoreZeroIDs, c.ignoreZeroAfter);
+        EXPECT_EQ(wizard.Globals.IgnoreZeroIDs, c.ignoreZeroAfter);
         EXPECT_EQ(wizard.controls.chkIgnoreZeroIDs, c.ignoreZeroAfter);
         EXPECT_EQ(wizard.Options() != nullptr, c.htmlOptionsKept);
     }

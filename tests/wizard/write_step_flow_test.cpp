@@ -19,9 +19,9 @@ namespace tamrix::testing {
 namespace {
 
 // Records the calls the write step makes on the wizard.
-class RecordingWizard : public WizardState {
+class RecordingWizard : public Conversion {
 public:
-    using WizardState::WizardState;
+    using Conversion::Conversion;
     bool GetHTMLOptions() override {
         calls += "options;";
         AddCssLink = true;
@@ -36,8 +36,7 @@ class WriteStepFlow : public ::testing::Test {
 protected:
     void SetUp() override {
         testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333960");
-        modGlobals::ResetAll();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
         wizard.Projectname = tmp.Write("old/p.hhp",
                                        "[OPTIONS]\r\nTitle=t\r\n\r\n[FILES]\r\n"
                                        "html\\afxc0001.htm\r\nhtml\\afxc0002.htm\r\n");
@@ -49,10 +48,6 @@ protected:
         wizard.NewRootPath = tmp / "new/";
         wizard.NewProjectName = "n.hhp";
     }
-    void TearDown() override {
-        SharedFileSystem().SetWriteRoot("");
-        modGlobals::ResetAll();
-    }
     void Add(const std::string& path, const std::string& context, const char* target) {
         auto topic = std::make_shared<CTopicFile>();
         topic->AutoNamePath = path;
@@ -62,14 +57,13 @@ protected:
         topic->HasTitle = true;
         topic->JavaModified = true;
         if (target != nullptr) topic->targets().Add(target);
-        modGlobals::TopicFiles->Add(topic, topic->AutoFileName);
+        wizard.Globals.TopicFiles->Add(topic, topic->AutoFileName);
     }
     bool Run() { return cmdRewrite(wizard, wizard.NewRootPath + wizard.NewProjectName); }
 
     TempDir tmp;
     ScriptedView view;
-    ScopedActiveView active{view};
-    RecordingWizard wizard{&view};
+    RecordingWizard wizard{view};
 };
 
 TEST_F(WriteStepFlow, CreatesTheFolderAndWritesTheProject) {
@@ -82,16 +76,17 @@ TEST_F(WriteStepFlow, CreatesTheFolderAndWritesTheProject) {
               "<HEAD><link rel=\"stylesheet\" type=\"text/css\" href=\"../HHStyles.css\">\r\n"
               "</HEAD><A HREF=\"second.htm\">");
     std::string files;
-    profile::GetSection(tmp / "new/n.hhp", "FILES", files);
+    profile::GetSection(wizard.Files, tmp / "new/n.hhp", "FILES", files);
     EXPECT_EQ(files, std::string("HHStyles.css\0html\\main.htm\0html\\second.htm\0", 43));
-    for (const auto& topic : *modGlobals::TopicFiles) EXPECT_FALSE(topic->JavaModified);
-    EXPECT_EQ(SharedFileSystem().WriteRoot(), tmp / "new");
+    for (const auto& topic : *wizard.Globals.TopicFiles) EXPECT_FALSE(topic->JavaModified);
+    EXPECT_EQ(wizard.Files.WriteRoot(), tmp / "new");
 }
 
 TEST_F(WriteStepFlow, ReportsUnaliasedIDsInTheStepMessage) {
     std::filesystem::create_directories(tmp / "new");
-    modGlobals::ProjectContextIDs = std::make_shared<CContextIDs>();
-    modGlobals::ProjectContextIDs->Add("IDH_NOWHERE", "7", "IDH_NOWHERE")->ContextIDVal = 7;
+    wizard.Globals.ProjectContextIDs = std::make_shared<CContextIDs>();
+    wizard.Globals.ProjectContextIDs->Add(wizard.Errors, "IDH_NOWHERE", "7", "IDH_NOWHERE")
+        ->ContextIDVal = 7;
     wizard.StepMessage = "Before. ";
     EXPECT_TRUE(Run());
     EXPECT_EQ(wizard.StepMessage, "Before. " + modMessages::GetMessageString(10051, "1"));

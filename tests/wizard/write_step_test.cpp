@@ -17,19 +17,14 @@ namespace {
 class WriteStepChecks : public ::testing::Test {
 protected:
     void SetUp() override {
-        modGlobals::ResetAll();
-        modGlobals::TopicFiles = std::make_shared<CTopicFiles>();
+        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
         auto topic = std::make_shared<CTopicFile>();
-        modGlobals::TopicFiles->Add(topic, "a.htm");
+        wizard.Globals.TopicFiles->Add(topic, "a.htm");
         wizard.Projectname = tmp.Write("old/p.hhp", "[FILES]\r\n");
         wizard.ScanComplete = true;
         wizard.BoxLeft = 10;
         wizard.BoxTop = 20;
         Target(tmp / "new/", "n.hhp");
-    }
-    void TearDown() override {
-        SharedFileSystem().SetWriteRoot("");
-        modGlobals::ResetAll();
     }
     void Target(const std::string& folder, const std::string& name) {
         wizard.NewRootPath = folder;
@@ -40,8 +35,7 @@ protected:
 
     TempDir tmp;
     ScriptedView view;
-    ScopedActiveView active{view};
-    WizardState wizard{&view};
+    Conversion wizard{view};
     std::string txtRootPath;
 };
 
@@ -52,9 +46,9 @@ TEST_F(WriteStepChecks, NeedsAScannedProject) {
     wizard.ScanComplete = false;
     EXPECT_FALSE(Check());
     wizard.ScanComplete = true;
-    modGlobals::TopicFiles->Delete(1);
+    wizard.Globals.TopicFiles->Delete(1);
     EXPECT_FALSE(Check());
-    modGlobals::TopicFiles.reset();
+    wizard.Globals.TopicFiles.reset();
     EXPECT_FALSE(Check());
     EXPECT_EQ(view.MessageIds(), (std::vector<long>{10010, 10009, 10009, 10009}));
     // Only the empty collection's message is placed at the wizard.
@@ -92,7 +86,7 @@ TEST_F(WriteStepChecks, AMissingFolderIsCreatedOnlyWhenTheUserSaysYes) {
     }
     EXPECT_EQ(view.messages[0].style, mb::kYesNoCancel | mb::kQuestion);
     EXPECT_NE(view.messages[0].text.find("The folder \"" + tmp / "new/" + "\""), std::string::npos);
-    EXPECT_EQ(SharedFileSystem().WriteRoot(), tmp / "new");
+    EXPECT_EQ(wizard.Files.WriteRoot(), tmp / "new");
 }
 
 TEST_F(WriteStepChecks, AFolderThatCannotBeCreatedIsReported) {

@@ -1,21 +1,21 @@
-#include "model/wizard_state.h"
+#include "model/conversion.h"
 
 #include "platform/counter16.h"
 #include "platform/program_error.h"
 
 namespace tamrix {
 
-void WizardState::SetProgressCaption(const std::string& caption) {
+void Conversion::SetProgressCaption(const std::string& caption) {
     progressCaption_ = caption;
     View().SetProgressCaption(caption);
 }
 
-void WizardState::SetProgressMax(int maximum) {
+void Conversion::SetProgressMax(int maximum) {
     progressMax_ = maximum;
     View().SetProgressMax(maximum);
 }
 
-void WizardState::SetProgress(int value) {
+void Conversion::SetProgress(int value) {
     if (value <= progressMax_) {
         progress_ = value;
         View().SetProgressValue(value);
@@ -23,15 +23,15 @@ void WizardState::SetProgress(int value) {
     if (value % 10 == 0) View().ProcessEvents();
 }
 
-void WizardState::SetProgressVisible(bool visible) {
+void Conversion::SetProgressVisible(bool visible) {
     progressVisible_ = visible;
     View().SetProgressVisible(visible);
 }
 
 namespace modUtilities {
 
-void InitializeProgressBar(WizardState& wizard, long maximum, const std::string& caption) {
-    GuardedVoid("modUtilities:InitializeProgressBar", [&] {
+void InitializeProgressBar(Conversion& wizard, long maximum, const std::string& caption) {
+    GuardedVoid(wizard.Errors, "modUtilities:InitializeProgressBar", [&] {
         wizard.SetProgressCaption(caption);
         if (maximum > 0) {
             wizard.SetProgressVisible(true);
@@ -41,13 +41,14 @@ void InitializeProgressBar(WizardState& wizard, long maximum, const std::string&
     });
 }
 
-void UpdateProgressBar(WizardState& wizard, long value) {
-    GuardedVoid("modUtilities:UpdateProgressBar",
+void UpdateProgressBar(Conversion& wizard, long value) {
+    GuardedVoid(wizard.Errors, "modUtilities:UpdateProgressBar",
                 [&] { wizard.SetProgress(Counter16::Checked(value)); });
 }
 
-void ShowProgressBar(WizardState& wizard, bool visible) {
-    GuardedVoid("modUtilities:ShowProgressBar", [&] { wizard.SetProgressVisible(visible); });
+void ShowProgressBar(Conversion& wizard, bool visible) {
+    GuardedVoid(wizard.Errors, "modUtilities:ShowProgressBar",
+                [&] { wizard.SetProgressVisible(visible); });
 }
 
 }  // namespace modUtilities

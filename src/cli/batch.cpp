@@ -1,0 +1,108 @@
+#include "cli/batch.h"
+
+#include <algorithm>
+#include <atomic>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tamrix::cli {
+namespace {
+
+// Exit statuses from the least to the most severe.
+constexpr int kSeverity[] = {0, 3, 1, 2};
+
+int Rank(int status) {
+    const auto it = std::find(std::begin(kSeverity), std::end(kSeverity), status);
+    return it == std::end(kSeverity) ? 4 : static_cast<int>(it - std::begin(kSeverity));
+}
+
+const char* Outcome(int status) {
+    switch (status) {
+        case 0: return "done";
+        case 3: return "done with problems";
+        case 1: return "stopped at a step";
+        case 2: return "not started (usage error)";
+        default: return "failed";
+    }
+}
+
+struct Result {
+    int status = 0;
+    std::string out;
+    std::string err;
+};
+
+// What a project printed, indented under its line.
+void PrintIndented(const std::string& text, std::ostream& err) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        if (!line.empty()) err << "    " << line << "\n";
+}
+
+}  // namespace
+
+int RunBatch(CliOptions options, const ConvertProject& convert, std::ostream& out,
+             std::ostream& err) {
+    if (!options.batchFile.empty()) {
+        std::ifstream file(options.batchFile, std::ios::binary);
+        if (!file) {
+            err << "tamrix-cli: cannot read the batch file " << options.batchFile << "\n";
+            return 2;
+        }
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        std::string error;
+        if (!ReadBatchFile(text, options, error)) {
+            err << "tamrix-cli: " << error << "\n";
+            return 2;
+        }
+    }
+    const std::size_t count = options.batch.size();
+    std::vector<Result> results(count);
+    std::atomic<std::size_t> next{0};
+    // Each worker takes the next project until none is left; every project has a
+    // conversion of its own, so they share nothing but the catalogue.
+    auto work = [&] {
+        for (std::size_t i = next++; i < count; i = next++) {
+            CliOptions one = options;
+            one.batch.clear();
+            one.batchFile.clear();
+            one.oldProject = options.batch[i].oldProject;
+            one.newProject = options.batch[i].newProject;
+            one.hpj = options.batch[i].hpj;
+            one.quiet = true;
+            std::ostringstream projectOut, projectErr;
+            results[i].status = convert(one, projectOut, projectErr);
+            results[i].out = projectOut.str();
+            results[i].err = projectErr.str();
+        }
+    };
+    const std::size_t workers =
+        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, count);
+    std::vector<std::thread> threads;
+    for (std::size_t w = 1; w < workers; ++w) threads.emplace_back(work);
+    work();
+    for (std::thread& thread : threads) thread.join();
+
+    int worst = 0;
+    int byOutcome[4] = {};
+    for (std::size_t i = 0; i < count; ++i) {
+        const Result& result = results[i];
+        out << "[" << i + 1 << "/" << count << "] " << options.batch[i].oldProject << " -> "
+            << options.batch[i].newProject << ": " << Outcome(result.status) << "\n";
+        out.flush();
+        PrintIndented(result.out + result.err, err);
+        err.flush();
+        if (Rank(result.status) > Rank(worst)) worst = result.status;
+        ++byOutcome[std::min(Rank(result.status), 3)];
+    }
+    out << "Total: " << count << " project" << (count == 1 ? "" : "s") << ", " << byOutcome[0]
+        << " done, " << byOutcome[1] << " with problems, " << byOutcome[2] << " stopped, "
+        << byOutcome[3] << " not started.\n";
+    return worst;
+}
+
+}  // namespace tamrix::cli
