@@ -8,24 +8,30 @@
 
 namespace tamrix {
 
-// A link target exactly as written between the quotes of an HREF or a sitemap Local value.
+/// A link target exactly as written between the quotes of an HREF or a sitemap Local value.
 class CTarget {
 public:
+    /// The target text, unchanged.
     std::string TargetString;
 };
 
-// The unique link targets of a file; callers avoid duplicates (see Contains).
+/// The unique link targets of a file; callers avoid duplicates (see Contains).
 class CTargets {
 public:
-    // Appends a target; reports an error with "CTargets:Add" and returns nullptr on failure.
+    /// Appends a target; reports an error with "CTargets:Add" and returns nullptr on failure.
     std::shared_ptr<CTarget> Add(std::string_view targetString);
+    /// How many targets are held.
     long Count() const { return items_.Count(); }
+    /// The target at 1-based `index`; out of range raises error 9.
     const std::shared_ptr<CTarget>& Item(long index) const { return items_.Item(index); }
+    /// Removes the target at 1-based `index`.
     void Delete(long index);
-    // Whether an equal target (without regard to case) is present.
+    /// Whether an equal target (without regard to case) is present.
     bool ContainsNoCase(std::string_view targetString) const;
 
+    /// Iteration over the targets in order.
     auto begin() const { return items_.begin(); }
+    /// The end of that iteration.
     auto end() const { return items_.end(); }
 
 private:

@@ -6,25 +6,30 @@
 
 namespace tamrix {
 
-// One .htm topic file listed in the [FILES] section.
+/// One .htm topic file listed in the [FILES] section.
 class CTopicFile {
 public:
-    std::string ContextIDValueString;  // value text of the map context ID named Context
-    bool HasTitle = false;             // false for "(Untitled)" topics (former popups)
-    Counter16 InternalReferences;      // links from topic files that resolve here
-    Counter16 ExternalReferences;      // context-ID definitions naming Context or an extra ID
-    std::string ExtraIds;              // further anchor names, "^"-separated
+    std::string ContextIDValueString;  ///< value text of the map context ID named Context
+    bool HasTitle = false;             ///< false for "(Untitled)" topics (former popups)
+    Counter16 InternalReferences;      ///< links from topic files that resolve here
+    Counter16 ExternalReferences;      ///< context-ID definitions naming Context or an extra ID
+    std::string ExtraIds;              ///< further anchor names, "^"-separated
+    /// How many hotspot links the file holds.
     Counter16 HotSpotCount;
+    /// The comment written after the [FILES] line, if any.
     std::string Comment;
-    std::string AutoNamePath;  // the name exactly as listed in [FILES]
+    std::string AutoNamePath;  ///< the name exactly as listed in [FILES]
+    /// The text of the file's <TITLE>, or "(Untitled)".
     std::string TopicTitle;
-    std::string Context;       // topic ID: the first anchor name after the body start
-    std::string AutoFileName;  // AutoNamePath without its folder; the key in TopicFiles
-    std::string NewFileName;   // Context + ".htm", or AutoFileName without an ID
+    std::string Context;       ///< topic ID: the first anchor name after the body start
+    std::string AutoFileName;  ///< AutoNamePath without its folder; the key in TopicFiles
+    std::string NewFileName;   ///< Context + ".htm", or AutoFileName without an ID
+    /// Set once popup links have been written into the file.
     bool JavaModified = false;
 
-    // The unique link targets of the file; never absent.
+    /// The unique link targets of the file; never absent.
     CTargets& targets() { return targets_; }
+    /// The same, read-only.
     const CTargets& targets() const { return targets_; }
 
 private:

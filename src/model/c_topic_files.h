@@ -10,25 +10,34 @@
 
 namespace tamrix {
 
+/// Topic files keyed by AutoFileName, with lookups by topic ID and extra ID.
 class CTopicFiles {
 public:
-    // Appends under `key`; a key already present raises error 457.
+    /// Appends under `key`; a key already present raises error 457.
     void Add(std::shared_ptr<CTopicFile> topic, std::string_view key);
+    /// How many topic files are held.
     long Count() const { return items_.Count(); }
+    /// The topic file at 1-based `index`; out of range raises error 9.
     const std::shared_ptr<CTopicFile>& Item(long index) const { return items_.Item(index); }
+    /// The topic file under `key`; a missing key raises error 5.
     const std::shared_ptr<CTopicFile>& Item(std::string_view key) const { return items_.Item(key); }
+    /// The topic file under `key`, or nullptr when there is none.
     std::shared_ptr<CTopicFile> Find(std::string_view key) const { return items_.Find(key); }
+    /// Removes the topic file at 1-based `index`.
     void Delete(long index);
 
-    // The first topic file in collection order whose Context equals `context`
-    // without regard to case, or nullptr. Looked up in an index kept in step with
-    // the collection; call ContextsChanged after editing a Context in place.
+    /// The first topic file in collection order whose Context equals `context`
+    /// without regard to case, or nullptr. Looked up in an index kept in step with
+    /// the collection; call ContextsChanged after editing a Context in place.
     std::shared_ptr<CTopicFile> FirstWithContext(std::string_view context) const;
-    // The first topic file whose ExtraIds list holds `id` (without regard to case).
+    /// The first topic file whose ExtraIds list holds `id` (without regard to case).
     std::shared_ptr<CTopicFile> FirstWithExtraId(std::string_view id) const;
+    /// Drops the lookup indexes, to be rebuilt on the next lookup.
     void ContextsChanged() { indexed_ = 0; }
 
+    /// Iteration over the topic files in [FILES] order.
     auto begin() const { return items_.begin(); }
+    /// The end of that iteration.
     auto end() const { return items_.end(); }
 
 private:

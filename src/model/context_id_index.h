@@ -10,17 +10,20 @@
 
 namespace tamrix {
 
+/// One definition found under a name, and which collection holds it.
 struct NamedDefinition {
+    /// The definition itself, owned by its collection.
     CContextID* definition;
-    bool fromMapFiles;  // from the map-file collection, not the [MAP] section
+    bool fromMapFiles;  ///< from the map-file collection, not the [MAP] section
 };
 
+/// The definitions of both collections by folded name, built once.
 class ContextIDIndex {
 public:
-    // Indexes both collections as they stand; either may be null.
+    /// Indexes both collections as they stand; either may be null.
     ContextIDIndex(const CContextIDs* mapFileIds, const CContextIDs* projectIds);
-    // The definitions whose ContextString equals `name` without regard to case:
-    // the map-file ones first, each collection in its order.
+    /// The definitions whose ContextString equals `name` without regard to case:
+    /// the map-file ones first, each collection in its order.
     const std::vector<NamedDefinition>& Named(std::string_view name) const;
 
 private:
