@@ -18,4 +18,5 @@ wine=$(command -v wine64 || echo /usr/lib/wine/wine64)
 export WINEPREFIX="$PWD/$build/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
 [ -f "$WINEPREFIX/system.reg" ] || "$wine" wineboot --init >/dev/null 2>&1
 "$wine" "$build/tests/tamrix_tests.exe" --gtest_brief=1
+"$wine" "$build/tests/tamrix_concurrency_tests.exe" --gtest_brief=1
 scripts/compare-windows.sh "$build" "${1:-}"
