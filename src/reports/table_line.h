@@ -13,7 +13,7 @@ public:
 
     /// A line of spaces.
     TableLine() : line_(kWidth, ' ') {}
-    // Overwrites from `column` on; text that would pass column 144 is cut.
+    /// Overwrites from `column` on; text that would pass column 144 is cut.
     TableLine& Put(std::size_t column, std::string_view text);
     /// The whole line, trailing spaces kept.
     const std::string& Full() const { return line_; }
