@@ -6,8 +6,9 @@
 #include <vector>
 
 namespace tamrix {
+/// The wizard whose results are summed up.
 class Wizard;
-}
+}  // namespace tamrix
 
 namespace tamrix::cli {
 

@@ -12,8 +12,11 @@ namespace tamrix::gui {
 
 /// Page margins of printed logs, in twips (1/1440 inch).
 inline constexpr int kLeftMarginTwips = 1440;
+/// The right margin, half an inch.
 inline constexpr int kRightMarginTwips = 720;
+/// The top margin, 0.6 inch.
 inline constexpr int kTopMarginTwips = 864;
+/// The bottom margin, 0.8 inch.
 inline constexpr int kBottomMarginTwips = 1152;
 
 /// The program's one printer, as every viewer shares it (orientation included).
@@ -26,7 +29,9 @@ public:
     explicit CPrintRTF(QPrinter* printer = nullptr);
     /// Out of line, where QTextDocument is complete.
     ~CPrintRTF();
+    /// Not copied: it owns its document.
     CPrintRTF(const CPrintRTF&) = delete;
+    /// Not assigned either.
     CPrintRTF& operator=(const CPrintRTF&) = delete;
 
     /// The printer it prints on.

@@ -11,8 +11,9 @@ class QLineEdit;
 class QPushButton;
 
 namespace tamrix {
+/// The toolkit-free options dialog this window shows.
 class OptionsDialog;
-}
+}  // namespace tamrix
 
 namespace tamrix::gui {
 

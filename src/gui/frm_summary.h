@@ -20,6 +20,7 @@ class QTextEdit;
 
 namespace tamrix::gui {
 
+/// Prints the log.
 class CPrintRTF;
 
 /// What a log viewer is given; the defaults are the real dialogs and printer.

@@ -28,6 +28,7 @@ class QUrl;
 
 namespace tamrix::gui {
 
+/// The options dialog the wizard opens.
 class FrmOptions;
 
 /// What the wizard window is given; the defaults are the real dialogs, printers and help.

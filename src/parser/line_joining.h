@@ -7,10 +7,10 @@
 
 namespace tamrix::modParser {
 
-// Appends following lines of `stream` to `text` (each followed by one space) until
-// `keyword` occurs at or after `from` (without regard to case); returns its
-// position, or kNotFound when the stream ends first. Only new text is searched,
-// so joining many lines stays linear.
+/// Appends following lines of `stream` to `text` (each followed by one space) until
+/// `keyword` occurs at or after `from` (without regard to case); returns its
+/// position, or kNotFound when the stream ends first. Only new text is searched,
+/// so joining many lines stays linear.
 std::size_t JoinLinesUntil(TextReader& stream, std::string& text, std::string_view keyword,
                            std::size_t from);
 

@@ -16,6 +16,7 @@ bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& m
                       bool& stopped);
 /// Full paths from [OPTIONS], or empty when the project names none.
 std::string GetIndexFileName(Conversion& wizard, const std::string& projectFile);
+/// The same for the contents file.
 std::string GetContentsFileName(Conversion& wizard, const std::string& projectFile);
 
 }  // namespace tamrix::modParser

@@ -4,8 +4,9 @@
 #include <string>
 
 namespace tamrix {
+/// The conversion whose project state is read.
 class Conversion;
-}
+}  // namespace tamrix
 
 namespace tamrix::modParser {
 

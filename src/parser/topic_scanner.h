@@ -9,7 +9,9 @@
 
 namespace tamrix {
 
+/// Where unexpected errors go.
 class ErrorReporter;
+/// The conversion whose project state is filled.
 class Conversion;
 }  // namespace tamrix
 

@@ -1,7 +1,8 @@
 #pragma once
 namespace tamrix {
+/// The conversion whose project state is read.
 class Conversion;
-}
+}  // namespace tamrix
 
 namespace tamrix::modUtilities {
 

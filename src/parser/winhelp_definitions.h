@@ -9,8 +9,9 @@
 #include "model/c_context_id.h"
 
 namespace tamrix {
+/// The conversion whose project state is filled.
 class Conversion;
-}
+}  // namespace tamrix
 
 namespace tamrix::modParser {
 
@@ -23,6 +24,7 @@ void AddContextIDFromString(Conversion& wizard, std::string_view line, CContextI
                             std::string_view fileName, int mapFileIndex);
 /// Adds one "ALIAS = TOPIC [comment]" line to ProjectAliases unless the alias is known.
 void AddAliasFromString(Conversion& wizard, std::string_view line);
+/// Whether an alias of that name (without regard to case) is already known.
 bool ThisAliasExists(const CAliases& aliases, std::string_view name);
 /// The definition of `name` (without regard to case), or nullptr.
 std::shared_ptr<CContextID> ExistingContextID(const CContextIDs& collection, std::string_view name);

@@ -6,8 +6,9 @@
 #include "platform/view.h"
 
 namespace tamrix {
+/// The conversion whose project state is filled.
 class Conversion;
-}
+}  // namespace tamrix
 
 namespace tamrix::modParser {
 
@@ -19,6 +20,7 @@ std::string FullPathofIncludeFile(Conversion& wizard, std::string_view line,
                                   BoxPosition position = {});
 /// Adds the files that a map (alias) file includes to MapFiles (AliasFiles); one level only.
 void AddIncludedMapFiles(Conversion& wizard, const std::string& mapFile);
+/// The same for an alias file, into AliasFiles.
 void AddIncludedAliasFiles(Conversion& wizard, const std::string& aliasFile);
 /// Warns (message 10049) when an alias file uses C-style "/*" comments, which the
 /// HTML Help compiler does not accept; a missing file shows message 10050.

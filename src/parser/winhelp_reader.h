@@ -11,8 +11,11 @@
 
 namespace tamrix::modParser {
 
+/// Checks that the WinHelp project file exists and tells whether it has [ALIAS] and [MAP] sections;
+/// warns when one is too long.
 bool OpenWinProjectFile(Conversion& wizard, const std::string& projectFile, bool& hasAlias,
                         bool& hasMap);
+/// Reads the [MAP] and [ALIAS] sections and the contents topic of the WinHelp project file.
 bool ParseWinProjectFile(Conversion& wizard, const std::string& projectFile);
 /// Reads one map header file; mapFileIndex is its 1-based number in MapFiles.
 bool ParseMapFile(Conversion& wizard, const std::string& mapFile, int mapFileIndex);

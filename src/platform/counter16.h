@@ -13,6 +13,7 @@ public:
     /// The largest count, 32767.
     static constexpr long kMax = INT16_MAX;
 
+    /// A count of 0.
     Counter16() = default;
     /// Raises error 6 when `value` does not fit.
     Counter16(long value) { Set(value); }  // NOLINT: used like a plain integer

@@ -16,6 +16,8 @@
 
 namespace tamrix {
 
+/// The one way to the disk: maps Windows-style names, keeps writes inside the write root and the
+/// input untouched.
 class FileSystem {
 public:
     /// The disk path for a Windows-style name.
@@ -26,13 +28,13 @@ public:
     /// Whether the path names a folder; a folder this run has written into counts.
     bool FolderExists(std::string_view path);
 
-    // Whether two paths name the same file or folder: by device and inode when it
-    // exists, else by their spelling with every link resolved.
+    /// Whether two paths name the same file or folder: by device and inode when it
+    /// exists, else by their spelling with every link resolved.
     bool SameEntry(std::string_view a, std::string_view b);
 
-    // Absolute path with "." and ".." resolved textually; "\" and "/" both separate.
+    /// Absolute path with "." and ".." resolved textually; "\" and "/" both separate.
     static std::string GetAbsolutePathName(std::string_view path);
-    // Joins a folder and a name with one separator.
+    /// Joins a folder and a name with one separator.
     static std::string BuildPath(std::string_view folder, std::string_view name);
 
     /// Reads a whole regular file; failures raise BasicError (53, 70, 75, 76).
@@ -52,36 +54,43 @@ public:
     void RemoveFile(std::string_view path);
     /// Whether this run wrote the file (since the write root was last set).
     bool Written(std::string_view path);
-    // Names of the regular files directly in a folder, sorted.
+    /// Names of the regular files directly in a folder, sorted.
     std::vector<std::string> ListFiles(std::string_view folder);
 
-    // Every write must land inside this folder (empty: no restriction). A write
-    // elsewhere raises error 600 and nothing is written. Clearing it also forgets
-    // the input folders and the files read so far.
+    /// Every write must land inside this folder (empty: no restriction). A write
+    /// elsewhere raises error 600 and nothing is written. Clearing it also forgets
+    /// the input folders and the files read so far.
     void SetWriteRoot(std::string_view folder);
+    /// The write root; empty when writes are not restricted.
     const std::string& WriteRoot() const { return writeRoot_; }
-    // Whether an absolute path lies inside the write root, links followed.
+    /// Whether an absolute path lies inside the write root, links followed.
     bool InsideWriteRoot(std::string_view path);
-    // The folders of the input project. Nothing is written into their trees, except
-    // inside a write root that lies strictly inside one; a file read while no write
-    // root was set is never replaced.
+    /// The folders of the input project. Nothing is written into their trees, except
+    /// inside a write root that lies strictly inside one; a file read while no write
+    /// root was set is never replaced.
     void SetInputFolders(const std::vector<std::string>& folders);
 
-    // Called before every read and write, so that a run can stop between two
-    // files and never in the middle of one.
+    /// Called before every read and write, so that a run can stop between two
+    /// files and never in the middle of one.
     void SetInterruptCheck(void (*check)()) { interruptCheck_ = check; }
-    // A file put into the write root as soon as the root is created, and taken
-    // away by the run that created it when it ends normally.
+    /// A file put into the write root as soon as the root is created, and taken
+    /// away by the run that created it when it ends normally.
     void SetRunMarker(std::string_view name) { runMarker_ = name; }
+    /// The run marker's name; empty when there is none.
     const std::string& RunMarker() const { return runMarker_; }
+    /// Writes the run marker into the write root, when both are set.
     void WriteRunMarker();
 
-    // A write that was refused, and why.
+    /// A write that was refused, and why.
     struct RefusedWrite {
+        /// The path the write was meant for.
         std::string path;
+        /// Why it was refused.
         std::string reason;
     };
+    /// The writes refused so far, oldest first.
     const std::vector<RefusedWrite>& RefusedWrites() const { return refused_; }
+    /// Forgets the refused writes.
     void ClearRefusedWrites() { refused_.clear(); }
 
     /// Drops the cached folder listings and what is known of written folders.
@@ -155,15 +164,20 @@ private:
     std::unordered_map<std::string, native::Status> looked_;
 };
 
-// Reads a text file line by line; lines may end in CR LF, LF or CR.
+/// Reads a text file line by line; lines may end in CR LF, LF or CR.
 class TextReader {
 public:
+    /// A reader with nothing to read until Open or OpenText.
     TextReader() = default;
-    // Raises BasicError when the file cannot be read.
+    /// Raises BasicError when the file cannot be read.
     TextReader(FileSystem& fs, std::string_view path);
+    /// Reads the whole file to read from its start; raises BasicError when it cannot be read.
     void Open(FileSystem& fs, std::string_view path);
+    /// Reads lines from `text` instead of a file.
     void OpenText(std::string text);
+    /// The next line, without its line break; false (and an empty line) at the end.
     bool ReadLine(std::string& line);
+    /// Whether every line has been read.
     bool AtEnd() const { return pos_ >= text_.size(); }
 
 private:

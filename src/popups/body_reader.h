@@ -5,8 +5,9 @@
 #include "platform/file_system.h"
 
 namespace tamrix {
+/// Where unexpected errors go.
 class ErrorReporter;
-}
+}  // namespace tamrix
 
 namespace tamrix::modPopups {
 

@@ -9,11 +9,13 @@
 #include "platform/program_identity.h"
 
 namespace tamrix {
+/// Where unexpected errors go.
 class ErrorReporter;
-}
+}  // namespace tamrix
 
 namespace tamrix::modStrings {
 
+/// The string helpers the text conversion uses, under the old module's name.
 using tamrix::ReplaceAll;
 using tamrix::TabsToSpaces;
 using tamrix::VersionString;

@@ -6,17 +6,19 @@
 #include "model/project_state.h"
 
 namespace tamrix {
+/// The conversion whose files the popup is read from.
 class Conversion;
-}
+}  // namespace tamrix
 
 namespace tamrix::modPopups {
 
 /// Script strings for popups.js, or text-popup entries for cshelp.txt.
 enum class PopupKind { Script, TextPopup };
 
+/// A popup topic's body, cleaned, and the name it is called by.
 struct PopupText {
-    std::string text;        // the cleaned text
-    std::string anchorName;  // name of the first anchor of the body, may be empty
+    std::string text;        ///< the cleaned text
+    std::string anchorName;  ///< name of the first anchor of the body, may be empty
 };
 
 /// Cleans the body text of a popup topic for the given kind of popup.

@@ -5,11 +5,13 @@
 #include <string_view>
 
 namespace tamrix {
+/// The conversion whose view shows the refusal.
 class Conversion;
-}
+}  // namespace tamrix
 
 namespace tamrix::modRewrite {
 
+/// The line break of every written file.
 inline constexpr std::string_view kCrLf = "\r\n";
 
 /// The bare file name of `path` for a file in the new project folder: no folder,

@@ -9,8 +9,9 @@
 #include "platform/text_buffer.h"
 
 namespace tamrix {
+/// Where unexpected errors of AddJavaLinks go.
 class ErrorReporter;
-}
+}  // namespace tamrix
 
 namespace tamrix::modRewrite {
 

@@ -18,6 +18,8 @@ bool RewriteHelpProject(Conversion& wizard, const std::string& oldProjectFile,
 /// newProjectFile is the full path of the new .hhp.
 bool RewriteProjectFile(Conversion& wizard, const std::string& oldProjectFile,
                         const std::string& newProjectFile);
+/// Sets the project's default topic to the contents topic's new file; false when that topic is
+/// unknown.
 bool SetDefaultTopic(Conversion& wizard, const std::string& newProjectFile);
 /// The new file name of the topic whose AutoFileName is autoFileName, or empty;
 /// a topic that keeps its old name gives that name.
@@ -29,7 +31,9 @@ void SettleNewFileNames(Conversion& wizard);
 /// The style sheet link line for topic files (creating the style sheet when
 /// absent), or empty when no link is wanted.
 std::string MakeCSSLinkString(Conversion& wizard, const std::string& newRootPath);
+/// Writes an empty style sheet at `path`, with a Topic_Title class when asked.
 bool CreateCSSFile(Conversion& wizard, const std::string& path, bool defineTitleClass);
+/// Copies the old "images" folder into the new project, asking before it overwrites when told to.
 bool CopyImageFolder(Conversion& wizard, const std::string& oldProjectFile,
                      const std::string& newRootPath, bool askBeforeOverwrite);
 

@@ -11,6 +11,7 @@ namespace tamrix::modRewrite {
 /// keeps its name and goes into newRootPath. A missing old file writes nothing.
 bool RewriteIndex(Conversion& wizard, const std::string& oldProjectFile,
                   const std::string& indexFile, const std::string& newRootPath);
+/// Writes the new contents file the way RewriteIndex writes the index.
 bool RewriteContents(Conversion& wizard, const std::string& oldProjectFile,
                      const std::string& contentsFile, const std::string& newRootPath);
 
