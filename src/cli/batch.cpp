@@ -30,6 +30,26 @@ const char* Outcome(int status) {
     }
 }
 
+// The names on a batch line: separated by blanks, a name with blanks in double
+// quotes. False on an unterminated quote.
+bool SplitBatchLine(const std::string& line, std::vector<std::string>& names) {
+    std::size_t i = 0;
+    while (true) {
+        while (i < line.size() && (line[i] == ' ' || line[i] == '\t')) ++i;
+        if (i >= line.size()) return true;
+        if (line[i] == '"') {
+            const std::size_t end = line.find('"', i + 1);
+            if (end == std::string::npos) return false;
+            names.push_back(line.substr(i + 1, end - i - 1));
+            i = end + 1;
+        } else {
+            const std::size_t end = line.find_first_of(" \t", i);
+            names.push_back(line.substr(i, end == std::string::npos ? end : end - i));
+            i = end == std::string::npos ? line.size() : end;
+        }
+    }
+}
+
 struct Result {
     int status = 0;
     std::string out;
@@ -44,6 +64,33 @@ void PrintIndented(const std::string& text, std::ostream& err) {
 }
 
 }  // namespace
+
+bool ReadBatchFile(const std::string& text, CliOptions& options, std::string& error) {
+    std::size_t start = 0;
+    for (long number = 1; start < text.size(); ++number) {
+        std::size_t end = text.find('\n', start);
+        if (end == std::string::npos) end = text.size();
+        std::string line = text.substr(start, end - start);
+        start = end + 1;
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        const std::size_t first = line.find_first_not_of(" \t");
+        if (first == std::string::npos || line[first] == '#') continue;
+        std::vector<std::string> names;
+        const bool split = SplitBatchLine(line, names);
+        if (!split || names.size() < 2 || names.size() > 3) {
+            error = options.batchFile + ":" + std::to_string(number) + ": " +
+                    (split ? "a line holds OLD.hhp NEW and optionally OLD.hpj"
+                           : "a quoted name has no closing quote");
+            return false;
+        }
+        options.batch.push_back({names[0], names[1], names.size() == 3 ? names[2] : ""});
+    }
+    if (options.batch.empty()) {
+        error = options.batchFile + ": names no project";
+        return false;
+    }
+    return true;
+}
 
 int RunBatch(CliOptions options, const ConvertProject& convert, std::ostream& out,
              std::ostream& err) {

@@ -12,6 +12,11 @@ namespace tamrix::cli {
 /// returns its exit status; what it prints goes to the two streams given.
 using ConvertProject = std::function<int(const CliOptions&, std::ostream&, std::ostream&)>;
 
+/// Adds the projects of a batch file to `options.batch`: one project per line,
+/// "OLD.hhp NEW [OLD.hpj]", names with spaces in double quotes, blank lines and
+/// lines starting with "#" ignored. False, with "FILE:LINE: why" in `error`, on a bad line.
+bool ReadBatchFile(const std::string& text, CliOptions& options, std::string& error);
+
 /// Runs every project of `options.batch` (after reading `options.batchFile`),
 /// prints a line per project and a total, and returns the worst exit status.
 int RunBatch(CliOptions options, const ConvertProject& convert, std::ostream& out,

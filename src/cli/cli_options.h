@@ -40,11 +40,6 @@ struct CliOptions {
     std::string batchFile;  ///< --batch FILE, read by ReadBatchFile
 };
 
-/// Adds the projects of a batch file to `options.batch`: one project per line,
-/// "OLD.hhp NEW [OLD.hpj]", names with spaces in double quotes, blank lines and
-/// lines starting with "#" ignored. False, with "FILE:LINE: why" in `error`, on a bad line.
-bool ReadBatchFile(const std::string& text, CliOptions& options, std::string& error);
-
 /// Parses the arguments (without the program name); on a usage error returns
 /// nothing and puts the reason in `error`.
 std::optional<CliOptions> ParseArguments(const std::vector<std::string>& args, std::string& error);
