@@ -73,6 +73,8 @@ struct ProjectState {
     std::vector<std::string> RefusedFiles;
     /// The topic files that kept their names because their ID cannot name a file.
     std::vector<std::string> RefusedTopicIDs;
+    /// The topic files that kept their names because another topic file writes the new one.
+    std::vector<std::string> ClashingTopicIDs;
 
     /// Drops the WinHelp data: context IDs, aliases, duplicates, map and alias files.
     void ClearWinHelpData();

@@ -158,6 +158,14 @@ bool WriteRewriteLog(Conversion& wizard, CSummary& report, int undefinedCount, i
                 "names:");
             for (const std::string& name : keptNames) report.AddLine(name);
         }
+        const auto& clashing = wizard.Globals.ClashingTopicIDs;
+        if (!clashing.empty()) {
+            report.AddLine("");
+            report.AddLine(
+                "Topic files that keep their old names because another topic file has the new "
+                "name:");
+            for (const std::string& name : clashing) report.AddLine(name);
+        }
         const auto& refusedWrites = wizard.Files.RefusedWrites();
         if (!refusedWrites.empty()) {
             report.AddLine("");

@@ -79,4 +79,15 @@ void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::st
                              mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
 }
 
+void RefuseTakenName(Conversion& wizard, const CTopicFile& topic, const CTopicFile& holder) {
+    wizard.Globals.ClashingTopicIDs.push_back(topic.AutoNamePath + " (Topic ID \"" + topic.Context +
+                                              "\", taken by " + holder.AutoNamePath + ")");
+    modMessages::ShowMessage(
+        wizard.View(),
+        "The topic ID \"" + topic.Context + "\" would give the file name \"" + topic.NewFileName +
+            "\", which the topic file \"" + holder.AutoNamePath +
+            "\" writes.\nThe topic file keeps its name \"" + topic.AutoNamePath + "\".",
+        mb::kExclamation, "Writing New Project Files", wizard.Box(), 0);
+}
+
 }  // namespace tamrix::modRewrite

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/c_topic_file.h"
 #include "model/conversion.h"
 
 namespace tamrix::modRewrite {
@@ -27,5 +28,9 @@ void RefuseOutsideFile(Conversion& wizard, const std::string& relativeName);
 /// Tells the user that a topic keeps its old file name because its topic ID
 /// cannot be one, and keeps "old name (topic ID)" for the log.
 void RefuseTopicID(Conversion& wizard, const std::string& oldName, const std::string& topicId);
+
+/// Tells the user that `topic` keeps its old file name because `holder` writes
+/// the new one, and keeps it for the log.
+void RefuseTakenName(Conversion& wizard, const CTopicFile& topic, const CTopicFile& holder);
 
 }  // namespace tamrix::modRewrite

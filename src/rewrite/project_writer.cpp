@@ -1,5 +1,6 @@
 #include "rewrite/project_writer.h"
 
+#include <unordered_map>
 #include <unordered_set>
 #include "model/conversion.h"
 
@@ -44,6 +45,39 @@ void SettleNewFileNames(Conversion& wizard) {
         } else {
             topic->NewFileName = topic->AutoFileName;
             RefuseTopicID(wizard, topic->AutoNamePath, topic->Context);
+        }
+    }
+    KeepClashingNames(wizard);
+}
+
+void KeepClashingNames(Conversion& wizard) {
+    // Who writes each file, by folder and name folded to one case as Windows sees them.
+    std::unordered_map<std::string, CTopicFile*> writer;
+    auto fileOf = [](const CTopicFile& topic) {
+        return Fold(FilePathOnly(topic.AutoNamePath) + topic.NewFileName);
+    };
+    auto kept = [](const CTopicFile& topic) { return topic.NewFileName == topic.AutoFileName; };
+    // Names that stay cannot move, so they are placed first.
+    for (const auto& topic : *wizard.Globals.TopicFiles)
+        if (kept(*topic)) writer.emplace(fileOf(*topic), topic.get());
+    for (const auto& topic : *wizard.Globals.TopicFiles) {
+        CTopicFile* next = kept(*topic) ? nullptr : topic.get();
+        // A topic sent back to its old name may evict a renamed one that took it; each
+        // topic goes back at most once, so this ends.
+        while (next != nullptr) {
+            CTopicFile* placing = next;
+            next = nullptr;
+            const auto [it, placed] = writer.emplace(fileOf(*placing), placing);
+            if (placed) break;
+            if (kept(*placing)) {
+                if (kept(*it->second)) break;  // one old name listed twice
+                next = it->second;
+                it->second = placing;
+                continue;
+            }
+            RefuseTakenName(wizard, *placing, *it->second);
+            placing->NewFileName = placing->AutoFileName;
+            next = placing;
         }
     }
 }

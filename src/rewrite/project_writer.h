@@ -28,6 +28,9 @@ std::string NewTopicFileName(Conversion& wizard, const std::string& autoFileName
 /// + ".htm", or its old name when it has no ID or the ID cannot be a file name
 /// in the new folder (that topic is refused and logged).
 void SettleNewFileNames(Conversion& wizard);
+/// Sends a renamed topic back to its old name when another topic file already
+/// writes its new one in that folder, so no file overwrites another.
+void KeepClashingNames(Conversion& wizard);
 /// The style sheet link line for topic files (creating the style sheet when
 /// absent), or empty when no link is wanted.
 std::string MakeCSSLinkString(Conversion& wizard, const std::string& newRootPath);

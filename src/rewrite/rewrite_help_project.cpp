@@ -26,6 +26,7 @@ bool RewriteHelpProject(Conversion& wizard, const std::string& oldProjectFile,
         const ProjectState& g = wizard.Globals;
         wizard.Globals.RefusedFiles.clear();
         wizard.Globals.RefusedTopicIDs.clear();
+        wizard.Globals.ClashingTopicIDs.clear();
         SettleNewFileNames(wizard);
         const std::string newProjectFile =
             modUtilities::MakeFullPathforFile(newRootPath, newProjectName);
