@@ -171,8 +171,15 @@ std::string FileBaseName(std::string_view name) {
     return std::string(dot == std::string_view::npos ? base : base.substr(0, dot));
 }
 
+std::size_t FindLineBreak(std::string_view text, std::size_t from) {
+    // find_first_of calls a search of the set for every byte; this is many times faster.
+    for (std::size_t i = from; i < text.size(); ++i)
+        if (text[i] == '\n' || text[i] == '\r') return i;
+    return std::string_view::npos;
+}
+
 std::string_view LineEndOf(std::string_view text) {
-    const std::size_t end = text.find_first_of("\r\n");
+    const std::size_t end = FindLineBreak(text);
     if (end == std::string_view::npos) return "\r\n";
     if (text[end] == '\n') return "\n";
     return end + 1 < text.size() && text[end + 1] == '\n' ? "\r\n" : "\r";

@@ -53,6 +53,9 @@ std::string FileExtension(std::string_view name);
 /// The name without its extension and dot.
 std::string FileBaseName(std::string_view name);
 
+/// Where the first CR or LF at or after `from` stands, or npos.
+std::size_t FindLineBreak(std::string_view text, std::size_t from = 0);
+
 /// The line end a text uses (its first one: CR LF, LF or CR), CR LF when it has
 /// none, so that inserted lines match the lines around them.
 std::string_view LineEndOf(std::string_view text);

@@ -407,7 +407,8 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, bool 
             RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
     }
     SweepTempFiles(ParentOf(disk));
-    if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
+    const bool oldLinked = !linked_.empty() && linked_.erase(resolved) != 0;
+    if (const int error = native::WriteReplacing(disk, kTempPrefix, content, oldLinked))
         RaiseError(error, disk);
     if (folder != nullptr) AddKeys(folder->own, NamePart(disk));
     NoteWritten(disk, resolved, folder == nullptr);
@@ -449,6 +450,7 @@ bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
     WriteFolder* folder = KnownTarget(GetAbsolutePathName(to), disk, resolved);
     if (folder == nullptr || FindName(folder->own, NamePart(disk)) != nullptr) return false;
     if (native::LinkFile(fromDisk, disk) != 0) return false;
+    linked_.insert(JoinDisk(sourceFolder.resolved, *name));
     AddKeys(folder->own, NamePart(disk));
     NoteWritten(disk, resolved, false);
     return true;
@@ -516,7 +518,7 @@ bool TextReader::ReadLine(std::string& line) {
         line.clear();
         return false;
     }
-    const std::size_t end = text_.find_first_of("\r\n", pos_);
+    const std::size_t end = FindLineBreak(text_, pos_);
     if (end == std::string::npos) {
         line.assign(text_, pos_, std::string::npos);
         pos_ = text_.size();

@@ -154,6 +154,7 @@ private:
     std::unordered_set<Identity, IdentityHash> inputFiles_;
     std::vector<RefusedWrite> refused_;
     std::unordered_set<std::string> written_;
+    std::unordered_set<std::string> linked_;  // written files given a second name, by resolved path
     void (*interruptCheck_)() = nullptr;
     std::string runMarker_;
     std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files

@@ -70,7 +70,11 @@ int ReadWholeFile(const std::string& path, std::string& content, Status& status,
 /// in the folder of `path`, then renames it over `path`; the temporary file is
 /// removed on failure. The file gets the mode any new file gets, in as few
 /// system calls as the system allows: this runs once per file written.
-int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content);
+/// `oldLinked` says the file at `path` has another name that keeps its content,
+/// so it may be unlinked first: on ext4, renaming over a file forces the new
+/// data out to disk at once.
+int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content,
+                   bool oldLinked = false);
 /// Gives an existing file a second name, which must not exist yet.
 int LinkFile(const std::string& from, const std::string& to);
 /// Creates a folder; an existing entry sets `created` false and is no error.

@@ -139,9 +139,84 @@ int ReadWholeFile(const std::string& path, std::string& content, Status& status,
     return 0;
 }
 
-int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content) {
-    // Made with mode 0666 less the umask, as any new file, so no fchmod follows.
-    const std::string prefix = FolderOf(path) + "/" + std::string(tempPrefix);
+namespace {
+
+// Writes all of `content`; false on a write error.
+bool WriteFully(int fd, std::string_view content) {
+    std::size_t done = 0;
+    while (done < content.size()) {
+        const ssize_t n = ::write(fd, content.data() + done, content.size() - done);
+        if (n < 0 && errno != EINTR) return false;
+        if (n > 0) done += static_cast<std::size_t>(n);
+    }
+    return true;
+}
+
+// Gives the unnamed file `fd` the name `path`; errno tells why not.
+bool NameUnnamed(int fd, const std::string& path) {
+    // Linking by descriptor (AT_EMPTY_PATH) needs a privilege; through /proc it does not.
+    const std::string self = "/proc/self/fd/" + std::to_string(fd);
+    return ::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
+}
+
+// Renames a temporary file over `path`, removing it when that fails.
+int RenameOver(const std::string& temp, const std::string& path) {
+    if (::rename(temp.c_str(), path.c_str()) == 0) return 0;
+    const int e = errno;
+    ::unlink(temp.c_str());
+    return ErrnoToError(e);
+}
+
+constexpr int kUnsupported = -1;
+
+// Renaming over a file on ext4 forces the new data out to disk at once; when the
+// old content lives on under another name, its name goes first.
+void DropLinked(const std::string& path, bool oldLinked) {
+    if (oldLinked) ::unlink(path.c_str());
+}
+
+// Writes `content` as a file no one sees until it is whole, then names it: a new
+// name costs one directory change instead of a temporary name's two. kUnsupported
+// when the system cannot do that here, having left nothing behind.
+int WriteUnnamed(const std::string& path, const std::string& prefix, std::string_view content,
+                 bool oldLinked) {
+#ifdef O_TMPFILE
+    const int fd = ::open(FolderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+    if (fd < 0) {
+        if (errno == ENOENT || errno == ENOTDIR) return err::kPathNotFound;
+        return errno == EACCES || errno == EROFS ? ErrnoToError(errno) : kUnsupported;
+    }
+    int result = kUnsupported;
+    if (!WriteFully(fd, content)) {
+        ::close(fd);
+        return err::kDeviceIO;
+    }
+    DropLinked(path, oldLinked);
+    if (NameUnnamed(fd, path)) {
+        result = 0;
+    } else if (errno == EEXIST) {
+        // Replacing takes a temporary name and a rename, so the old file stays whole until then.
+        for (int attempt = 0; attempt < 100 && result == kUnsupported; ++attempt) {
+            const std::string temp = prefix + TempSuffix();
+            if (NameUnnamed(fd, temp))
+                result = RenameOver(temp, path);
+            else if (errno != EEXIST)
+                result = ErrnoToError(errno);
+        }
+    } else if (errno != ENOENT && errno != EPERM && errno != EXDEV) {
+        result = ErrnoToError(errno);  // else no /proc, or linking refused: the named way may work
+    }
+    ::close(fd);
+    return result;
+#else
+    (void)path, (void)prefix, (void)content, (void)oldLinked;
+    return kUnsupported;
+#endif
+}
+
+// Writes `content` to a new temporary file and renames it over `path`.
+int WriteNamed(const std::string& path, const std::string& prefix, std::string_view content,
+               bool oldLinked) {
     std::string temp;
     int fd = -1;
     for (int attempt = 0; fd < 0 && attempt < 100; ++attempt) {
@@ -153,23 +228,28 @@ int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::st
         const int error = ErrnoToError(errno);
         return error == err::kFileNotFound ? err::kPathNotFound : error;
     }
-    std::size_t done = 0;
-    while (done < content.size()) {
-        const ssize_t n = ::write(fd, content.data() + done, content.size() - done);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            ::close(fd);
-            ::unlink(temp.c_str());
-            return err::kDeviceIO;
-        }
-        done += static_cast<std::size_t>(n);
+    if (!WriteFully(fd, content)) {
+        ::close(fd);
+        ::unlink(temp.c_str());
+        return err::kDeviceIO;
     }
-    if (::close(fd) != 0 || ::rename(temp.c_str(), path.c_str()) != 0) {
+    if (::close(fd) != 0) {
         const int e = errno;
         ::unlink(temp.c_str());
         return ErrnoToError(e);
     }
-    return 0;
+    DropLinked(path, oldLinked);
+    return RenameOver(temp, path);
+}
+
+}  // namespace
+
+int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content,
+                   bool oldLinked) {
+    // Files are made with mode 0666 less the umask, as any new file, so no fchmod follows.
+    const std::string prefix = FolderOf(path) + "/" + std::string(tempPrefix);
+    const int result = WriteUnnamed(path, prefix, content, oldLinked);
+    return result == kUnsupported ? WriteNamed(path, prefix, content, oldLinked) : result;
 }
 
 int LinkFile(const std::string& from, const std::string& to) {

@@ -293,7 +293,9 @@ int ReadWholeFile(const std::string& path, std::string& content, Status& status,
     return 0;
 }
 
-int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content) {
+// Replacing by MoveFileExW costs no forced write, so a linked old file stays until then.
+int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content,
+                   bool /*oldLinked*/) {
     static constexpr char kLetters[] =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
     // One generator per thread: conversions may run side by side.

@@ -20,7 +20,7 @@ std::vector<Line> SplitLines(std::string_view content) {
     std::vector<Line> lines;
     std::size_t pos = 0;
     while (pos < content.size()) {
-        std::size_t end = content.find_first_of("\r\n", pos);
+        std::size_t end = FindLineBreak(content, pos);
         std::size_t next;
         if (end == std::string_view::npos) {
             end = content.size();
