@@ -12,6 +12,7 @@
 #include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/project_reader.h"
+#include "support/scanned_topic.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
@@ -81,13 +82,9 @@ protected:
                                     const std::vector<std::string>& targets = {},
                                     const std::string& extras = {}) {
         if (!wizard.Globals.TopicFiles) wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
-        auto topic = std::make_shared<CTopicFile>();
-        topic->AutoNamePath = "html\\" + file;
-        topic->AutoFileName = file;
-        topic->Context = context;
+        auto topic = AddScannedTopic(*wizard.Globals.TopicFiles, "html\\" + file, context);
         topic->ExtraIds = extras;
         for (const auto& t : targets) topic->targets().Add(t);
-        wizard.Globals.TopicFiles->Add(topic, file);
         return topic;
     }
     // The message shown at `index`: its catalogue ID, caption and, unless -1, style.
@@ -97,12 +94,6 @@ protected:
         EXPECT_EQ(m.catalogueId, id);
         EXPECT_EQ(m.title, title);
         EXPECT_EQ(style == -1 ? -1 : m.style, style);
-    }
-    // Whether an unexpected-error box named the procedure.
-    bool ErrorNamed(const std::string& procedure) const {
-        for (const auto& e : view.errors)
-            if (e.first.find(procedure) != std::string::npos) return true;
-        return false;
     }
 
     ScriptedView view;

@@ -44,7 +44,7 @@ TEST_F(ReferenceResolution, UnresolvedLinksCountForThePreviousLookup) {
     view.answersById[10052] = mb::kOK;
     EXPECT_FALSE(UpdateInternalReferences(wizard));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_TRUE(ErrorNamed("modUtilities:UpdateInternalReferences"));
+    EXPECT_TRUE(view.ErrorNamed("modUtilities:UpdateInternalReferences"));
 }
 
 TEST_F(ReferenceResolution, ValidityAsksWhenMoreThanAQuarterLackAnId) {

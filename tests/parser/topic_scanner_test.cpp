@@ -39,7 +39,7 @@ TEST_F(TopicScanner, TopicIdIsTheFirstAnchorAfterTheBody) {
         FindContextID(wizard, reader, id);
         EXPECT_EQ(id, c.id);
         EXPECT_EQ(view.errors.size(), c.reported ? 1u : 0u);
-        EXPECT_EQ(ErrorNamed("modParser:FindContextID"), c.reported);
+        EXPECT_EQ(view.ErrorNamed("modParser:FindContextID"), c.reported);
     }
 }
 
@@ -62,7 +62,7 @@ TEST_F(TopicScanner, HeadAndTitle) {
     // A title that never closes is an unexpected error.
     EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD><TITLE>open</HEAD>", title));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_TRUE(ErrorNamed("modParser:ExtractTopicTitle"));
+    EXPECT_TRUE(view.ErrorNamed("modParser:ExtractTopicTitle"));
 }
 
 TEST_F(TopicScanner, ParseTopicFileCollectsTargetsExtraIdsAndHotspots) {

@@ -76,27 +76,16 @@ TEST_F(WinHelpReader, ConflictingRedefinitionsAreNotedOncePerName) {
 // otherwise the lines are counted for the scan's message.
 TEST_F(WinHelpReader, VisualCppMapFilesNeedTheNameValueOption) {
     dir.Write("proj/mfc/afxtide.hm",
-              "// Help IDs of the framework's own commands and windows\r\n\r\n"
-              "HID_FILE_NEW                            0x1E100\r\n"
-              "HID_APP_ABOUT                           0x1E140\r\n"
-              "HID_HT_CAPTION                          0x4000A\r\n");
+              "// Help IDs of the framework\r\n\r\nHID_FILE_NEW                0x1E100\r\n");
     dir.Write("proj/TideClock.hm",
-              "// MAKEHELP.BAT generated Help Map file.  Used by TIDECLOCK.HPJ.\r\n\r\n"
-              "// Commands (ID_* and IDM_*) \r\n"
-              "HID_TIDE_REFRESH                        0x18003\r\n\r\n"
-              "// Prompts (IDP_*) \r\n\r\n"
-              "// Resources (IDR_*) \r\n"
-              "HIDR_MAINFRAME                          0x20080\r\n\r\n"
-              "// Dialogs (IDD_*) \r\n"
-              "HIDD_ABOUTBOX                           0x20064\r\n"
-              "HIDD_PORT_SETTINGS\t0x20082\r\n\r\n"
-              "// Frame Controls (IDW_*) \r\n"
-              "HIDW_TIDE_BAR                           0x5E801\r\n");
+              "// MAKEHELP.BAT generated Help Map file.\r\n\r\n// Commands (ID_* and IDM_*) \r\n"
+              "HID_TIDE_REFRESH            0x18003\r\n\r\n// Dialogs (IDD_*) \r\n"
+              "HIDD_ABOUTBOX               0x20064\r\nHIDD_PORT_SETTINGS\t0x20082\r\n");
     const std::string hpj = "[MAP]\n#include <mfc\\afxtide.hm>\n#include <TideClock.hm>\n";
     ASSERT_TRUE(ParseHpj(hpj));
     ReadIncludedMapFiles();
     EXPECT_EQ(wizard.Globals.MapContextIDs->Count(), 0);
-    EXPECT_EQ(wizard.Globals.UnreadNameValueLines, 8);
+    EXPECT_EQ(wizard.Globals.UnreadNameValueLines, 4);
 
     wizard.Globals.ClearWinHelpData();
     wizard.Globals.ReadNameValueLines = true;
@@ -105,10 +94,8 @@ TEST_F(WinHelpReader, VisualCppMapFilesNeedTheNameValueOption) {
     EXPECT_EQ(wizard.Globals.UnreadNameValueLines, 0);
     EXPECT_EQ(Described(wizard.Globals.MapContextIDs),
               (std::vector<std::string>{
-                  "HID_FILE_NEW=&H1E100(123136) #1", "HID_APP_ABOUT=&H1E140(123200) #1",
-                  "HID_HT_CAPTION=&H4000A(262154) #1", "HID_TIDE_REFRESH=&H18003(98307) #2",
-                  "HIDR_MAINFRAME=&H20080(131200) #2", "HIDD_ABOUTBOX=&H20064(131172) #2",
-                  "HIDD_PORT_SETTINGS=&H20082(131202) #2", "HIDW_TIDE_BAR=&H5E801(387073) #2"}));
+                  "HID_FILE_NEW=&H1E100(123136) #1", "HID_TIDE_REFRESH=&H18003(98307) #2",
+                  "HIDD_ABOUTBOX=&H20064(131172) #2", "HIDD_PORT_SETTINGS=&H20082(131202) #2"}));
     EXPECT_TRUE(view.messages.empty());
 }
 

@@ -284,7 +284,7 @@ TEST_F(MapAliasWriter, IncludedAliasFilesAreRewrittenWithNewTopicNames) {
     EXPECT_FALSE(WriteAliases(failed));
     EXPECT_FALSE(tmp.Exists("work/new/NewAliases.h"));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_TRUE(ErrorNamed("modRewrite:RewriteOneAliasFile"));
+    EXPECT_TRUE(view.ErrorNamed("modRewrite:RewriteOneAliasFile"));
 }
 
 }  // namespace

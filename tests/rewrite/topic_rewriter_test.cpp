@@ -85,7 +85,7 @@ TEST_F(TopicFileTest, WithoutTargetsTheFileIsCopiedUnderItsNewName) {
     const auto gone = AddTopic("html\\gone.htm", "gone");
     EXPECT_FALSE(modRewrite::RewriteTopicFile(wizard, *gone, oldDir + "/p.hhp", newDir, ""));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_TRUE(ErrorNamed("modRewrite:RewriteTopicFile"));
+    EXPECT_TRUE(view.ErrorNamed("modRewrite:RewriteTopicFile"));
 }
 
 TEST_F(TopicFileTest, TheStyleSheetLinkFollowsTheCaretWhenTheHeadEndIsMissing) {

@@ -82,6 +82,12 @@ public:
             if (p.what == "caption") captions.push_back(p.text);
         return captions;
     }
+    // Whether an unexpected-error box named `procedure`.
+    bool ErrorNamed(const std::string& procedure) const {
+        for (const auto& e : errors)
+            if (e.first.find(procedure) != std::string::npos) return true;
+        return false;
+    }
     // The first message whose text contains `part`, or nullptr.
     const MessageRequest* FindMessage(const std::string& part) const {
         for (const auto& m : messages)
