@@ -3,6 +3,7 @@
 // temporary folder and small HTML Help projects written into it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -52,8 +53,7 @@ protected:
     void WriteTopic(const std::string& entry, const std::string& title, const std::string& id,
                     const std::string& body = {}) {
         std::string relative = entry;
-        for (char& c : relative)
-            if (c == '\\') c = '/';
+        std::replace(relative.begin(), relative.end(), '\\', '/');
         dir.Write("proj/" + relative, TopicHtml(title, id, body));
     }
     // One topic file per ID, named prefix0.htm, prefix1.htm, ...
@@ -87,15 +87,6 @@ protected:
         for (const auto& t : targets) topic->targets().Add(t);
         return topic;
     }
-    // The message shown at `index`: its catalogue ID, caption and, unless -1, style.
-    void ExpectMessage(std::size_t index, long id, const std::string& title, int style = -1) {
-        ASSERT_LT(index, view.messages.size());
-        const auto& m = view.messages[index];
-        EXPECT_EQ(m.catalogueId, id);
-        EXPECT_EQ(m.title, title);
-        EXPECT_EQ(style == -1 ? -1 : m.style, style);
-    }
-
     ScriptedView view;
     Conversion wizard{view};
     TempDir dir;

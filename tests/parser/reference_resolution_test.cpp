@@ -29,7 +29,7 @@ TEST_F(ReferenceResolution, UnresolvedLinksCountForThePreviousLookup) {
     EXPECT_TRUE(UpdateInternalReferences(wizard));
     EXPECT_EQ(b->InternalReferences, 3);
     ASSERT_EQ(view.MessageIds(), (std::vector<long>{10052, 10052}));
-    ExpectMessage(0, 10052, "Checking internal references to topic files", mb::kOKCancel);
+    view.ExpectMessage(0, 10052, "Checking internal references to topic files", mb::kOKCancel);
     EXPECT_NE(view.messages[0].text.find("http://x.org/page.htm "), std::string::npos);
     EXPECT_EQ(view.messages[0].text.find("#p"), std::string::npos);
 
@@ -58,7 +58,7 @@ TEST_F(ReferenceResolution, ValidityAsksWhenMoreThanAQuarterLackAnId) {
         Add("u" + std::to_string(i) + ".htm", i < 2 ? "" : "U" + std::to_string(i));
     EXPECT_FALSE(CheckProjectValidity(wizard.Errors, wizard.Globals.TopicFiles.get()));
     ASSERT_EQ(view.messages.size(), 1u);
-    ExpectMessage(0, 10023, "HTML Project Check");
+    view.ExpectMessage(0, 10023, "HTML Project Check");
     EXPECT_EQ(view.messages[0].style & 7, mb::kYesNo);
     EXPECT_NE(view.messages[0].text.find("includes  2 .htm files"), std::string::npos);
     EXPECT_NE(view.messages[0].text.find("total of  7 .htm"), std::string::npos);

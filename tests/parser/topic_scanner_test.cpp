@@ -58,7 +58,7 @@ TEST_F(TopicScanner, HeadAndTitle) {
     EXPECT_TRUE(view.messages.empty());
     EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD></HEAD>", title));
     ASSERT_EQ(view.messages.size(), 1u);
-    ExpectMessage(0, 5003, "ExtractTopicTitle");
+    view.ExpectMessage(0, 5003, "ExtractTopicTitle");
     // A title that never closes is an unexpected error.
     EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD><TITLE>open</HEAD>", title));
     ASSERT_EQ(view.errors.size(), 1u);

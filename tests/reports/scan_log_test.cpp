@@ -84,17 +84,16 @@ TEST_F(ScanLog, WarningsForAnInterruptedScanAndMissingFiles) {
     Add("a.htm", "A", "T");
     wizard.ScanComplete = false;
     wizard.MissingCount = 1;
-    auto lines = Lines();
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 12, lines.begin() + 14),
-              (std::vector<std::string>{" WARNING: The scan of the project file was interrupted. "
-                                        "Not all files may have been scanned.",
-                                        " WARNING: 1 topic file was not found."}));
+    testing::ExpectInOrder(Lines(), {" Topic Files (total): 1",
+                                     " WARNING: The scan of the project file was interrupted. "
+                                     "Not all files may have been scanned.",
+                                     " WARNING: 1 topic file was not found.",
+                                     " Untitled Topics: 1 (may be converted popups)"});
     wizard.ScanComplete = true;
     wizard.MissingCount = 3;
-    lines = Lines();
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 12, lines.begin() + 14),
-              (std::vector<std::string>{" WARNING: 3 topic files were not found.",
-                                        " Untitled Topics: 1 (may be converted popups)"}));
+    const auto lines = Lines();
+    EXPECT_EQ(lines[12], " WARNING: 3 topic files were not found.");
+    EXPECT_EQ(lines[13], " Untitled Topics: 1 (may be converted popups)");
 }
 
 TEST_F(ScanLog, LongIdsPushTheTitleAndCountsOneSpaceOn) {

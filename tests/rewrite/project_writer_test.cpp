@@ -51,7 +51,7 @@ TEST_F(ProjectFileTest, AsksBeforeRenamingAFileThatAlreadyMatchesItsTopicID) {
     EXPECT_EQ(Write(text), "<not written>");
     EXPECT_FALSE(ok);
     ASSERT_EQ(view.MessageIds(), (std::vector<long>{10005, 10005}));
-    ExpectMessage(1, 10005, "Rewriting Project File", mb::kYesNo | mb::kQuestion);
+    view.ExpectMessage(1, 10005, "Rewriting Project File", mb::kYesNo | mb::kQuestion);
     EXPECT_NE(view.messages[1].text.find("The file xcd1.htm already matches"), std::string::npos);
 
     view.messages.clear();
@@ -130,7 +130,7 @@ TEST_F(RewriteTest, StyleSheetNameOutsideTheFolderIsRefused) {
     modRewrite::MakeCSSLinkString(wizard, newDir);
     EXPECT_TRUE(Tree().empty());
     ASSERT_EQ(view.messages.size(), 1u);
-    ExpectMessage(0, 0, "Writing New Project Files", mb::kExclamation);
+    view.ExpectMessage(0, 0, "Writing New Project Files", mb::kExclamation);
     EXPECT_EQ(wizard.Globals.RefusedFiles, std::vector<std::string>{"..\\..\\evil.css"});
 }
 
@@ -148,7 +148,7 @@ TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
     std::filesystem::create_directories(oldDir + "/images");
     EXPECT_TRUE(Copy(false));
     EXPECT_TRUE(tmp.Exists("work/new/images"));
-    ExpectMessage(0, 0, "Copying \\images Folder", mb::kInformation);
+    view.ExpectMessage(0, 0, "Copying \\images Folder", mb::kInformation);
     EXPECT_EQ(view.messages[0].text, "There are no image files in the old /images folder.");
 
     tmp.Write("old/images/a.gif", "GIF89a");

@@ -47,14 +47,6 @@ protected:
         return FilesUnder(under.empty() ? tmp.Path() : under);
     }
 
-    // The message shown at `index`: its catalogue ID, caption and style.
-    void ExpectMessage(std::size_t index, long id, const std::string& title, int style) {
-        ASSERT_LT(index, view.messages.size());
-        EXPECT_EQ(view.messages[index].catalogueId, id);
-        EXPECT_EQ(view.messages[index].title, title);
-        EXPECT_EQ(view.messages[index].style, style);
-    }
-
     TempDir tmp;
     const std::string oldDir = tmp / "old";
     const std::string newDir = tmp / "work/new";

@@ -67,7 +67,7 @@ TEST_F(TopicFileTest, WarnsOnlyAboutUnknownFilesThatOccur) {
               "Cannot find a replacement target file for http://x.org/a.htm in a1.htm.");
     EXPECT_EQ(view.messages[1].text,
               "Cannot find a replacement target file for ext.htm#b in a1.htm.");
-    ExpectMessage(0, 10032, "Rewriting Topic File", mb::kExclamation);
+    view.ExpectMessage(0, 10032, "Rewriting Topic File", mb::kExclamation);
     EXPECT_TRUE(ok);
 }
 
@@ -124,7 +124,7 @@ TEST_F(TopicFileTest, HostileNamesCreateNothingOutsideTheNewFolder) {
               "The file \"html\\../evil.htm\" would lie outside the new project folder.\nIt was "
               "not written.");
     for (std::size_t i = 0; i < view.messages.size(); ++i)
-        ExpectMessage(i, 0, "Writing New Project Files", mb::kExclamation);
+        view.ExpectMessage(i, 0, "Writing New Project Files", mb::kExclamation);
 }
 
 TEST(Containment, SafeNamesStayBelowTheNewFolder) {
