@@ -66,15 +66,6 @@ TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
     EXPECT_TRUE(modUtilities::UpdateInternalReferences(wizard));
 }
 
-TEST_F(CorpusProjects, WaveSoapParses) {
-    ASSERT_TRUE(Parse(CorpusPath("wavesoap/WaveSoap.hhp")));
-    EXPECT_EQ(missing, 0);
-    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 62);
-    // 36 of its html\*.htm files hold <TITLE>(Untitled)</TITLE> (grep -il).
-    EXPECT_EQ(modUtilities::UntitledTopics(wizard.Errors, wizard.Globals.TopicFiles.get()), 36);
-    EXPECT_TRUE(view.errors.empty());
-}
-
 TEST_F(CorpusProjects, DraftCableWinHelpAliasesAreReadAndAbsoluteIncludesSkipped) {
     ReadWinHelp("draftcable/DraftCable.hpj");
     const auto& aliases = *wizard.Globals.ProjectAliases;

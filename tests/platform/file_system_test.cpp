@@ -61,18 +61,18 @@ TEST(FileSystemNames, AbsolutePathsResolveParentStepsTextually) {
 }
 
 TEST(FileSystemText, ReadsLinesEndingInCrLfLfOrCr) {
-    TextReader reader;
-    reader.OpenText("a\r\nb\nc\rd\r\n\r\ne");
-    std::vector<std::string> lines;
-    std::string line;
-    while (reader.ReadLine(line)) lines.push_back(line);
-    EXPECT_EQ(lines, (std::vector<std::string>{"a", "b", "c", "d", "", "e"}));
-    EXPECT_TRUE(reader.AtEnd());
-    reader.OpenText("");
-    EXPECT_FALSE(reader.ReadLine(line));
-    reader.OpenText("x\r\n");
-    EXPECT_TRUE(reader.ReadLine(line));
-    EXPECT_FALSE(reader.ReadLine(line));
+    const auto lines = [](const std::string& text) {
+        TextReader reader;
+        reader.OpenText(text);
+        std::vector<std::string> found;
+        for (std::string line; reader.ReadLine(line);) found.push_back(line);
+        EXPECT_TRUE(reader.AtEnd());
+        return found;
+    };
+    EXPECT_EQ(lines("a\r\nb\nc\rd\r\n\r\ne"),
+              (std::vector<std::string>{"a", "b", "c", "d", "", "e"}));
+    EXPECT_TRUE(lines("").empty());
+    EXPECT_EQ(lines("x\r\n"), std::vector<std::string>{"x"});
 }
 
 TEST(FileSystemText, BadInputGivesAnErrorNumberNotACrash) {

@@ -1,5 +1,6 @@
 #include "rewrite/map_alias_writer.h"
 
+#include <algorithm>
 #include <set>
 
 #include "parser/winhelp_definitions.h"
@@ -44,15 +45,11 @@ protected:
         for (const char* line : lines)
             modParser::AddContextIDFromString(wizard, line, *ids, "", index);
     }
-    // Section lines as the profile reader returns them.
+    // Section lines as the profile reader returns them, each ended by "|".
     std::string Section(const std::string& name) {
         std::string text;
         profile::GetSection(wizard.Files, project, name, text);
-        return text;
-    }
-    static std::string Lines(std::initializer_list<std::string> lines) {
-        std::string text;
-        for (const auto& line : lines) text += line + '\0';
+        std::replace(text.begin(), text.end(), '\0', '|');
         return text;
     }
     std::string New(const std::string& name) const { return tmp.Read("work/new/" + name); }
@@ -89,7 +86,7 @@ TEST_F(MapAliasWriter, MapFilesAreCopiedAsHeadersAndIncludedOnce) {
     NewFileList sameName;
     ASSERT_TRUE(CopyMapFiles(wizard, {x1, x2}, 2, newDir, sameName));
     ASSERT_TRUE(AddMapFiles(wizard, sameName, project));
-    EXPECT_EQ(Section("MAP"), Lines({"#include x.h", "#include X_1.h"}));
+    EXPECT_EQ(Section("MAP"), "#include x.h|#include X_1.h|");
     EXPECT_TRUE(view.messages.empty());
 }
 
@@ -107,7 +104,7 @@ TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitionsWhenAllowed) {
     EXPECT_EQ(New("NewMap.h"), Head("Map") +
                                    ";\r\n#define IDH_ONE 1\r\n#define IDH_TWO 0x20 // two\r\n"
                                    "#define IDH_THREE 3\r\n");
-    EXPECT_EQ(Section("MAP"), Lines({"#include NewMap.h"}));
+    EXPECT_EQ(Section("MAP"), "#include NewMap.h|");
 
     // An existing file: No, then the input box is cancelled: nothing written or included.
     tmp.Write("work/new/NewMap.h", "keep me");
@@ -120,7 +117,7 @@ TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitionsWhenAllowed) {
     // No, then another name.
     view.inputAnswers.push_back(std::string("Other.h"));
     ASSERT_TRUE(AddMapFiles(wizard, NewFileList{}, project));
-    EXPECT_EQ(Section("MAP"), Lines({"#include Other.h"}));
+    EXPECT_EQ(Section("MAP"), "#include Other.h|");
     EXPECT_TRUE(tmp.Exists("work/new/Other.h"));
     EXPECT_EQ(New("NewMap.h"), "keep me");
     // Yes overwrites.

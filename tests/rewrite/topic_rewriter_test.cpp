@@ -1,5 +1,7 @@
 #include "rewrite/topic_rewriter.h"
 
+#include <algorithm>
+
 #include "rewrite_fixture.h"
 
 namespace tamrix::testing {
@@ -21,8 +23,7 @@ protected:
         return tmp.Exists(written) ? tmp.Read(written) : "<not written>";
     }
     static std::string Slashed(std::string path) {
-        for (char& c : path)
-            if (c == '\\') c = '/';
+        std::replace(path.begin(), path.end(), '\\', '/');
         return path;
     }
     bool ok = false;
