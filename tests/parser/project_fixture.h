@@ -56,27 +56,12 @@ protected:
         std::replace(relative.begin(), relative.end(), '\\', '/');
         dir.Write("proj/" + relative, TopicHtml(title, id, body));
     }
-    // One topic file per ID, named prefix0.htm, prefix1.htm, ...
-    std::vector<std::string> WriteTopics(const std::string& prefix,
-                                         const std::vector<std::string>& ids) {
-        std::vector<std::string> files;
-        for (std::size_t i = 0; i < ids.size(); ++i) {
-            files.push_back(prefix + std::to_string(i) + ".htm");
-            WriteTopic(files.back(), "T", ids[i]);
-        }
-        return files;
-    }
     bool Parse(const std::string& project) {
         missing = 0;
         stopped = false;
         return modParser::ParseProjectFile(wizard, project, missing, stopped);
     }
     const CTopicFile& Topic(long index) const { return *wizard.Globals.TopicFiles->Item(index); }
-    std::vector<std::string> Contexts() const {
-        std::vector<std::string> contexts;
-        for (const auto& topic : *wizard.Globals.TopicFiles) contexts.push_back(topic->Context);
-        return contexts;
-    }
     // A topic as the scan leaves it, for the steps that follow the scan.
     std::shared_ptr<CTopicFile> Add(const std::string& file, const std::string& context,
                                     const std::vector<std::string>& targets = {},

@@ -83,8 +83,15 @@ TEST_F(ProjectReader, DuplicateTopicIdsAreRenamedInOrderOfDiscovery) {
          "Duplicate Topic Id: File and Topic ID renamed from \"X_1.htm\" to \"X_1_3.htm\""}};
     for (const Case& c : cases) {
         wizard.Globals = ProjectState{};
-        ASSERT_TRUE(Parse(WriteProject(WriteTopics("f", c.ids))));
-        EXPECT_EQ(Contexts(), c.contexts);
+        std::vector<std::string> files;
+        for (const auto& id : c.ids) {
+            files.push_back("f" + std::to_string(files.size()) + ".htm");
+            WriteTopic(files.back(), "T", id);
+        }
+        ASSERT_TRUE(Parse(WriteProject(files)));
+        std::vector<std::string> contexts;
+        for (const auto& topic : *wizard.Globals.TopicFiles) contexts.push_back(topic->Context);
+        EXPECT_EQ(contexts, c.contexts);
         EXPECT_EQ(wizard.Globals.RenamedTopicIDs, c.renamed);
         EXPECT_EQ(Topic(c.commented).Comment, c.comment);
         EXPECT_EQ(Topic(c.commented).NewFileName, c.contexts[c.commented - 1] + ".htm");

@@ -5,13 +5,7 @@
 namespace tamrix::modUtilities {
 namespace {
 
-class ReferenceResolution : public testing::ProjectFixture {
-protected:
-    void SetUp() override {
-        ProjectFixture::SetUp();
-        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
-    }
-};
+using ReferenceResolution = testing::ProjectFixture;
 
 TEST_F(ReferenceResolution, LinksCountForTheFileTheyReach) {
     auto a = Add("a.htm", "A", {"B.HTM#x", "b.htm#y", "#self", "a.htm"});

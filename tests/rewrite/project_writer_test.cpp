@@ -143,19 +143,15 @@ TEST_F(RewriteTest, StyleSheetIsCreatedOnceLinkedFromOneFolderDownAndKeptInside)
     EXPECT_EQ(wizard.Globals.RefusedFiles, std::vector<std::string>{"..\\..\\evil.css"});
 }
 
-class ImageFolderTest : public RewriteTest {
-protected:
-    bool Copy(bool ask) {
+TEST_F(RewriteTest, ImageFolderFilesButNotSubfoldersAreCopiedAskingWhenTold) {
+    const auto copy = [&](bool ask) {
         return modRewrite::CopyImageFolder(wizard, oldDir + "/p.hhp", newDir, ask);
-    }
-};
-
-TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
-    EXPECT_TRUE(Copy(false));  // no old images folder: nothing happens
+    };
+    EXPECT_TRUE(copy(false));  // no old images folder: nothing happens
     EXPECT_TRUE(Tree(newDir).empty());
     EXPECT_TRUE(view.messages.empty());
     std::filesystem::create_directories(oldDir + "/images");
-    EXPECT_TRUE(Copy(false));
+    EXPECT_TRUE(copy(false));
     EXPECT_TRUE(tmp.Exists("work/new/images"));
     view.ExpectMessage(0, 0, "Copying \\images Folder", mb::kInformation);
     EXPECT_EQ(view.messages[0].text, "There are no image files in the old /images folder.");
@@ -164,11 +160,11 @@ TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
     tmp.Write("old/images/B.bmp", "BM");
     tmp.Write("old/images/sub/c.gif", "no");
     tmp.Write("work/new/images/a.gif", "old copy");
-    EXPECT_TRUE(Copy(true));  // answered No
+    EXPECT_TRUE(copy(true));  // answered No
     EXPECT_EQ(view.MessageIds(), (std::vector<long>{0, 10007}));
     EXPECT_EQ(tmp.Read("work/new/images/a.gif"), "old copy");
     view.answers = {mb::kYes};
-    EXPECT_TRUE(Copy(true));
+    EXPECT_TRUE(copy(true));
     EXPECT_EQ(Tree(newDir), (std::map<std::string, std::string>{{"images/B.bmp", "BM"},
                                                                 {"images/a.gif", "GIF89a"}}));
     // Names are compared exactly: another case is no clash, except where the file
@@ -180,11 +176,11 @@ TEST_F(ImageFolderTest, CopiesTheFilesButNotTheSubfoldersAskingWhenTold) {
 #endif
     std::filesystem::rename(newDir + "/images/a.gif", newDir + "/images/A.GIF");
     std::filesystem::remove(newDir + "/images/B.bmp");
-    EXPECT_TRUE(Copy(true));
+    EXPECT_TRUE(copy(true));
     EXPECT_EQ(view.messages.size(), 3u + caseClash);
     // Without asking, an existing copy is replaced.
     tmp.Write("work/new/images/B.bmp", "old copy");
-    EXPECT_TRUE(Copy(false));
+    EXPECT_TRUE(copy(false));
     EXPECT_EQ(tmp.Read("work/new/images/B.bmp"), "BM");
     EXPECT_EQ(view.messages.size(), 3u + caseClash);
 }
