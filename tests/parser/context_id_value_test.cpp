@@ -3,58 +3,42 @@
 #include <gtest/gtest.h>
 
 #include <utility>
+#include <vector>
 
 namespace tamrix::modParser {
 namespace {
 
 TEST(ContextIDValue, ReadsNumbersTheWayTheProjectFilesMeanThem) {
-    const std::pair<const char*, std::int32_t> cases[] = {
-        // Hexadecimal and octal are bit patterns; leading zeros do not widen them.
-        {"&H1F", 31},
-        {"&h1f", 31},
-        {"&HFFFF", -1},
-        {"&H8000", -32768},
-        {"&H7FFF", 32767},
-        {"&H10000", 65536},
-        {"&HFFFFFFFF", -1},
-        {"&H80000000", INT32_MIN},
-        {"&H0000FFFF", -1},
-        {"&O17", 15},
-        {"&O177777", -1},
-        {"&O18", 1},
-        {"&H1G", 1},
-        {"&H", 0},
-        {"&X12", 0},
-        // Decimals round halves to even; an exponent needs digits; only "&H" is hex.
-        {"10", 10},
-        {"   -42", -42},
-        {"+7", 7},
-        {"2.5", 2},
-        {"3.5", 4},
-        {"-2.5", -2},
-        {"2.51", 3},
-        {".5", 0},
-        {"1.5e1", 15},
-        {"1E3", 1000},
-        {"2D2", 200},
-        {"1e", 1},
-        {"1e-400", 0},
-        {"12abc", 12},
-        {"0x1F", 0},
-        {"2147483647", INT32_MAX},
-        {"-2147483648", INT32_MIN},
-        {"2147483647.4", INT32_MAX},
-        {"-2147483648.5", INT32_MIN},
-        // No number reads as zero.
-        {"abc", 0},
-        {"", 0},
-        {"   ", 0},
-        {"-", 0},
-        {".", 0}};
-    for (const auto& [text, expected] : cases) {
-        std::int32_t value = 12345;
-        EXPECT_TRUE(ContextIDValue(text, value)) << text;
-        EXPECT_EQ(value, expected) << text;
+    // Texts by the value they read as. Hexadecimal and octal are bit patterns and
+    // leading zeros do not widen them; only "&H" is hex. Decimals round halves to
+    // even; an exponent needs digits. No number reads as zero.
+    const std::pair<std::int32_t, std::vector<const char*>> cases[] = {
+        {31, {"&H1F", "&h1f"}},
+        {-1, {"&HFFFF", "&HFFFFFFFF", "&H0000FFFF", "&O177777"}},
+        {-32768, {"&H8000"}},
+        {32767, {"&H7FFF"}},
+        {65536, {"&H10000"}},
+        {INT32_MIN, {"&H80000000", "-2147483648", "-2147483648.5"}},
+        {INT32_MAX, {"2147483647", "2147483647.4"}},
+        {15, {"&O17", "1.5e1"}},
+        {1, {"&O18", "&H1G", "1e"}},
+        {0, {"&H", "&X12", ".5", "1e-400", "0x1F", "abc", "", "   ", "-", "."}},
+        {10, {"10"}},
+        {-42, {"   -42"}},
+        {7, {"+7"}},
+        {2, {"2.5"}},
+        {4, {"3.5"}},
+        {-2, {"-2.5"}},
+        {3, {"2.51"}},
+        {1000, {"1E3"}},
+        {200, {"2D2"}},
+        {12, {"12abc"}}};
+    for (const auto& [expected, texts] : cases) {
+        for (const char* text : texts) {
+            std::int32_t value = 12345;
+            EXPECT_TRUE(ContextIDValue(text, value)) << text;
+            EXPECT_EQ(value, expected) << text;
+        }
     }
     for (const char* text :
          {"&H100000000", "&HFFFFFFFFFFFFFFFFFFFF", "&O40000000000", "99999999999", "2147483648",

@@ -2,7 +2,6 @@
 #include "model/project_state.h"
 #include "parser/project_fixture.h"
 #include "parser/reference_resolution.h"
-#include "parser/sitemap_reader.h"
 #include "parser/winhelp_reader.h"
 #include "platform/byte_text.h"
 
@@ -65,31 +64,6 @@ TEST_F(CorpusProjects, DraftCableCopyGivesOneTopicFilePerListedFile) {
     EXPECT_TRUE(view.messages.empty());
     EXPECT_TRUE(view.errors.empty());
     EXPECT_TRUE(modUtilities::UpdateInternalReferences(wizard));
-}
-
-TEST_F(CorpusProjects, DraftCableContentsAndIndexAreRead) {
-    const std::string project = CorpusPath("draftcable/Copia de DraftCable.hhp");
-    const std::string contents = GetContentsFileName(wizard, project);
-    const std::string index = GetIndexFileName(wizard, project);
-    EXPECT_TRUE(EndsWithNoCase(contents, "/draftcable/Table of Contents.hhc")) << contents;
-    EXPECT_TRUE(EndsWithNoCase(index, "/draftcable/DraftCable.hhk")) << index;
-    wizard.Globals.ContentsTargets = std::make_shared<CTargets>();
-    wizard.Globals.IndexTargets = std::make_shared<CTargets>();
-    EXPECT_TRUE(ParseContentsFile(wizard, contents));
-    EXPECT_TRUE(ParseIndexFile(wizard, index));
-    EXPECT_GT(wizard.Globals.ContentsTargets->Count(), 10);
-    EXPECT_GT(wizard.Globals.IndexTargets->Count(), 10);
-    for (const auto& t : *wizard.Globals.ContentsTargets)
-        EXPECT_EQ(t->TargetString.find('#'), std::string::npos) << t->TargetString;
-}
-
-TEST_F(CorpusProjects, WaveSoapParses) {
-    ASSERT_TRUE(Parse(CorpusPath("wavesoap/WaveSoap.hhp")));
-    EXPECT_EQ(missing, 0);
-    EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 62);
-    // 36 of its html\*.htm files hold <TITLE>(Untitled)</TITLE> (grep -il).
-    EXPECT_EQ(modUtilities::UntitledTopics(wizard.Errors, wizard.Globals.TopicFiles.get()), 36);
-    EXPECT_TRUE(view.errors.empty());
 }
 
 TEST_F(CorpusProjects, DraftCableWinHelpAliasesAreReadAndAbsoluteIncludesSkipped) {

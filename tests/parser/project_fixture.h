@@ -3,6 +3,7 @@
 // temporary folder and small HTML Help projects written into it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -12,6 +13,7 @@
 #include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/project_reader.h"
+#include "support/scanned_topic.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
@@ -51,19 +53,8 @@ protected:
     void WriteTopic(const std::string& entry, const std::string& title, const std::string& id,
                     const std::string& body = {}) {
         std::string relative = entry;
-        for (char& c : relative)
-            if (c == '\\') c = '/';
+        std::replace(relative.begin(), relative.end(), '\\', '/');
         dir.Write("proj/" + relative, TopicHtml(title, id, body));
-    }
-    // One topic file per ID, named prefix0.htm, prefix1.htm, ...
-    std::vector<std::string> WriteTopics(const std::string& prefix,
-                                         const std::vector<std::string>& ids) {
-        std::vector<std::string> files;
-        for (std::size_t i = 0; i < ids.size(); ++i) {
-            files.push_back(prefix + std::to_string(i) + ".htm");
-            WriteTopic(files.back(), "T", ids[i]);
-        }
-        return files;
     }
     bool Parse(const std::string& project) {
         missing = 0;
@@ -71,40 +62,16 @@ protected:
         return modParser::ParseProjectFile(wizard, project, missing, stopped);
     }
     const CTopicFile& Topic(long index) const { return *wizard.Globals.TopicFiles->Item(index); }
-    std::vector<std::string> Contexts() const {
-        std::vector<std::string> contexts;
-        for (const auto& topic : *wizard.Globals.TopicFiles) contexts.push_back(topic->Context);
-        return contexts;
-    }
     // A topic as the scan leaves it, for the steps that follow the scan.
     std::shared_ptr<CTopicFile> Add(const std::string& file, const std::string& context,
                                     const std::vector<std::string>& targets = {},
                                     const std::string& extras = {}) {
         if (!wizard.Globals.TopicFiles) wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
-        auto topic = std::make_shared<CTopicFile>();
-        topic->AutoNamePath = "html\\" + file;
-        topic->AutoFileName = file;
-        topic->Context = context;
+        auto topic = AddScannedTopic(*wizard.Globals.TopicFiles, "html\\" + file, context);
         topic->ExtraIds = extras;
         for (const auto& t : targets) topic->targets().Add(t);
-        wizard.Globals.TopicFiles->Add(topic, file);
         return topic;
     }
-    // The message shown at `index`: its catalogue ID, caption and, unless -1, style.
-    void ExpectMessage(std::size_t index, long id, const std::string& title, int style = -1) {
-        ASSERT_LT(index, view.messages.size());
-        const auto& m = view.messages[index];
-        EXPECT_EQ(m.catalogueId, id);
-        EXPECT_EQ(m.title, title);
-        EXPECT_EQ(style == -1 ? -1 : m.style, style);
-    }
-    // Whether an unexpected-error box named the procedure.
-    bool ErrorNamed(const std::string& procedure) const {
-        for (const auto& e : view.errors)
-            if (e.first.find(procedure) != std::string::npos) return true;
-        return false;
-    }
-
     ScriptedView view;
     Conversion wizard{view};
     TempDir dir;

@@ -11,10 +11,10 @@ using ProjectReader = testing::ProjectFixture;
 TEST_F(ProjectReader, OpenCountsTheHtmLinesOfTheFilesSection) {
     int count = -1;
     EXPECT_FALSE(OpenProjectFile(wizard, dir / "none.hhp", count));
-    ExpectMessage(0, 10069, "Opening HTML Project File", mb::kExclamation);
+    view.ExpectMessage(0, 10069, "Opening HTML Project File", mb::kExclamation);
     EXPECT_NE(view.messages[0].text.find(dir / "none.hhp"), std::string::npos);
     EXPECT_FALSE(OpenProjectFile(wizard, dir.Write("nf.hhp", "[OPTIONS]\r\nTitle=x\r\n"), count));
-    ExpectMessage(1, 5004, "Opening Project File");
+    view.ExpectMessage(1, 5004, "Opening Project File");
 
     struct Case {
         const char* text;
@@ -83,8 +83,15 @@ TEST_F(ProjectReader, DuplicateTopicIdsAreRenamedInOrderOfDiscovery) {
          "Duplicate Topic Id: File and Topic ID renamed from \"X_1.htm\" to \"X_1_3.htm\""}};
     for (const Case& c : cases) {
         wizard.Globals = ProjectState{};
-        ASSERT_TRUE(Parse(WriteProject(WriteTopics("f", c.ids))));
-        EXPECT_EQ(Contexts(), c.contexts);
+        std::vector<std::string> files;
+        for (const auto& id : c.ids) {
+            files.push_back("f" + std::to_string(files.size()) + ".htm");
+            WriteTopic(files.back(), "T", id);
+        }
+        ASSERT_TRUE(Parse(WriteProject(files)));
+        std::vector<std::string> contexts;
+        for (const auto& topic : *wizard.Globals.TopicFiles) contexts.push_back(topic->Context);
+        EXPECT_EQ(contexts, c.contexts);
         EXPECT_EQ(wizard.Globals.RenamedTopicIDs, c.renamed);
         EXPECT_EQ(Topic(c.commented).Comment, c.comment);
         EXPECT_EQ(Topic(c.commented).NewFileName, c.contexts[c.commented - 1] + ".htm");
@@ -100,7 +107,7 @@ TEST_F(ProjectReader, MissingFilesAreCountedAndMayStopTheScan) {
     EXPECT_EQ(missing, 2);
     EXPECT_FALSE(stopped);
     EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 1);
-    ExpectMessage(0, 10044, "Scanning Project File", mb::kYesNo);
+    view.ExpectMessage(0, 10044, "Scanning Project File", mb::kYesNo);
     EXPECT_NE(
         view.messages[0].text.find(modUtilities::MakeFullPathforFile(dir / "proj/", "gone1.htm")),
         std::string::npos);
@@ -124,7 +131,7 @@ TEST_F(ProjectReader, AConvertedLookingProjectAsksBeforeGoingOn) {
     const std::string project = WriteProject({"html\\IDH_X.htm", "html\\b.htm"});
     EXPECT_FALSE(Parse(project));
     ASSERT_EQ(view.messages.size(), 1u);
-    ExpectMessage(0, 10005, "Parsing HTMl Project File");
+    view.ExpectMessage(0, 10005, "Parsing HTMl Project File");
     EXPECT_NE(view.messages[0].text.find("html\\IDH_X.htm"), std::string::npos);
     view.answersById[10005] = mb::kYes;
     EXPECT_TRUE(Parse(project));
@@ -137,7 +144,7 @@ TEST_F(ProjectReader, AFileListedTwiceIsDroppedWithANote) {
     EXPECT_TRUE(Parse(WriteProject({"a.htm", "sub\\A.htm"})));
     EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 1);
     ASSERT_EQ(view.messages.size(), 1u);
-    ExpectMessage(0, 10056, "Parsing HTML Project File", mb::kInformation);
+    view.ExpectMessage(0, 10056, "Parsing HTML Project File", mb::kInformation);
     // The rename happened before the record was refused.
     EXPECT_EQ(wizard.Globals.RenamedTopicIDs, "\"IDA\" was renamed \"IDA_1\"^");
 }

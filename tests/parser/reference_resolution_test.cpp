@@ -5,13 +5,7 @@
 namespace tamrix::modUtilities {
 namespace {
 
-class ReferenceResolution : public testing::ProjectFixture {
-protected:
-    void SetUp() override {
-        ProjectFixture::SetUp();
-        wizard.Globals.TopicFiles = std::make_shared<CTopicFiles>();
-    }
-};
+using ReferenceResolution = testing::ProjectFixture;
 
 TEST_F(ReferenceResolution, LinksCountForTheFileTheyReach) {
     auto a = Add("a.htm", "A", {"B.HTM#x", "b.htm#y", "#self", "a.htm"});
@@ -29,7 +23,7 @@ TEST_F(ReferenceResolution, UnresolvedLinksCountForThePreviousLookup) {
     EXPECT_TRUE(UpdateInternalReferences(wizard));
     EXPECT_EQ(b->InternalReferences, 3);
     ASSERT_EQ(view.MessageIds(), (std::vector<long>{10052, 10052}));
-    ExpectMessage(0, 10052, "Checking internal references to topic files", mb::kOKCancel);
+    view.ExpectMessage(0, 10052, "Checking internal references to topic files", mb::kOKCancel);
     EXPECT_NE(view.messages[0].text.find("http://x.org/page.htm "), std::string::npos);
     EXPECT_EQ(view.messages[0].text.find("#p"), std::string::npos);
 
@@ -44,7 +38,7 @@ TEST_F(ReferenceResolution, UnresolvedLinksCountForThePreviousLookup) {
     view.answersById[10052] = mb::kOK;
     EXPECT_FALSE(UpdateInternalReferences(wizard));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_TRUE(ErrorNamed("modUtilities:UpdateInternalReferences"));
+    EXPECT_TRUE(view.ErrorNamed("modUtilities:UpdateInternalReferences"));
 }
 
 TEST_F(ReferenceResolution, ValidityAsksWhenMoreThanAQuarterLackAnId) {
@@ -58,7 +52,7 @@ TEST_F(ReferenceResolution, ValidityAsksWhenMoreThanAQuarterLackAnId) {
         Add("u" + std::to_string(i) + ".htm", i < 2 ? "" : "U" + std::to_string(i));
     EXPECT_FALSE(CheckProjectValidity(wizard.Errors, wizard.Globals.TopicFiles.get()));
     ASSERT_EQ(view.messages.size(), 1u);
-    ExpectMessage(0, 10023, "HTML Project Check");
+    view.ExpectMessage(0, 10023, "HTML Project Check");
     EXPECT_EQ(view.messages[0].style & 7, mb::kYesNo);
     EXPECT_NE(view.messages[0].text.find("includes  2 .htm files"), std::string::npos);
     EXPECT_NE(view.messages[0].text.find("total of  7 .htm"), std::string::npos);

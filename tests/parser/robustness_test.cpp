@@ -20,7 +20,7 @@ TEST_F(ParserRobustness, HotspotsPastTheCounterAreAnError) {
     EXPECT_TRUE(ParseOne("many.htm"));
     EXPECT_EQ(wizard.Globals.TopicFiles->Count(), 0);
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_TRUE(ErrorNamed("modParser:ParseTopicFile"));
+    EXPECT_TRUE(view.ErrorNamed("modParser:ParseTopicFile"));
 }
 
 TEST_F(ParserRobustness, OneHugeLine) {

@@ -68,7 +68,7 @@ TEST_F(SitemapReader, MissingFiles) {
     EXPECT_TRUE(view.errors.empty());
     EXPECT_FALSE(ParseContentsFile(wizard, dir / "none.hhc"));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_TRUE(ErrorNamed("modParser:ParseContentsFile"));
+    EXPECT_TRUE(view.ErrorNamed("modParser:ParseContentsFile"));
 }
 
 }  // namespace

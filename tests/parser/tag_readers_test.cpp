@@ -66,10 +66,10 @@ TEST_F(TagReaders, QuotedValuesAndMissingQuotes) {
     EXPECT_TRUE(view.errors.empty());
     EXPECT_EQ(HTMLHrefTarget(wizard.Errors, "<A HREF=a.htm>"), "");
     EXPECT_TRUE(
-        ErrorNamed("Missing quotes in HREF string <A HREF=a.htm> "
-                   "in:modParser:HTMLHrefTarget"));
+        view.ErrorNamed("Missing quotes in HREF string <A HREF=a.htm> "
+                        "in:modParser:HTMLHrefTarget"));
     EXPECT_EQ(HTMLAnchorName(wizard.Errors, "<A NAME=\"x>"), "");
-    EXPECT_TRUE(ErrorNamed("modParser:HTMLAnchorName"));
+    EXPECT_TRUE(view.ErrorNamed("modParser:HTMLAnchorName"));
     EXPECT_EQ(view.errors.size(), 2u);
 }
 

@@ -39,7 +39,7 @@ TEST_F(TopicScanner, TopicIdIsTheFirstAnchorAfterTheBody) {
         FindContextID(wizard, reader, id);
         EXPECT_EQ(id, c.id);
         EXPECT_EQ(view.errors.size(), c.reported ? 1u : 0u);
-        EXPECT_EQ(ErrorNamed("modParser:FindContextID"), c.reported);
+        EXPECT_EQ(view.ErrorNamed("modParser:FindContextID"), c.reported);
     }
 }
 
@@ -58,11 +58,11 @@ TEST_F(TopicScanner, HeadAndTitle) {
     EXPECT_TRUE(view.messages.empty());
     EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD></HEAD>", title));
     ASSERT_EQ(view.messages.size(), 1u);
-    ExpectMessage(0, 5003, "ExtractTopicTitle");
+    view.ExpectMessage(0, 5003, "ExtractTopicTitle");
     // A title that never closes is an unexpected error.
     EXPECT_FALSE(ExtractTopicTitle(wizard.Errors, "<HEAD><TITLE>open</HEAD>", title));
     ASSERT_EQ(view.errors.size(), 1u);
-    EXPECT_TRUE(ErrorNamed("modParser:ExtractTopicTitle"));
+    EXPECT_TRUE(view.ErrorNamed("modParser:ExtractTopicTitle"));
 }
 
 TEST_F(TopicScanner, ParseTopicFileCollectsTargetsExtraIdsAndHotspots) {

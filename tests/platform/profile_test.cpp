@@ -44,51 +44,33 @@ TEST(ProfileSections, ALongSectionIsCutToTheBufferLessTwo) {
     EXPECT_EQ(profile::text::GetSection("[S]\r\nabcd\r\n", "S", small, 5), 3);
 }
 
-TEST(ProfileSections, WritingAKeyKeepsTheRestOfTheFileByteForByte) {
-    const std::string replaced =
-        profile::text::WriteString(kProject, "Options", "CONTENTS FILE", "new.hhc");
-    std::string expected = kProject;
-    expected.replace(expected.find("Contents File=Table of Contents.hhc"),
-                     std::string("Contents File=Table of Contents.hhc").size(),
-                     "CONTENTS FILE=new.hhc");
-    EXPECT_EQ(replaced, expected);
-
-    const std::string added =
-        profile::text::WriteString(kProject, "OPTIONS", "Default Topic", "html\\a.htm");
-    EXPECT_NE(added.find("Index File = \"Index.hhk\"\r\nDefault Topic=html\\a.htm\r\n\r\n[FILES]"),
-              std::string::npos);
-
-    const std::string appended = profile::text::WriteString("[A]\r\nx=1", "B", "k", "v");
-    EXPECT_EQ(appended, "[A]\r\nx=1\r\n[B]\r\nk=v\r\n");
-}
-
-TEST(ProfileSections, ReplacingAndDeletingSections) {
-    const std::string cleared = profile::text::WriteSection(kProject, "FILES", "");
-    EXPECT_NE(cleared.find("[FILES]\r\n\r\n[ALIAS]"), std::string::npos);
-    EXPECT_EQ(cleared.find("a.htm\r\n\r\n"), std::string::npos);
-
-    const std::string lines = std::string("#include x.h\0#include y.h\0", 26);
-    const std::string replaced = profile::text::WriteSection(kProject, "files", lines);
-    EXPECT_NE(replaced.find("[FILES]\r\n#include x.h\r\n#include y.h\r\n\r\n[ALIAS]"),
-              std::string::npos);
-    EXPECT_EQ(replaced.substr(0, 100), std::string(kProject).substr(0, 100));
-
-    const std::string deleted = profile::text::DeleteSection(kProject, "ALIAS");
-    EXPECT_EQ(deleted.find("[ALIAS]"), std::string::npos);
-    EXPECT_EQ(deleted, std::string(kProject).substr(0, std::string(kProject).find("[ALIAS]")));
-
-    const std::string appended =
-        profile::text::WriteSection(deleted, "ALIAS", std::string("a=b\0", 4));
-    EXPECT_EQ(appended, deleted + "[ALIAS]\r\na=b\r\n");
-}
-
-TEST(ProfileSections, InsertedLinesEndAsTheFilesOwnLinesDo) {
+// A written key or section changes only itself; the rest of the file stays byte
+// for byte, and inserted lines end as the file's own lines do.
+TEST(ProfileSections, WritesKeepTheRestOfTheFileAndItsLineEnds) {
     using profile::text::WriteSection;
     using profile::text::WriteString;
+    const std::string project = kProject;
+    const auto with = [&](const std::string& from, const std::string& to) {
+        return project.substr(0, project.find(from)) + to +
+               project.substr(project.find(from) + from.size());
+    };
+    const std::string files =
+        "[FILES]\r\n; generated\r\nhtml\\a.htm\r\n\r\n   html\\b.htm   \r\n\r\n";
+    const std::string deleted = project.substr(0, project.find("[ALIAS]"));
     const std::string section("#include a.h\0", 13);
     struct Case {
         std::string written, expected;
     } const cases[] = {
+        {WriteString(project, "Options", "CONTENTS FILE", "new.hhc"),
+         with("Contents File=Table of Contents.hhc", "CONTENTS FILE=new.hhc")},
+        {WriteString(project, "OPTIONS", "Default Topic", "html\\a.htm"),
+         with("\r\n\r\n[FILES]", "\r\nDefault Topic=html\\a.htm\r\n\r\n[FILES]")},
+        {WriteString("[A]\r\nx=1", "B", "k", "v"), "[A]\r\nx=1\r\n[B]\r\nk=v\r\n"},
+        {WriteSection(project, "FILES", ""), with(files, "[FILES]\r\n\r\n")},
+        {WriteSection(project, "files", std::string("#include x.h\0#include y.h\0", 26)),
+         with(files, "[FILES]\r\n#include x.h\r\n#include y.h\r\n\r\n")},
+        {profile::text::DeleteSection(project, "ALIAS"), deleted},
+        {WriteSection(deleted, "ALIAS", std::string("a=b\0", 4)), deleted + "[ALIAS]\r\na=b\r\n"},
         {WriteString("[OPTIONS]\nTitle=x\n\n[FILES]\n", "OPTIONS", "Default topic", "a.htm"),
          "[OPTIONS]\nTitle=x\nDefault topic=a.htm\n\n[FILES]\n"},
         {WriteString("[FILES]\na.htm", "OPTIONS", "Title", "x"),

@@ -70,26 +70,23 @@ TEST(HtmlToText, RemoveAnchorRemovesOnlyTheFirstAnchorWithItsText) {
                {"x</A>y<A NAME=z>w</A>v", "x</A>yv"}});
 }
 
-TEST(HtmlToText, RemoveHREFsKeepsLinkTexts) {
-    ExpectAll(RemoveHREFs, {{"see <A HREF=\"a.htm\">this</A> and <a href=\"b.htm\">that</a>.",
-                             "see this and that."},
-                            {"<A HREF=\"a.htm\"><B>x</B></A>", "<B>x</B>"},
-                            {"<A HREF=\"a.htm\">no close", "no close"},
-                            {"no links", "no links"}});
-}
-
-TEST(HtmlToText, RemoveHREFsStopsWhereItCannotTakeALinkApart) {
-    ExpectAll(RemoveHREFs,
-              {// No "<A" at all.
-               {"HREF=\"x\"", "HREF=\"x\""},
-               // "HREF=" not three characters after "<A".
-               {"<A  HREF=\"x\">t</A>", "<A  HREF=\"x\">t</A>"},
-               {"<AREA HREF=\"x\">", "<AREA HREF=\"x\">"},
-               {"<A NAME=\"n\" HREF=\"x\">t</A>", "<A NAME=\"n\" HREF=\"x\">t</A>"},
-               // No ">" after the tag: left as it is.
-               {"<A HREF=\"x\"", "<A HREF=\"x\""},
-               // Links before the first bad one are still removed.
-               {"<A HREF=\"a\">a</A> <A NAME=b HREF=\"c\">", "a <A NAME=b HREF=\"c\">"}});
+TEST(HtmlToText, RemoveHREFsKeepsLinkTextsAndStopsWhereItCannotTakeALinkApart) {
+    ExpectAll(
+        RemoveHREFs,
+        {{"see <A HREF=\"a.htm\">this</A> and <a href=\"b.htm\">that</a>.", "see this and that."},
+         {"<A HREF=\"a.htm\"><B>x</B></A>", "<B>x</B>"},
+         {"<A HREF=\"a.htm\">no close", "no close"},
+         {"no links", "no links"},
+         // No "<A" at all.
+         {"HREF=\"x\"", "HREF=\"x\""},
+         // "HREF=" not three characters after "<A".
+         {"<A  HREF=\"x\">t</A>", "<A  HREF=\"x\">t</A>"},
+         {"<AREA HREF=\"x\">", "<AREA HREF=\"x\">"},
+         {"<A NAME=\"n\" HREF=\"x\">t</A>", "<A NAME=\"n\" HREF=\"x\">t</A>"},
+         // No ">" after the tag: left as it is.
+         {"<A HREF=\"x\"", "<A HREF=\"x\""},
+         // Links before the first bad one are still removed.
+         {"<A HREF=\"a\">a</A> <A NAME=b HREF=\"c\">", "a <A NAME=b HREF=\"c\">"}});
 }
 
 TEST(HtmlToText, RemoveIMGsReplacesImageTags) {

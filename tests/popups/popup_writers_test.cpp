@@ -8,6 +8,7 @@
 #include "platform/program_identity.h"
 #include "platform/view.h"
 #include "support/environment.h"
+#include "support/scanned_topic.h"
 #include "support/script_check.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
@@ -17,16 +18,9 @@ namespace {
 
 using testing::ReadFileBytes;
 
-const char* const kHeader =
-    "\r\n"
-    "// March 05, 2011, 02:07 PM\r\n"
-    "\r\n"
-    "popfont = \"Arial,10,,plain\"\r\n"
-    "\r\n";
-
 std::string ScriptHeader() {
     return "// Javascript Popups File written automatically by Tamrix Version " + VersionString() +
-           kHeader;
+           "\r\n// March 05, 2011, 02:07 PM\r\n\r\npopfont = \"Arial,10,,plain\"\r\n\r\n";
 }
 
 std::string TopicHtml(const std::string& bodyLines) {
@@ -45,14 +39,11 @@ protected:
     // A topic of the new project whose renamed file holds `bodyLines`.
     std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle, int internal,
                                       int external, const std::string& bodyLines) {
-        auto topic = std::make_shared<CTopicFile>();
-        topic->Context = context;
-        topic->AutoFileName = "afx" + std::to_string(++made_) + ".htm";
-        topic->NewFileName = context + ".htm";
-        topic->HasTitle = hasTitle;
+        auto topic =
+            testing::AddScannedTopic(*wizard_.Globals.TopicFiles,
+                                     "afx" + std::to_string(++made_) + ".htm", context, hasTitle);
         topic->InternalReferences = internal;
         topic->ExternalReferences = external;
-        wizard_.Globals.TopicFiles->Add(topic, topic->AutoFileName);
         dir_.Write("html/" + topic->NewFileName, TopicHtml(bodyLines));
         return topic;
     }
@@ -72,19 +63,6 @@ protected:
     int made_ = 0;
 };
 
-TEST_F(PopupWriters, WithoutPopupsTheScriptFileHoldsOnlyItsHeader) {
-    Topic("idh_main", true, 3, 1, "<P>Titled</P>\n");
-    Topic("idh_orphan", false, 0, 0, "<P>Nobody calls me</P>\n");
-    int count = -1;
-    ASSERT_TRUE(WriteScript(count));
-    EXPECT_EQ(count, 0);
-    EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"), ScriptHeader());
-    ASSERT_TRUE(WriteApp(count));
-    EXPECT_EQ(count, 0);
-    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.txt"), "");
-    EXPECT_EQ(ReadFileBytes(dir_ / "cshelp.h"), "");
-}
-
 TEST_F(PopupWriters, BodiesAreCleanedForEachFile) {
     struct Popup {
         const char* context;
@@ -96,6 +74,8 @@ TEST_F(PopupWriters, BodiesAreCleanedForEachFile) {
         int scriptCount;
         std::string script, text;
     } const cases[] = {
+        // Called by nobody: no popup; the script file holds only its header.
+        {{{"idh_orphan", 0, 0, "<P>Nobody calls me</P>\n"}}, 0, "", ""},
         // Called both ways: into both files.
         {{{"idh_both", 1, 1,
            "<P><A NAME=\"idh_both\"></A><B>Close</B> the \"window\"?</P>\n"
@@ -143,6 +123,7 @@ TEST_F(PopupWriters, EveryExtraIdCanBeCalled) {
     auto t = Topic("idh_main", false, 1, 1, "<P><A NAME=\"idh_main\"></A>Text</P>\n");
     t->ExtraIds = "idh_alt^idh_alt2^idh_undefined";
     t->ContextIDValueString = "100";
+    Topic("idh_titled", true, 3, 1, "<P>Titled</P>\n");  // never a popup
     wizard_.Globals.MapContextIDs = std::make_shared<CContextIDs>();
     wizard_.Globals.MapContextIDs->Add(wizard_.Errors, "IDH_ALT", "12", "IDH_ALT");
     wizard_.Globals.MapContextIDs->Add(wizard_.Errors, "idh_other", "13", "idh_other");
@@ -179,13 +160,9 @@ TEST_F(PopupWriters, PopupsWithoutAScriptNameAreLeftOutSoThatTheScriptParses) {
     EXPECT_EQ(ReadFileBytes(dir_ / "popups.js"),
               ScriptHeader() + "idh_ok = \"fine\"\r\nidh_also = \"fine\"\r\n");
     EXPECT_EQ(testing::ScriptSyntaxErrors(dir_ / "popups.js"), "");
-    EXPECT_EQ(
-        LeftOutScriptPopups(*wizard_.Globals.TopicFiles),
-        (std::vector<std::string>{".htm (Topic ID \"\")", "idh-dash.htm (Topic ID \"idh-dash\")",
-                                  "2nd.htm (Topic ID \"2nd\")"}));
     EXPECT_EQ(LeftOutPopupsMessage(wizard_, *wizard_.Globals.TopicFiles),
               "3 popups were left out of popups.js because their topic IDs are not script "
-              "names:\r\n.htm (Topic ID \"\")\r\nidh-dash.htm (Topic ID \"idh-dash\")\r\n"
+              "names:\r\nafx1.htm (Topic ID \"\")\r\nidh-dash.htm (Topic ID \"idh-dash\")\r\n"
               "2nd.htm (Topic ID \"2nd\")");
 }
 
@@ -217,7 +194,7 @@ TEST_F(PopupWriters, AMissingRenamedFileFailsTheWriter) {
     EXPECT_EQ(count, 0);
     EXPECT_FALSE(WriteApp(count));
     ASSERT_EQ(view_.errors.size(), 2u);
-    EXPECT_NE(view_.errors[0].first.find("modPopups:WriteJavaPopupStrings"), std::string::npos);
+    EXPECT_TRUE(view_.ErrorNamed("modPopups:WriteJavaPopupStrings"));
 }
 
 TEST_F(PopupWriters, TheSectionListsTheTextFilesBeforeTheScriptFile) {

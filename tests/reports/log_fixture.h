@@ -3,6 +3,7 @@
 // scripted view, the report being written and the topics it lists.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -13,6 +14,7 @@
 #include "platform/program_identity.h"
 #include "reports/c_summary.h"
 #include "support/environment.h"
+#include "support/scanned_topic.h"
 #include "support/scripted_view.h"
 
 namespace tamrix::testing {
@@ -27,6 +29,17 @@ inline std::vector<std::string> LogLines(const std::string& text) {
     return lines;
 }
 
+// Expects `wanted` among the log's lines in this order; other lines may lie between.
+inline void ExpectInOrder(const std::vector<std::string>& lines,
+                          const std::vector<std::string>& wanted) {
+    auto at = lines.begin();
+    for (const auto& line : wanted) {
+        at = std::find(at, lines.end(), line);
+        ASSERT_NE(at, lines.end()) << "missing or out of order: \"" << line << '"';
+        ++at;
+    }
+}
+
 inline std::string Sp(std::size_t n) { return std::string(n, ' '); }
 
 class LogTest : public ::testing::Test {
@@ -39,14 +52,7 @@ protected:
     void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
     std::shared_ptr<CTopicFile> AddTopic(const std::string& file, const std::string& context,
                                          bool hasTitle) {
-        auto topic = std::make_shared<CTopicFile>();
-        topic->AutoNamePath = "html\\" + file;
-        topic->AutoFileName = file;
-        topic->Context = context;
-        topic->NewFileName = context.empty() ? file : context + ".htm";
-        topic->HasTitle = hasTitle;
-        wizard.Globals.TopicFiles->Add(topic, file);
-        return topic;
+        return AddScannedTopic(*wizard.Globals.TopicFiles, "html\\" + file, context, hasTitle);
     }
 
     ScriptedView view;

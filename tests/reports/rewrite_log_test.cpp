@@ -23,7 +23,6 @@ protected:
         wizard.NewProjectName = "new.hhp";
         for (const char* name : {"a.htm", "b.htm", "c.htm"}) AddTopic(name, "", true);
     }
-    void TearDown() override { LogTest::TearDown(); }
     // The log ends with `tail`.
     void ExpectTail(const std::string& tail) {
         const std::string& text = report.Text();

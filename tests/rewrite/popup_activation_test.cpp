@@ -8,6 +8,7 @@
 #include "model/project_state.h"
 #include "platform/byte_text.h"
 #include "platform/script_identifier.h"
+#include "support/scanned_topic.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 #include "wizard/activate_popups.h"
@@ -26,13 +27,6 @@ std::string Declarations(const std::string& eol = "\r\n") {
 
 std::string ScriptLink(const std::string& context) {
     return modMessages::GetMessageString(10060, context);
-}
-
-std::size_t Occurrences(const std::string& text, const std::string& what) {
-    std::size_t n = 0;
-    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
-        ++n;
-    return n;
 }
 
 const char* const kMainHead = "<HTML>\r\n<HEAD>\r\n<TITLE>Main</TITLE>\r\n";
@@ -57,14 +51,9 @@ protected:
     }
 
     std::shared_ptr<CTopicFile> Topic(const std::string& context, bool hasTitle, int internal) {
-        auto topic = std::make_shared<CTopicFile>();
-        topic->Context = context;
-        topic->AutoFileName = "afx_" + context + ".htm";
-        topic->AutoNamePath = "html\\" + topic->AutoFileName;
-        topic->NewFileName = context + ".htm";
-        topic->HasTitle = hasTitle;
+        auto topic = testing::AddScannedTopic(*wizard_.Globals.TopicFiles,
+                                              "html\\afx_" + context + ".htm", context, hasTitle);
         topic->InternalReferences = internal;
-        wizard_.Globals.TopicFiles->Add(topic, topic->AutoFileName);
         return topic;
     }
 
@@ -99,9 +88,7 @@ TEST_F(PopupActivation, ConvertsPopupLinksOnceWithOneBackupAndOnePairOfDeclarati
     // The write step ran again and replaced the file; the model still marks it.
     dir_.Write("html/idh_main.htm", std::string(kMainHead) + kMainBody);
     ASSERT_TRUE(ModifyPopupFiles(wizard_, dir_.Path()));
-    const std::string text = Main();
-    EXPECT_EQ(Occurrences(text, "id=POPUPS"), 1u);
-    EXPECT_EQ(Occurrences(text, "TextPopup(idh_pop"), 2u);
+    EXPECT_EQ(Main(), expected);
 }
 
 TEST_F(PopupActivation, DeclarationsGoBeforeTheBodyWhenTheHeadIsMissingEndingAsTheFileDoes) {
@@ -160,14 +147,11 @@ TEST(AddJavaLinks, ConvertsLinksAfterTheBodyUntilTheReplacementMatchesAgainOrATa
     }
 }
 
-class ActivatePopupsStep : public PopupActivation {};
-
-TEST_F(ActivatePopupsStep, RunsOnlyWhenPopupStringsWereExtractedAndKeepsTheMessageOnFailure) {
+TEST_F(PopupActivation, TheStepRunsOnlyWhenPopupStringsWereExtractedAndKeepsTheMessageOnFailure) {
     wizard_.NumPopupStrings = 0;
     wizard_.StepMessage = "before";
     ActivatePopups(wizard_);
     EXPECT_FALSE(wizard_.PopupsActivated);
-    EXPECT_EQ(Main(), std::string(kMainHead) + kMainBody);
     EXPECT_FALSE(dir_.Exists("html/NoPopups"));
     // A file without a body stops the activation and leaves the file as it was.
     const std::string bad = "<HTML><A HREF=\"idh_pop1.htm\">x</A></HTML>";
@@ -177,20 +161,15 @@ TEST_F(ActivatePopupsStep, RunsOnlyWhenPopupStringsWereExtractedAndKeepsTheMessa
     EXPECT_FALSE(wizard_.PopupsActivated);
     EXPECT_EQ(wizard_.StepMessage, "before");
     EXPECT_EQ(Main(), bad);
-    ASSERT_EQ(view_.messages.size(), 1u);
-    EXPECT_EQ(view_.messages[0].text + "|" + view_.messages[0].title,
-              "Bad format in Topic File idh_main.htm|Writing Java Links");
-    ASSERT_EQ(view_.errors.size(), 1u);
-    EXPECT_EQ(view_.errors[0].first.rfind("modRewrite:ModifyPopupFiles", 0), 0u);
+    view_.ExpectMessage(0, 0, "Writing Java Links");
+    EXPECT_EQ(view_.messages[0].text, "Bad format in Topic File idh_main.htm");
+    EXPECT_TRUE(view_.ErrorNamed("modRewrite:ModifyPopupFiles"));
 
     dir_.Write("html/idh_main.htm", std::string(kMainHead) + kMainBody);
     ActivatePopups(wizard_);
     EXPECT_TRUE(wizard_.PopupsActivated);
     EXPECT_EQ(wizard_.StepMessage,
               modMessages::GetMessageString(10063, "popups.js", "\\html\\NoPopups"));
-    EXPECT_EQ(wizard_.ProgressCaption(), "Extracted and wrote text string files for popups.");
-    EXPECT_FALSE(wizard_.ProgressVisible());
-    EXPECT_NE(Main().find(ScriptLink("idh_pop1")), std::string::npos);
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include "platform/path_helpers.h"
 #include "rewrite/containment.h"
 #include "support/environment.h"
+#include "support/scanned_topic.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
 
@@ -36,39 +37,14 @@ protected:
     std::shared_ptr<CTopicFile> AddTopic(const std::string& autoNamePath,
                                          const std::string& context,
                                          std::initializer_list<const char*> targets = {}) {
-        auto topic = std::make_shared<CTopicFile>();
-        topic->AutoNamePath = autoNamePath;
-        topic->AutoFileName = modUtilities::FileNameNoPath(autoNamePath);
-        topic->Context = context;
-        topic->NewFileName = context.empty() ? topic->AutoFileName : context + ".htm";
-        topic->HasTitle = true;
+        auto topic = AddScannedTopic(*wizard.Globals.TopicFiles, autoNamePath, context);
         for (const char* t : targets) topic->targets().Add(t);
-        wizard.Globals.TopicFiles->Add(topic, topic->AutoFileName);
         return topic;
     }
 
     // Every regular file under the temporary folder, by relative path, with its bytes.
     std::map<std::string, std::string> Tree(const std::string& under = {}) const {
-        std::map<std::string, std::string> files;
-        const std::filesystem::path root = under.empty() ? tmp.Path() : under;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
-            if (entry.is_regular_file())
-                files[std::filesystem::relative(entry.path(), root).generic_string()] =
-                    ReadFileBytes(entry.path().string());
-        return files;
-    }
-
-    // The message shown at `index`: its catalogue ID, caption and style.
-    void ExpectMessage(std::size_t index, long id, const std::string& title, int style) {
-        ASSERT_LT(index, view.messages.size());
-        EXPECT_EQ(view.messages[index].catalogueId, id);
-        EXPECT_EQ(view.messages[index].title, title);
-        EXPECT_EQ(view.messages[index].style, style);
-    }
-    bool ErrorNamed(const std::string& procedure) const {
-        for (const auto& e : view.errors)
-            if (e.first.find(procedure) != std::string::npos) return true;
-        return false;
+        return FilesUnder(under.empty() ? tmp.Path() : under);
     }
 
     TempDir tmp;

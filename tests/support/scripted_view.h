@@ -1,6 +1,8 @@
 #pragma once
 // A view for tests: answers come from a queue (or by catalogue ID), and every
 // message, error box and progress update is recorded.
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <map>
 #include <optional>
@@ -81,6 +83,19 @@ public:
         for (const auto& p : progress)
             if (p.what == "caption") captions.push_back(p.text);
         return captions;
+    }
+    // The message shown at `index`: its catalogue ID, caption and, unless -1, style.
+    void ExpectMessage(std::size_t index, long id, const std::string& title, int style = -1) {
+        ASSERT_LT(index, messages.size());
+        EXPECT_EQ(messages[index].catalogueId, id);
+        EXPECT_EQ(messages[index].title, title);
+        EXPECT_EQ(style == -1 ? -1 : messages[index].style, style);
+    }
+    // Whether an unexpected-error box named `procedure`.
+    bool ErrorNamed(const std::string& procedure) const {
+        for (const auto& e : errors)
+            if (e.first.find(procedure) != std::string::npos) return true;
+        return false;
     }
     // The first message whose text contains `part`, or nullptr.
     const MessageRequest* FindMessage(const std::string& part) const {
