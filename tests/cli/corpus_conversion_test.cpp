@@ -5,7 +5,6 @@
 // topic files that Windows would take for one.
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -13,6 +12,7 @@
 #include <set>
 #include <sstream>
 
+#include "check/context_map.h"
 #include "cli/commands.h"
 #include "platform/byte_text.h"
 #include "support/script_check.h"
@@ -49,21 +49,6 @@ std::size_t ExpectScriptReferencesReach(const fs::path& root) {
     return files;
 }
 
-// A C number: decimal or 0x hexadecimal, with an optional sign and suffix.
-bool IsCNumber(std::string value) {
-    if (!value.empty() && value[0] == '-') value.erase(0, 1);
-    while (!value.empty() && std::string_view("uUlL").find(value.back()) != std::string::npos)
-        value.pop_back();
-    const bool hex = StartsWithNoCase(value, "0x") && value.size() > 2;
-    const std::size_t from = hex ? 2 : 0;
-    if (value.size() <= from) return false;
-    for (std::size_t i = from; i < value.size(); ++i)
-        if (!(hex ? std::isxdigit(static_cast<unsigned char>(value[i]))
-                  : std::isdigit(static_cast<unsigned char>(value[i]))))
-            return false;
-    return true;
-}
-
 // Every #define of a written header carries a C number.
 void ExpectCNumbersInHeaders(const fs::path& root) {
     for (const auto& entry : fs::directory_iterator(root)) {
@@ -73,8 +58,10 @@ void ExpectCNumbersInHeaders(const fs::path& root) {
             std::istringstream words(line);
             std::string define, name, value;
             if (!(words >> define) || define != "#define") continue;
+            std::int32_t number = 0;
             words >> name >> value;
-            EXPECT_TRUE(IsCNumber(value)) << entry.path().filename() << ": " << line;
+            EXPECT_TRUE(check::ParseCNumber(value, number))
+                << entry.path().filename() << ": " << line;
         }
     }
 }

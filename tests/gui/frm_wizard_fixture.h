@@ -39,12 +39,10 @@ protected:
         };
         options.dialogs.input = [](QWidget*, const std::string&, const std::string&,
                                    const std::string&) { return std::optional<std::string>(); };
-        options.dialogs.openFile = [this](QWidget*, const FileDialogRequest& request) {
-            openTitles.push_back(request.title);
+        options.dialogs.openFile = [this](QWidget*, const FileDialogRequest&) {
             return Pop(openAnswers);
         };
-        options.dialogs.saveFile = [this](QWidget*, const FileDialogRequest& request) {
-            saveFilters.push_back(request.filter);
+        options.dialogs.saveFile = [this](QWidget*, const FileDialogRequest&) {
             return Pop(saveAnswers);
         };
         options.openUrl = [this](const QUrl& url) {
@@ -101,8 +99,6 @@ protected:
     std::map<long, int>& answersById = script.answersById;
     std::deque<std::string> openAnswers;
     std::deque<std::string> saveAnswers;
-    std::vector<std::string> openTitles;
-    std::vector<std::string> saveFilters;
     std::function<void(const MessageRequest&)> onMessage;
     std::vector<QUrl> openedUrls;
 };

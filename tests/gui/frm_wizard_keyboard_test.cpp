@@ -108,11 +108,6 @@ TEST_F(FrmWizardKeys, EveryAcceleratorIsUniqueWhereItActs) {
                     << Name(menu).toStdString() << " " << action->text().toStdString();
             }
     }
-    const std::map<QChar, QString> expected = {{u'O', "mnuOptions"}, {u'T', "mnuTools"},
-                                               {u'H', "mnuHelp"},    {u'L', "cmdNav_0"},
-                                               {u'N', "cmdNav_3"},   {u'B', "cmdNav_2"}};
-    for (const auto& [key, owner] : expected)
-        EXPECT_EQ(window_[key], QStringList{owner}) << key.toLatin1();
 
     // Alt+N and Alt+B move, Alt+L opens the step's help: pressed through the
     // window as the platform delivers keys; a mnemonic clicks a moment later.

@@ -22,7 +22,6 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <random>
 
 #include "hostile/hostile_fixture.h"
@@ -67,16 +66,6 @@ void KillAfter(pid_t pid, Clock::duration after) {
     ::waitpid(pid, &status, 0);
 }
 
-std::map<std::string, std::string> FilesUnder(const std::string& root) {
-    std::map<std::string, std::string> files;
-    if (!fs::exists(root)) return files;
-    for (const auto& entry : fs::recursive_directory_iterator(root))
-        if (entry.is_regular_file())
-            files[fs::relative(entry.path(), root).string()] =
-                testing::ReadFileBytes(entry.path().string());
-    return files;
-}
-
 // The project file as an earlier step leaves it: without the sections later steps add.
 std::string WithoutLaterSections(std::string hhp) {
     for (const char* section : {"MAP", "ALIAS", "TEXT POPUPS"})
@@ -100,7 +89,7 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
     ASSERT_EQ(::waitpid(full, &status, 0), full);
     const auto duration = Clock::now() - started;
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    const auto reference = FilesUnder(out);
+    const auto reference = testing::FilesUnder(out);
     fs::rename(out, dir / "ref");
     ASSERT_GT(reference.size(), 40u);
 
@@ -109,7 +98,8 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
     for (int run = 0; run < 20; ++run) {
         const auto at = Clock::duration(moment(random));
         KillAfter(StartConversion(dir / "in", out), at);
-        for (const auto& [name, bytes] : FilesUnder(out)) {
+        if (!fs::exists(out)) continue;  // killed before the folder was made
+        for (const auto& [name, bytes] : testing::FilesUnder(out)) {
             if (fs::path(name).filename().string().rfind(kTempPrefix, 0) == 0) continue;
             const auto ref = reference.find(name);
             ASSERT_NE(ref, reference.end()) << "run " << run << ": unexpected file " << name;
@@ -125,7 +115,7 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
                         bytes == backup->second)
                 << "run " << run << " at " << at.count() << ": " << name << " differs";
         }
-        if (fs::exists(out)) fs::rename(out, dir / ("killed" + std::to_string(run)));
+        fs::rename(out, dir / ("killed" + std::to_string(run)));
     }
     EXPECT_TRUE(testing::Differences(input, testing::TakeSnapshot(dir / "in")).empty());
 
@@ -137,7 +127,7 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
     const pid_t rerun = StartConversion(dir / "in", out);
     ASSERT_EQ(::waitpid(rerun, &status, 0), rerun);
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    EXPECT_EQ(FilesUnder(out), reference);
+    EXPECT_EQ(testing::FilesUnder(out), reference);
 }
 
 }  // namespace
