@@ -10,13 +10,10 @@
 #include <QUrl>
 #include <cstdlib>
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <map>
 
 #include "gui/frm_wizard.h"
-#include "model/project_state.h"
-#include "platform/file_system.h"
 #include "support/sample_copy.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"

@@ -25,7 +25,6 @@
 #include <random>
 
 #include "hostile/hostile_fixture.h"
-#include "platform/byte_text.h"
 #include "platform/profile.h"
 #include "support/environment.h"
 #include "support/temp_dir.h"

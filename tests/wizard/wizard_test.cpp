@@ -3,13 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "messages/messages.h"
 #include "model/project_state.h"
 #include "platform/byte_text.h"
-#include "platform/file_system.h"
 #include "support/environment.h"
 #include "support/sample_copy.h"
 #include "support/scripted_wizard_view.h"
@@ -48,17 +46,12 @@ protected:
     Wizard wizard{view};
 };
 
-TEST_F(WizardTest, NextAtStepOneWithNothingEnteredShows10008AndStays) {
+TEST_F(WizardTest, StepOneNeedsAProjectAndDoesNotReopenTheSameName) {
     Next();
-    ASSERT_EQ(wizard.CurrentStep(), 1);
-    Next();
+    Next();  // nothing entered
     EXPECT_EQ(wizard.CurrentStep(), 1);
     ASSERT_FALSE(view.messages.empty());
     EXPECT_EQ(view.messages.back().catalogueId, 10008);
-}
-
-TEST_F(WizardTest, TheSameProjectNameIsNotOpenedAgain) {
-    Next();
     wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
     Next();
     ASSERT_EQ(wizard.CurrentStep(), 2);
@@ -112,17 +105,6 @@ TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
     wizard.cmdNav_Click(kNavBack);
     Next();  // scans again
     ASSERT_NE(wizard.Globals.MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
-}
-
-TEST_F(WizardTest, HelpAsksForTheContextOfTheCurrentStep) {
-    ScanSample();
-    ASSERT_EQ(wizard.CurrentStep(), 3);
-    wizard.Form_KeyDown(112);
-    ASSERT_EQ(view.helpRequests.size(), 1u);
-    EXPECT_EQ(view.helpRequests[0], std::make_pair(kHelpContext, 5040));
-    wizard.cmdNav_Click(kNavBack);
-    wizard.cmdNav_Click(kNavHelp);
-    EXPECT_EQ(view.helpRequests[1].second, 5030);
 }
 
 TEST_F(WizardTest, WritingTheSampleReachesStepFourWithLogsAndPopups) {

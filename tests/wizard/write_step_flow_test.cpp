@@ -2,14 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "messages/messages.h"
 #include "model/project_state.h"
 #include "platform/file_system.h"
 #include "platform/profile.h"
-#include "rewrite/project_writer.h"
 #include "support/environment.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
