@@ -1,6 +1,7 @@
 // The wizard window driven from the keyboard, and by dropping files on it.
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -12,19 +13,6 @@ namespace tamrix::gui {
 namespace {
 
 QString Name(const QWidget* widget) { return widget ? widget->objectName() : QString("(none)"); }
-
-// The letter after a single "&" of a caption, or 0.
-QChar Mnemonic(const QString& text) {
-    for (qsizetype i = 0; i + 1 < text.size(); ++i) {
-        if (text[i] != u'&') continue;
-        if (text[i + 1] == u'&') {
-            ++i;
-            continue;
-        }
-        return text[i + 1].toUpper();
-    }
-    return {};
-}
 
 class FrmWizardKeys : public FrmWizardTest {
 protected:
@@ -87,23 +75,26 @@ TEST_F(FrmWizardKeys, TabVisitsThePageBeforeTheButtons) {
 
 TEST_F(FrmWizardKeys, EveryAcceleratorIsUniqueWhereItActs) {
     // The menu titles, buttons and labelled boxes act in the whole window ...
-    std::map<QChar, QStringList> window_;
+    std::map<QKeySequence, QStringList> window_;
     for (QAction* menu : window->menuBar()->actions())
-        if (QChar key = Mnemonic(menu->text()); !key.isNull()) window_[key] << menu->objectName();
+        if (auto key = QKeySequence::mnemonic(menu->text()); !key.isEmpty())
+            window_[key] << menu->objectName();
     // (The help window is a window of its own.)
     for (auto* button : window->findChildren<QAbstractButton*>())
-        if (QChar key = Mnemonic(button->text()); button->window() == window.get() && !key.isNull())
+        if (auto key = QKeySequence::mnemonic(button->text());
+            button->window() == window.get() && !key.isEmpty())
             window_[key] << Name(button);
     for (auto* label : window->findChildren<QLabel*>())
-        if (QChar key = Mnemonic(label->text()); label->buddy() && !key.isNull())
+        if (auto key = QKeySequence::mnemonic(label->text()); label->buddy() && !key.isEmpty())
             window_[key] << Name(label);
+    EXPECT_GE(window_.size(), 6u);  // the menus and the buttons, each with its key
     for (const auto& [key, owners] : window_)
         EXPECT_EQ(owners.size(), 1) << owners.join(", ").toStdString();
     // ... a menu's entries only while it is open.
     for (auto* menu : window->findChildren<QMenu*>()) {
-        std::map<QChar, int> keys;
+        std::map<QKeySequence, int> keys;
         for (QAction* action : menu->actions())
-            if (QChar key = Mnemonic(action->text()); !key.isNull()) {
+            if (auto key = QKeySequence::mnemonic(action->text()); !key.isEmpty()) {
                 EXPECT_EQ(++keys[key], 1)
                     << Name(menu).toStdString() << " " << action->text().toStdString();
             }
