@@ -132,12 +132,11 @@ TEST(CheckCommand, ExitStatusAndJson) {
     auto files = kCleanProject;
     files["html/b.htm"] += "<a href=\"nowhere.htm\">x</a>\n";
     WriteProject(dir, files);
-    struct Run {
+    const struct {
         std::vector<std::string> args;
         int status;
         const char* output;  // text the output must hold
-    };
-    const Run runs[] = {
+    } runs[] = {
         {{"check", dir / "P.hhp", "--json"},
          1,
          "{\"kind\": \"broken-link\", \"severity\": \"error\", \"file\": \"html\\\\b.htm\", "
@@ -147,7 +146,7 @@ TEST(CheckCommand, ExitStatusAndJson) {
         {{"check"}, 2, ""},
         {{"check", dir / "P.hhp", "--fast"}, 2, ""},
     };
-    for (const Run& run : runs) {
+    for (const auto& run : runs) {
         const testing::CliRun result = testing::RunCliWith(run.args);
         EXPECT_EQ(result.status, run.status) << result.err;
         EXPECT_NE(result.out.find(run.output), std::string::npos) << result.out;

@@ -73,16 +73,13 @@ protected:
     int Step() const { return window->Steps()->currentIndex(); }
     bool NavEnabled(int nav) const { return window->NavButton(nav)->isEnabled(); }
     bool MenuEnabled(const char* name) const { return window->MenuAction(name)->isEnabled(); }
-    // Steps 0 to 3: the project by its Browse button, the WinHelp project typed in.
-    void ScanSample(bool withHpj = true) {
+    // Steps 0 to 3: the project by its Browse button, without the WinHelp project.
+    void ScanSample() {
         Click(kNavNext);
         openAnswers.push_back(dir / "in/TideClock.hhp");
         ClickButton("cmdBrowseHHP");
         Click(kNavNext);
-        // The .hpj beside the project is proposed; without it the box is emptied.
-        if (!withHpj) Find<QLineEdit>("txtWinhelpProjectName")->clear();
-        window->GetWizard().controls.txtWinhelpProjectName =
-            withHpj ? std::string(dir / "in/TideClock.hpj") : std::string();
+        window->GetWizard().controls.txtWinhelpProjectName.clear();  // the one proposed
         Click(kNavNext);
     }
 

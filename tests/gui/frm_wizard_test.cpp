@@ -13,7 +13,7 @@ namespace tamrix::gui {
 namespace {
 
 TEST_F(FrmWizardTest, BackKeepsTheWorkAndCancelRestarts) {
-    ScanSample(false);
+    ScanSample();
     ASSERT_EQ(Step(), 3);
     Click(kNavBack);
     EXPECT_EQ(Step(), 2);
@@ -40,7 +40,7 @@ TEST_F(FrmWizardTest, TheCloseBoxExitsLikeFileExit) {
 }
 
 TEST_F(FrmWizardTest, F1AtStepThreeShowsThePageForContext5040) {
-    ScanSample(false);
+    ScanSample();
     ASSERT_EQ(Step(), 3);
     QTest::keyClick(Find<QLineEdit>("txtRootPath"), Qt::Key_F1);
     ASSERT_TRUE(window->Help()->isVisible());
