@@ -29,12 +29,11 @@ protected:
         EXPECT_TRUE(diff.empty()) << ::testing::PrintToString(diff);
         testing::ClearEnvironment("SOURCE_DATE_EPOCH");
     }
-    CliRun Run(const std::vector<std::string>& args) { return testing::RunCliWith(args); }
     CliRun Convert(const std::string& target, std::vector<std::string> extra = {"--yes"}) {
         std::vector<std::string> args = {"convert", dir / "in/TideClock.hhp", target, "--hpj",
                                          dir / "in/TideClock.hpj"};
         args.insert(args.end(), extra.begin(), extra.end());
-        return Run(args);
+        return testing::RunCliWith(args);
     }
     static bool Has(const std::string& text, const std::string& part) {
         return text.find(part) != std::string::npos;
@@ -74,7 +73,7 @@ TEST_F(CliTrust, QuietPrintsNoAnsweredQuestionsAndHelpExplainsEveryOption) {
     EXPECT_EQ(quiet.status, 0);
     EXPECT_EQ(quiet.out, "");
     EXPECT_EQ(quiet.err, "");
-    const CliRun help = Run({"convert", "--help"});
+    const CliRun help = testing::RunCliWith({"convert", "--help"});
     EXPECT_EQ(help.status, 0);
     for (const char* option : {"--hpj", "--css", "--popups", "--keep-zero-ids", "--yes", "--no",
                                "--answer", "--quiet", "130"})
@@ -104,7 +103,8 @@ TEST_F(CliTrust, WritesIntoTheInputFolderAreRefusedNamedAndCounted) {
     fs::create_directories(dir / "X/html");
     fs::copy(dir / "in", dir / "X/html", fs::copy_options::recursive);
     const auto inputBefore = testing::TakeSnapshot(dir / "X/html");
-    const CliRun run = Run({"convert", dir / "X/html/TideClock.hhp", dir / "X/New.hhp", "--yes"});
+    const CliRun run =
+        testing::RunCliWith({"convert", dir / "X/html/TideClock.hhp", dir / "X/New.hhp", "--yes"});
     EXPECT_EQ(run.status, 3) << run.err;
     EXPECT_TRUE(Has(run.err, "Program Error No.  600 From: ")) << run.err;
     EXPECT_TRUE(Has(run.err, "/X/html/main_index.htm\": it lies in the input project's folder"));

@@ -13,8 +13,8 @@
 #include <sstream>
 
 #include "check/context_map.h"
-#include "cli/commands.h"
 #include "platform/byte_text.h"
+#include "support/cli_run.h"
 #include "support/script_check.h"
 #include "support/temp_dir.h"
 
@@ -96,12 +96,10 @@ TEST_P(CorpusConversion, ConvertsCompletely) {
     const std::string in = corpus + "/" + GetParam().folder + "/";
     ASSERT_TRUE(fs::exists(in)) << "no corpus at " << in << " (set TAMRIX_CORPUS_DIR)";
     testing::TempDir dir;
-    std::istringstream input;
-    std::ostringstream out, err;
-    const int status = cli::RunCli({"convert", in + GetParam().project, dir / "new/New.hhp",
-                                    "--hpj", in + GetParam().hpj, "--popups", "--yes"},
-                                   input, out, err, false, false);
-    ASSERT_EQ(status, 0) << err.str();
+    const testing::CliRun run =
+        testing::RunCliWith({"convert", in + GetParam().project, dir / "new/New.hhp", "--hpj",
+                             in + GetParam().hpj, "--popups", "--yes"});
+    ASSERT_EQ(run.status, 0) << run.err;
     for (const char* log : {"scan.log", "rewrite.log", "popups.log"})
         EXPECT_TRUE(dir.Exists(std::string("new/") + log)) << log;
 

@@ -44,10 +44,6 @@ protected:
         const std::string pdf = dir / ("out" + std::to_string(++files) + ".pdf");
         printer.setOutputFileName(QString::fromStdString(pdf));
         printed = form->Printing().PrintRTF(*form->RTFItems(), selection, from, to);
-        return PdfPages(pdf);
-    }
-
-    static std::optional<QStringList> PdfPages(const std::string& pdf) {
         const auto text =
             testing::RunProgram("pdftotext", {"-layout", QString::fromStdString(pdf), "-"});
         if (!text) return std::nullopt;

@@ -34,12 +34,6 @@ protected:
         wizard.controls.txtWinhelpProjectName = withHpj ? dir / "in/TideClock.hpj" : "";
         Next();
     }
-    void WriteSample() {
-        ScanSample();
-        wizard.controls.txtRootPath = dir / "out/TideClock.hhp";
-        view.answersById[10011] = mb::kYes;  // create the missing folder
-        Next();
-    }
 
     testing::TempDir dir;
     testing::ScriptedWizardView view;
@@ -107,8 +101,11 @@ TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
     ASSERT_NE(wizard.Globals.MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
 }
 
-TEST_F(WizardTest, WritingTheSampleReachesStepFourWithLogsAndPopups) {
-    WriteSample();
+TEST_F(WizardTest, TheSampleIsWrittenAgainAfterBackThenActivatedAndFinished) {
+    ScanSample();
+    wizard.controls.txtRootPath = dir / "out/TideClock.hhp";
+    view.answersById[10011] = mb::kYes;  // create the missing folder
+    Next();
     ASSERT_EQ(wizard.CurrentStep(), 4);
     EXPECT_TRUE(wizard.RewriteDone);
     for (const char* file : {"TideClock.hhp", "scan.log", "rewrite.log", "popups.log", "popups.js",
@@ -121,11 +118,8 @@ TEST_F(WizardTest, WritingTheSampleReachesStepFourWithLogsAndPopups) {
     EXPECT_EQ(results->title, "StepResults");
     EXPECT_NE(results->text.find("Tamrix wrote the file \"cshelp.txt\""), std::string::npos);
     EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled);
-}
 
-TEST_F(WizardTest, BackFromFourAndNextAgainWritesEverythingAgain) {
-    WriteSample();
-    ASSERT_EQ(wizard.CurrentStep(), 4);
+    // Back from step 4 and Next again writes everything again.
     fs::remove(dir / "out/rewrite.log");
     wizard.cmdNav_Click(kNavBack);
     view.answersById[10038] = mb::kYes;
@@ -133,10 +127,8 @@ TEST_F(WizardTest, BackFromFourAndNextAgainWritesEverythingAgain) {
     EXPECT_EQ(wizard.CurrentStep(), 4);
     EXPECT_NE(view.FindMessage("Overwrite the project \"TideClock.hhp\""), nullptr);
     EXPECT_TRUE(dir.Exists("out/rewrite.log"));
-}
 
-TEST_F(WizardTest, ActivatingPopupsThenFinishedEnablesExit) {
-    WriteSample();
+    // Activating the popups, the Finished step enables Exit.
     wizard.controls.optYesPopups = true;
     wizard.controls.optNoPopups = false;
     Next();
