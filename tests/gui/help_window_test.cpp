@@ -22,7 +22,6 @@ TEST(HelpProjectTest, EveryStepContextHasAnExistingPage) {
     EXPECT_EQ(project->Contexts(), (QList<int>{5010, 5020, 5030, 5040, 5050, 5060}));
     for (int context : project->Contexts())
         EXPECT_TRUE(QFileInfo::exists(project->PageForContext(context))) << context;
-    EXPECT_TRUE(project->PageForContext(5040).endsWith("/step3_new_project.htm"));
     EXPECT_TRUE(project->DefaultTopic().endsWith("/index.htm"));
     EXPECT_TRUE(QFileInfo::exists(project->DefaultTopic()));
     EXPECT_TRUE(project->PageForContext(5000).isEmpty());
