@@ -13,26 +13,13 @@ namespace tamrix {
 namespace {
 
 const std::map<std::string, std::string> kCleanProject = {
+    // [FILES] ends on line 8, [TEXT POPUPS] names cshelp.h on line 18.
     {"P.hhp",
-     "[OPTIONS]\n"                // 1
-     "Compiled file=P.chm\n"      // 2
-     "Contents file=P.hhc\n"      // 3
-     "Index file=P.hhk\n"         // 4
-     "\n"                         // 5
-     "[FILES]\n"                  // 6
-     "html\\a.htm\n"              // 7
-     "html\\b.htm\n"              // 8
-     "\n"                         // 9
-     "[MAP]\n"                    // 10
-     "#include map.h\n"           // 11
-     "\n"                         // 12
-     "[ALIAS]\n"                  // 13
-     "#include alias.h\n"         // 14
-     "IDH_B = html\\b.htm ; B\n"  // 15
-     "\n"                         // 16
-     "[TEXT POPUPS]\n"            // 17
-     "cshelp.h\n"                 // 18
-     "popups.js\n"},              // 19
+     "[OPTIONS]\nCompiled file=P.chm\nContents file=P.hhc\nIndex file=P.hhk\n\n"
+     "[FILES]\nhtml\\a.htm\nhtml\\b.htm\n\n"
+     "[MAP]\n#include map.h\n\n"
+     "[ALIAS]\n#include alias.h\nIDH_B = html\\b.htm ; B\n\n"
+     "[TEXT POPUPS]\ncshelp.h\npopups.js\n"},
     {"html/a.htm",
      "<html><head><title>A</title></head><body><a name=\"top\"></a>\n"
      "<a href=\"b.htm#Part\">B</a> <a href=\"#top\">up</a> <a href=\"http://x.org/\">x</a>\n"
@@ -145,12 +132,11 @@ TEST(CheckCommand, ExitStatusAndJson) {
     auto files = kCleanProject;
     files["html/b.htm"] += "<a href=\"nowhere.htm\">x</a>\n";
     WriteProject(dir, files);
-    struct Run {
+    const struct {
         std::vector<std::string> args;
         int status;
         const char* output;  // text the output must hold
-    };
-    const Run runs[] = {
+    } runs[] = {
         {{"check", dir / "P.hhp", "--json"},
          1,
          "{\"kind\": \"broken-link\", \"severity\": \"error\", \"file\": \"html\\\\b.htm\", "
@@ -160,7 +146,7 @@ TEST(CheckCommand, ExitStatusAndJson) {
         {{"check"}, 2, ""},
         {{"check", dir / "P.hhp", "--fast"}, 2, ""},
     };
-    for (const Run& run : runs) {
+    for (const auto& run : runs) {
         const testing::CliRun result = testing::RunCliWith(run.args);
         EXPECT_EQ(result.status, run.status) << result.err;
         EXPECT_NE(result.out.find(run.output), std::string::npos) << result.out;

@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <sstream>
 
 #include "cli/cli_options.h"
 #include "platform/view.h"
@@ -69,19 +67,6 @@ TEST(CliArguments, ParsesEveryOption) {
     EXPECT_EQ(*scan->logFile, "x.log");
 }
 
-class CliConvert : public ::testing::Test {
-protected:
-    void SetUp() override { testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420"); }
-    void TearDown() override { testing::ClearEnvironment("SOURCE_DATE_EPOCH"); }
-    std::vector<std::string> Convert(std::vector<std::string> extra = {}) {
-        std::vector<std::string> args = {"convert", Sample("TideClock.hhp"), dir / "out/New.hhp",
-                                         "--hpj", Sample("TideClock.hpj")};
-        args.insert(args.end(), extra.begin(), extra.end());
-        return args;
-    }
-    testing::TempDir dir;
-};
-
 // The new folder's question: answered by ID, by the default, by the user on a
 // terminal, or else No, which leaves the wizard at its step and writes nothing.
 TEST(CliAnswers, ByIdByDefaultByTheUserElseNo) {
@@ -114,19 +99,8 @@ TEST(CliAnswers, ByIdByDefaultByTheUserElseNo) {
     testing::ClearEnvironment("SOURCE_DATE_EPOCH");
 }
 
-TEST_F(CliConvert, ASecondRunAsks10038AndNoLeavesTheFolderIntact) {
-    ASSERT_EQ(RunCliWith(Convert({"--yes"})).status, 0);
-    const auto before = testing::FilesUnder(dir / "out");
-    testing::SetEnvironment("SOURCE_DATE_EPOCH",
-                            "1399333420");  // a later run would write other dates
-    const CliRun no = RunCliWith(Convert({"--no"}));
-    EXPECT_EQ(no.status, 1);
-    EXPECT_NE(no.err.find("[message 10038]"), std::string::npos);
-    EXPECT_EQ(testing::FilesUnder(dir / "out"), before);
-    EXPECT_EQ(RunCliWith(Convert({"--yes"})).status, 0);
-}
-
-TEST_F(CliConvert, ScanWritesTheScanLog) {
+TEST(CliScan, WritesTheScanLog) {
+    testing::TempDir dir;
     const CliRun toStdout =
         RunCliWith({"scan", Sample("TideClock.hhp"), "--hpj", Sample("TideClock.hpj")});
     ASSERT_EQ(toStdout.status, 0) << toStdout.err;
@@ -136,12 +110,6 @@ TEST_F(CliConvert, ScanWritesTheScanLog) {
     EXPECT_NE(dir.Read("scan.log").find("Untitled Topics: 11"), std::string::npos);
     EXPECT_EQ(RunCliWith({"scan", dir / "missing.hhp"}).status, 1);
 }
-
-}  // namespace
-}  // namespace tamrix
-
-namespace tamrix {
-namespace {
 
 // A batch reports every project on a line of its own, in the order given, then a
 // total, and exits with the worst status; its good projects are written in full.

@@ -1,15 +1,9 @@
-// The command line tells the truth: exit status, summary, targets, quiet runs,
-// interruptions. Every run converts a copy of the sample, and the copy must be
+// The command line tells the truth: exit status, summary, targets, quiet runs.
+// Every run converts a copy of the sample, and the copy must be
 // byte for byte the same afterwards.
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 #include "hostile/hostile_fixture.h"
 #include "support/cli_run.h"
@@ -35,12 +29,11 @@ protected:
         EXPECT_TRUE(diff.empty()) << ::testing::PrintToString(diff);
         testing::ClearEnvironment("SOURCE_DATE_EPOCH");
     }
-    CliRun Run(const std::vector<std::string>& args) { return testing::RunCliWith(args); }
     CliRun Convert(const std::string& target, std::vector<std::string> extra = {"--yes"}) {
         std::vector<std::string> args = {"convert", dir / "in/TideClock.hhp", target, "--hpj",
                                          dir / "in/TideClock.hpj"};
         args.insert(args.end(), extra.begin(), extra.end());
-        return Run(args);
+        return testing::RunCliWith(args);
     }
     static bool Has(const std::string& text, const std::string& part) {
         return text.find(part) != std::string::npos;
@@ -80,7 +73,7 @@ TEST_F(CliTrust, QuietPrintsNoAnsweredQuestionsAndHelpExplainsEveryOption) {
     EXPECT_EQ(quiet.status, 0);
     EXPECT_EQ(quiet.out, "");
     EXPECT_EQ(quiet.err, "");
-    const CliRun help = Run({"convert", "--help"});
+    const CliRun help = testing::RunCliWith({"convert", "--help"});
     EXPECT_EQ(help.status, 0);
     for (const char* option : {"--hpj", "--css", "--popups", "--keep-zero-ids", "--yes", "--no",
                                "--answer", "--quiet", "130"})
@@ -110,7 +103,8 @@ TEST_F(CliTrust, WritesIntoTheInputFolderAreRefusedNamedAndCounted) {
     fs::create_directories(dir / "X/html");
     fs::copy(dir / "in", dir / "X/html", fs::copy_options::recursive);
     const auto inputBefore = testing::TakeSnapshot(dir / "X/html");
-    const CliRun run = Run({"convert", dir / "X/html/TideClock.hhp", dir / "X/New.hhp", "--yes"});
+    const CliRun run =
+        testing::RunCliWith({"convert", dir / "X/html/TideClock.hhp", dir / "X/New.hhp", "--yes"});
     EXPECT_EQ(run.status, 3) << run.err;
     EXPECT_TRUE(Has(run.err, "Program Error No.  600 From: ")) << run.err;
     EXPECT_TRUE(Has(run.err, "/X/html/main_index.htm\": it lies in the input project's folder"));
@@ -122,51 +116,6 @@ TEST_F(CliTrust, WritesIntoTheInputFolderAreRefusedNamedAndCounted) {
                     "it lies in the input project's folder"));
     const auto diff = testing::Differences(inputBefore, testing::TakeSnapshot(dir / "X/html"));
     EXPECT_TRUE(diff.empty()) << ::testing::PrintToString(diff);
-}
-
-TEST_F(CliTrust, AnInterruptedRunSaysWhereItStoppedAndTheNextRunKnows) {
-    // Enough topics that the write step is still running when the signal comes.
-    dir.Write("big/big.hhp", [] {
-        std::string hhp = "[OPTIONS]\r\nCompatibility=1.1 or later\r\n\r\n[FILES]\r\n";
-        for (int i = 0; i < 3000; ++i) hhp += "html\\g" + std::to_string(i) + ".htm\r\n";
-        return hhp;
-    }());
-    for (int i = 0; i < 3000; ++i)
-        dir.Write("big/html/g" + std::to_string(i) + ".htm",
-                  testing::Topic("T", "IDH_T" + std::to_string(i)));
-    const auto bigBefore = testing::TakeSnapshot(dir / "big");
-    fs::create_directory(dir / "out");
-    const std::string log = dir / "stderr.txt";
-    const pid_t pid = ::fork();
-    if (pid == 0) {
-        const int fd = ::open(log.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        ::dup2(fd, 2);
-        ::dup2(::open("/dev/null", O_WRONLY), 1);
-        const std::string hhp = dir / "big/big.hhp", target = dir / "out/big.hhp";
-        ::execl(TAMRIX_CLI_PATH, TAMRIX_CLI_PATH, "convert", hhp.c_str(), target.c_str(), "--yes",
-                static_cast<char*>(nullptr));
-        ::_exit(127);
-    }
-    while (!fs::exists(dir / "out/.tamrix-running") && !fs::exists(dir / "out/big.hhp"))
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    ::kill(pid, SIGINT);
-    int status = 0;
-    ::waitpid(pid, &status, 0);
-    ASSERT_TRUE(WIFEXITED(status));
-    ASSERT_EQ(WEXITSTATUS(status), 130) << testing::ReadFileBytes(log);
-    const std::string said = testing::ReadFileBytes(log);
-    EXPECT_TRUE(Has(said, "interrupted at step 3 (New HTML Project)")) << said;
-    EXPECT_TRUE(Has(said, "is incomplete"));
-    EXPECT_TRUE(fs::exists(dir / "out/.tamrix-running"));
-    for (const auto& entry : fs::directory_iterator(dir / "out"))
-        EXPECT_NE(entry.path().filename().string().rfind(".tamrix-", 0) == 0 &&
-                      entry.path().filename() != ".tamrix-running",
-                  true);
-    EXPECT_TRUE(testing::Differences(bigBefore, testing::TakeSnapshot(dir / "big")).empty());
-    const CliRun again = Run({"convert", dir / "big/big.hhp", dir / "out/big.hhp", "--yes"});
-    EXPECT_TRUE(Has(again.err, "an earlier run into")) << again.err;
-    EXPECT_TRUE(Has(again.err, "was interrupted"));
-    EXPECT_FALSE(fs::exists(dir / "out/.tamrix-running"));
 }
 
 }  // namespace

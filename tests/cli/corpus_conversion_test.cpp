@@ -5,7 +5,6 @@
 // topic files that Windows would take for one.
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -13,8 +12,9 @@
 #include <set>
 #include <sstream>
 
-#include "cli/commands.h"
+#include "check/context_map.h"
 #include "platform/byte_text.h"
+#include "support/cli_run.h"
 #include "support/script_check.h"
 #include "support/temp_dir.h"
 
@@ -49,21 +49,6 @@ std::size_t ExpectScriptReferencesReach(const fs::path& root) {
     return files;
 }
 
-// A C number: decimal or 0x hexadecimal, with an optional sign and suffix.
-bool IsCNumber(std::string value) {
-    if (!value.empty() && value[0] == '-') value.erase(0, 1);
-    while (!value.empty() && std::string_view("uUlL").find(value.back()) != std::string::npos)
-        value.pop_back();
-    const bool hex = StartsWithNoCase(value, "0x") && value.size() > 2;
-    const std::size_t from = hex ? 2 : 0;
-    if (value.size() <= from) return false;
-    for (std::size_t i = from; i < value.size(); ++i)
-        if (!(hex ? std::isxdigit(static_cast<unsigned char>(value[i]))
-                  : std::isdigit(static_cast<unsigned char>(value[i]))))
-            return false;
-    return true;
-}
-
 // Every #define of a written header carries a C number.
 void ExpectCNumbersInHeaders(const fs::path& root) {
     for (const auto& entry : fs::directory_iterator(root)) {
@@ -73,8 +58,10 @@ void ExpectCNumbersInHeaders(const fs::path& root) {
             std::istringstream words(line);
             std::string define, name, value;
             if (!(words >> define) || define != "#define") continue;
+            std::int32_t number = 0;
             words >> name >> value;
-            EXPECT_TRUE(IsCNumber(value)) << entry.path().filename() << ": " << line;
+            EXPECT_TRUE(check::ParseCNumber(value, number))
+                << entry.path().filename() << ": " << line;
         }
     }
 }
@@ -109,12 +96,10 @@ TEST_P(CorpusConversion, ConvertsCompletely) {
     const std::string in = corpus + "/" + GetParam().folder + "/";
     ASSERT_TRUE(fs::exists(in)) << "no corpus at " << in << " (set TAMRIX_CORPUS_DIR)";
     testing::TempDir dir;
-    std::istringstream input;
-    std::ostringstream out, err;
-    const int status = cli::RunCli({"convert", in + GetParam().project, dir / "new/New.hhp",
-                                    "--hpj", in + GetParam().hpj, "--popups", "--yes"},
-                                   input, out, err, false, false);
-    ASSERT_EQ(status, 0) << err.str();
+    const testing::CliRun run =
+        testing::RunCliWith({"convert", in + GetParam().project, dir / "new/New.hhp", "--hpj",
+                             in + GetParam().hpj, "--popups", "--yes"});
+    ASSERT_EQ(run.status, 0) << run.err;
     for (const char* log : {"scan.log", "rewrite.log", "popups.log"})
         EXPECT_TRUE(dir.Exists(std::string("new/") + log)) << log;
 

@@ -2,13 +2,19 @@
 // bundled sample converted by the command line, and both real projects.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <regex>
 #include <set>
 
+#include "check/context_map.h"
+#include "check/project_check.h"
 #include "compile/chm_reader.h"
 #include "compile/compile_project.h"
 #include "compile/compile_rounds.h"
+#include "platform/file_system.h"
+#include "platform/profile.h"
 #include "support/cli_run.h"
 #include "support/environment.h"
 #include "support/temp_dir.h"
@@ -52,19 +58,60 @@ compile::CompileReport CompileAndVerify(const std::string& project, const std::s
     return report;
 }
 
-TEST(Compile, ConvertedSampleOpensEveryAliasedId) {
+// The sample converted by the command line hangs together: every topic file is
+// named after its topic ID, and every alias, include, link and popup file
+// resolves (so nothing names a renamed file); a non-zero context ID left without
+// an alias is named in the rewrite log. Compiled, every aliased ID opens its topic.
+TEST(Compile, ConvertedSampleHangsTogetherAndOpensEveryAliasedId) {
     testing::TempDir dir;
     const std::string sample = std::string(TAMRIX_SOURCE_DIR) + "/samples/tideclock/";
+    const std::string project = dir / "new/TideClock.hhp";
     std::string out;
-    ASSERT_EQ(Cli({"convert", sample + "TideClock.hhp", dir / "new/TideClock.hhp", "--hpj",
-                   sample + "TideClock.hpj", "--css", "--popups", "--yes", "--quiet"},
+    ASSERT_EQ(Cli({"convert", sample + "TideClock.hhp", project, "--hpj", sample + "TideClock.hpj",
+                   "--css", "--popups", "--yes"},
                   out),
               0)
         << out;
-    const auto before = testing::ReadFileBytes(dir / "new/TideClock.hhp");
-    const compile::CompileReport report =
-        CompileAndVerify(dir / "new/TideClock.hhp", dir / "T.chm");
-    EXPECT_EQ(testing::ReadFileBytes(dir / "new/TideClock.hhp"), before);
+    EXPECT_NE(out.find("Topic files renamed:    41 of 42"), std::string::npos) << out;
+    const std::regex anchor("<BODY[^>]*>\\s*<P><A NAME=\"([^\"]+)\"", std::regex::icase);
+    int named = 0;
+    for (const auto& entry : fs::directory_iterator(dir / "new/html")) {
+        const std::string text =
+            entry.is_regular_file() ? testing::ReadFileBytes(entry.path()) : "";
+        std::smatch m;
+        if (!std::regex_search(text, m, anchor)) continue;  // the topic without an ID
+        EXPECT_EQ(entry.path().filename().string(), m[1].str() + ".htm");
+        ++named;
+    }
+    EXPECT_EQ(named, 41);
+    const check::CheckReport check = check::CheckProject(project);
+    EXPECT_EQ(check.Errors(), 0u) << check::ReportText(check);
+    const std::string rewriteLog = dir.Read("new/rewrite.log");
+    std::vector<check::Problem> ignored;
+    FileSystem files;
+    for (const auto& id : check::ReadContextMap({files, project}, ignored).definitions) {
+        const bool unaliased = std::any_of(
+            check.problems.begin(), check.problems.end(),
+            [&](const auto& p) { return p.message == "context ID " + id.name + " has no alias"; });
+        if (!unaliased || id.value == 0) continue;
+        EXPECT_NE(rewriteLog.find("\r\n" + id.name + " "), std::string::npos) << id.name;
+    }
+    std::string popups;
+    profile::text::GetSection(dir.Read("new/TideClock.hhp"), "TEXT POPUPS", popups);
+    EXPECT_EQ(popups, std::string("cshelp.h\0cshelp.txt\0popups.js\0", 30));
+    // Popup links call the script popups; the originals are kept in NoPopups.
+    const std::string intro = dir.Read("new/html/intro.htm");
+    EXPECT_NE(
+        intro.find("<A HREF=\"Javascript:POPUPS.TextPopup(gl_high_water,popfont,9,9,-1,-1)\">"),
+        std::string::npos);
+    EXPECT_NE(intro.find("classid=\"clsid:adb880a6-d8ff-11cf-9377-00aa003b7a11\""),
+              std::string::npos);
+    EXPECT_EQ(dir.Read("new/html/NoPopups/intro.htm").find("TextPopup"), std::string::npos);
+    EXPECT_NE(dir.Read("new/popups.js").find("gl_high_water = \"high water"), std::string::npos);
+
+    const auto before = testing::ReadFileBytes(project);
+    const compile::CompileReport report = CompileAndVerify(project, dir / "T.chm");
+    EXPECT_EQ(testing::ReadFileBytes(project), before);
     EXPECT_EQ(report.topicCount, 42u);
     EXPECT_EQ(report.results.size(), 19u);
     EXPECT_EQ(report.unaliased, (std::vector<std::string>{"IDH_OLD_DIALOG", "IDH_RESERVED"}));

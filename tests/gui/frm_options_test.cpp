@@ -15,7 +15,7 @@
 namespace tamrix::gui {
 namespace {
 
-TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
+TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTickedAndMustNotBeEmpty) {
     testing::ScriptedView view;
     OptionsDialog dialog;
     dialog.txtCssFileName.clear();
@@ -35,15 +35,8 @@ TEST(FrmOptionsTest, TheNameShowsOnlyWhileTheStyleSheetIsTicked) {
     // The window grows by the row, so nothing above it is squeezed.
     EXPECT_GT(form.height(), before);
     EXPECT_GE(form.height(), form.layout()->totalHeightForWidth(form.width()));
-}
 
-TEST(FrmOptionsTest, OKWithAnEmptyNameIsRefusedAndTheDialogStays) {
-    testing::ScriptedView view;
-    OptionsDialog dialog;
-    FrmOptions form(view);
-    form.Load(dialog);
-    form.show();
-    form.CssFile()->click();
+    // OK with an empty name is refused and the dialog stays.
     form.CssFileName()->clear();
     form.OKButton()->click();
     ASSERT_EQ(view.messages.size(), 1u);

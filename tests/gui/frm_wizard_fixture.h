@@ -10,13 +10,10 @@
 #include <QUrl>
 #include <cstdlib>
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <map>
 
 #include "gui/frm_wizard.h"
-#include "model/project_state.h"
-#include "platform/file_system.h"
 #include "support/sample_copy.h"
 #include "support/scripted_view.h"
 #include "support/temp_dir.h"
@@ -39,12 +36,10 @@ protected:
         };
         options.dialogs.input = [](QWidget*, const std::string&, const std::string&,
                                    const std::string&) { return std::optional<std::string>(); };
-        options.dialogs.openFile = [this](QWidget*, const FileDialogRequest& request) {
-            openTitles.push_back(request.title);
+        options.dialogs.openFile = [this](QWidget*, const FileDialogRequest&) {
             return Pop(openAnswers);
         };
-        options.dialogs.saveFile = [this](QWidget*, const FileDialogRequest& request) {
-            saveFilters.push_back(request.filter);
+        options.dialogs.saveFile = [this](QWidget*, const FileDialogRequest&) {
             return Pop(saveAnswers);
         };
         options.openUrl = [this](const QUrl& url) {
@@ -78,16 +73,13 @@ protected:
     int Step() const { return window->Steps()->currentIndex(); }
     bool NavEnabled(int nav) const { return window->NavButton(nav)->isEnabled(); }
     bool MenuEnabled(const char* name) const { return window->MenuAction(name)->isEnabled(); }
-    // Steps 0 to 3: the project by its Browse button, the WinHelp project typed in.
-    void ScanSample(bool withHpj = true) {
+    // Steps 0 to 3: the project by its Browse button, without the WinHelp project.
+    void ScanSample() {
         Click(kNavNext);
         openAnswers.push_back(dir / "in/TideClock.hhp");
         ClickButton("cmdBrowseHHP");
         Click(kNavNext);
-        // The .hpj beside the project is proposed; without it the box is emptied.
-        if (!withHpj) Find<QLineEdit>("txtWinhelpProjectName")->clear();
-        window->GetWizard().controls.txtWinhelpProjectName =
-            withHpj ? std::string(dir / "in/TideClock.hpj") : std::string();
+        window->GetWizard().controls.txtWinhelpProjectName.clear();  // the one proposed
         Click(kNavNext);
     }
 
@@ -101,8 +93,6 @@ protected:
     std::map<long, int>& answersById = script.answersById;
     std::deque<std::string> openAnswers;
     std::deque<std::string> saveAnswers;
-    std::vector<std::string> openTitles;
-    std::vector<std::string> saveFilters;
     std::function<void(const MessageRequest&)> onMessage;
     std::vector<QUrl> openedUrls;
 };

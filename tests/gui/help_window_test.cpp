@@ -1,18 +1,13 @@
-// The program's help project, its window, the About box and the captions.
+// The program's help project, its window and the captions.
 #include "gui/help_window.h"
 
 #include <gtest/gtest.h>
-#include <QAbstractButton>
 #include <QFileInfo>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSysInfo>
 #include <QTextBrowser>
 
-#include "gui/about_box.h"
 #include "gui/localise_form.h"
-#include "platform/program_identity.h"
 #include "support/temp_dir.h"
 #include "wizard/wizard_view.h"
 
@@ -27,7 +22,6 @@ TEST(HelpProjectTest, EveryStepContextHasAnExistingPage) {
     EXPECT_EQ(project->Contexts(), (QList<int>{5010, 5020, 5030, 5040, 5050, 5060}));
     for (int context : project->Contexts())
         EXPECT_TRUE(QFileInfo::exists(project->PageForContext(context))) << context;
-    EXPECT_TRUE(project->PageForContext(5040).endsWith("/step3_new_project.htm"));
     EXPECT_TRUE(project->DefaultTopic().endsWith("/index.htm"));
     EXPECT_TRUE(QFileInfo::exists(project->DefaultTopic()));
     EXPECT_TRUE(project->PageForContext(5000).isEmpty());
@@ -62,17 +56,6 @@ TEST(HelpWindowTest, ContextTopicAndCloseAll) {
     help.SetProject(std::nullopt);
     EXPECT_FALSE(help.HtmlHelp(kHelpContext, 5010));
     EXPECT_FALSE(help.isVisible());
-}
-
-TEST(AboutBoxTest, NameVersionAndSystemInformation) {
-    AboutBox about;
-    EXPECT_EQ(about.findChild<QLabel*>("lblVersion")->text(),
-              "Version " + QString::fromStdString(VersionString()));
-    const QString info = SystemInformationText();
-    EXPECT_TRUE(info.contains("Operating system: " + QSysInfo::prettyProductName()));
-    SystemInformationDialog dialog;
-    EXPECT_TRUE(dialog.TextBox()->isReadOnly());
-    EXPECT_EQ(dialog.TextBox()->toPlainText(), info);
 }
 
 TEST(LocaliseFormTest, NumericTagsAndToolTipsComeFromTheCatalogue) {

@@ -25,12 +25,11 @@ int DefaultButton(const MessageForm& form) {
 }
 
 TEST(MessageFormTest, EveryStyleShowsItsButtonsWithTheFirstAffirmativeAsDefault) {
-    struct Case {
+    const struct {
         int style;
         std::vector<int> buttons;
         int defaultButton;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {mb::kOKOnly, {mb::kOK}, mb::kOK},
         {mb::kOKCancel, {mb::kOK, mb::kCancel}, mb::kOK},
         {mb::kAbortRetryIgnore, {mb::kAbort, mb::kRetry, mb::kIgnore}, mb::kRetry},
@@ -39,7 +38,7 @@ TEST(MessageFormTest, EveryStyleShowsItsButtonsWithTheFirstAffirmativeAsDefault)
         {mb::kRetryCancel + mb::kExclamation, {mb::kCancel, mb::kRetry}, mb::kRetry},
     };
     MessageForm form;
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         form.Prepare("Text", c.style, "Title");
         EXPECT_EQ(ShownButtons(form), c.buttons) << "style " << c.style;
         EXPECT_EQ(DefaultButton(form), c.defaultButton) << "style " << c.style;

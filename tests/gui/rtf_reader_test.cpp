@@ -16,20 +16,12 @@ using testing::BlockText;
 using testing::FormatAt;
 using testing::U;
 
-QString Read(const std::string& rtf) {
-    QTextDocument doc;
-    EXPECT_TRUE(ReadRtf(rtf, doc)) << rtf;
-    return BlockText(doc);
-}
-
-struct TextCase {
-    const char* name;
-    std::string rtf;
-    QString text;
-};
-
-TEST(RtfReader, ReadsTheTextOfEachConstruct) {
-    const TextCase cases[] = {
+TEST(RtfReader, ReadsTheTextOfEachConstructAndSurvivesMalformedInput) {
+    const struct {
+        const char* name;
+        std::string rtf;
+        QString text;
+    } cases[] = {
         {"paragraphs", R"({\rtf1\ansi Hello\par World})", "Hello\nWorld"},
         {"pard keeps the paragraph", R"({\rtf1 a\pard b\par\pard c})", "ab\nc"},
         {"escaped characters", R"({\rtf1 a\\b\{c\}})", "a\\b{c}"},
@@ -58,16 +50,7 @@ TEST(RtfReader, ReadsTheTextOfEachConstruct) {
         {"line breaks in the file are not text", "{\\rtf1 a\r\nb\n}", "ab"},
         {"escaped line break is a paragraph", "{\\rtf1 a\\\nb}", "a\nb"},
         {"table cells and rows", R"({\rtf1 a\cell b\cell\row c})", "a\tb\t\nc"},
-    };
-    for (const TextCase& c : cases) EXPECT_EQ(Read(c.rtf), c.text) << c.name;
-}
-
-TEST(RtfReader, SurvivesMalformedInput) {
-    const std::string deep =
-        "{\\rtf1 " + std::string(100000, '{') + "x" + std::string(100000, '}') + "y}";
-    const std::string deepButAllowed =
-        "{\\rtf1 " + std::string(150, '{') + "x" + std::string(150, '}') + "y}";
-    const TextCase cases[] = {
+        // malformed input
         {"extra closing braces", R"({\rtf1 a}}}b)", "a"},
         {"missing closing braces", R"({\rtf1 {\b a)", "a"},
         {"lone backslash at the end", "{\\rtf1 a\\", "a"},
@@ -78,12 +61,14 @@ TEST(RtfReader, SurvivesMalformedInput) {
         {"huge parameters", R"({\rtf1\fs99999999999999999999999 a\uc99999999 \u66 bcd})", "aB"},
         {"binary length beyond the end", R"({\rtf1 a\bin999999 xyz})", "a"},
         {"negative binary length", R"({\rtf1 a\bin-5 b})", "ab"},
-        {"groups nested too deep are skipped whole", deep, "y"},
-        {"deep groups within the limit", deepButAllowed, "xy"},
+        {"groups nested too deep are skipped whole",
+         "{\\rtf1 " + std::string(100000, '{') + "x" + std::string(100000, '}') + "y}", "y"},
+        {"deep groups within the limit",
+         "{\\rtf1 " + std::string(150, '{') + "x" + std::string(150, '}') + "y}", "xy"},
         {"closing brace inside a skipped deep group",
          "{\\rtf1 " + std::string(300, '{') + "\\}" + std::string(300, '}') + "z}", "z"},
     };
-    for (const TextCase& c : cases) {
+    for (const auto& c : cases) {
         QTextDocument doc;
         ASSERT_TRUE(ReadRtf(c.rtf, doc)) << c.name;
         EXPECT_EQ(BlockText(doc), c.text) << c.name;

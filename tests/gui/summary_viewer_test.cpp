@@ -37,7 +37,7 @@ protected:
     std::vector<FileDialogRequest> openRequests;
 };
 
-TEST_F(SummaryViewerTest, ShowsTheLogAndHidesOnClose) {
+TEST_F(SummaryViewerTest, ShowsTheLogAndHidesOnCloseModalOrNot) {
     CSummary report{errors};
     ASSERT_NE(report.Viewer(), nullptr);
     report.SetName("Scan Summary");
@@ -56,12 +56,8 @@ TEST_F(SummaryViewerTest, ShowsTheLogAndHidesOnClose) {
     report.Show(0);
     EXPECT_FALSE(form.close());  // the close box hides as well
     EXPECT_FALSE(form.isVisible());
-}
 
-TEST_F(SummaryViewerTest, ModalShowReturnsWhenTheWindowIsClosed) {
-    CSummary report{errors};
-    report.OpenSummary(0);
-    FrmSummary& form = FormOf(report);
+    // Shown modal, Show returns when the window is closed.
     bool wasModal = false;
     QTimer::singleShot(0, &form, [&] {
         wasModal = form.isModal() && form.isVisible();
@@ -73,7 +69,7 @@ TEST_F(SummaryViewerTest, ModalShowReturnsWhenTheWindowIsClosed) {
     EXPECT_FALSE(form.isModal());
 }
 
-TEST_F(SummaryViewerTest, ViewFileLoadsRichTextOnlyForAnRtfExtension) {
+TEST_F(SummaryViewerTest, ViewFileLoadsRichTextOnlyForAnRtfExtensionOrAsksForAFile) {
     const std::string rtf = "{\\rtf1{\\b Hello} there}";
     const std::string bak = dir.Write("notes.RTF.bak", rtf);
     const std::string rich = dir.Write("Report.Rtf", rtf);
@@ -92,16 +88,14 @@ TEST_F(SummaryViewerTest, ViewFileLoadsRichTextOnlyForAnRtfExtension) {
     EXPECT_EQ(form.SaveFileName(), "Report.Rtf");
     EXPECT_FALSE(form.ReadOnly());
     EXPECT_TRUE(openRequests.empty());
-}
 
-TEST_F(SummaryViewerTest, ViewFileWithoutANameAsksForAnExistingFile) {
+    // Without a name it asks for an existing file.
     const std::string log = dir.Write("scan.log", "line\r\n");
-    CSummary report{errors};
+    form.hide();
     openAnswer = "";
     report.ViewFile("Log Files (*.log)|*.log", true, "");
     ASSERT_EQ(openRequests.size(), 1u);
     EXPECT_EQ(openRequests[0].title, "Select File for Viewing");
-    FrmSummary& form = FormOf(report);
     EXPECT_FALSE(form.isVisible());
 
     openAnswer = dir / "missing.log";

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -15,7 +14,6 @@
 
 #include "model/project_state.h"
 #include "platform/file_system.h"
-#include "rewrite/containment.h"
 #include "support/environment.h"
 #include "support/scripted_wizard_view.h"
 #include "support/temp_dir.h"

@@ -22,12 +22,13 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <random>
+#include <thread>
+#include <vector>
 
 #include "hostile/hostile_fixture.h"
-#include "platform/byte_text.h"
 #include "platform/profile.h"
+#include "support/cli_run.h"
 #include "support/environment.h"
 #include "support/temp_dir.h"
 
@@ -39,19 +40,24 @@ using Clock = std::chrono::steady_clock;
 
 constexpr const char* kTempPrefix = ".tamrix-";
 
-// Starts tamrix-cli converting in/ into `out`; stdout and stderr go to /dev/null.
-pid_t StartConversion(const std::string& in, const std::string& out) {
+// Starts tamrix-cli with `args`; its standard error goes to `log`, the rest to /dev/null.
+pid_t StartCli(const std::vector<std::string>& args, const std::string& log = "/dev/null") {
     const pid_t pid = ::fork();
     if (pid != 0) return pid;
     testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
-    const int devnull = ::open("/dev/null", O_RDWR);
-    ::dup2(devnull, 1);
-    ::dup2(devnull, 2);
-    const std::string hhp = in + "/TideClock.hhp", hpj = in + "/TideClock.hpj";
-    const std::string target = out + "/TideClock.hhp";
-    ::execl(TAMRIX_CLI_PATH, TAMRIX_CLI_PATH, "convert", hhp.c_str(), target.c_str(), "--hpj",
-            hpj.c_str(), "--popups", "--yes", "--quiet", static_cast<char*>(nullptr));
+    ::dup2(::open("/dev/null", O_WRONLY), 1);
+    ::dup2(::open(log.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644), 2);
+    std::vector<char*> argv{const_cast<char*>(TAMRIX_CLI_PATH)};
+    for (const std::string& arg : args) argv.push_back(const_cast<char*>(arg.c_str()));
+    argv.push_back(nullptr);
+    ::execv(TAMRIX_CLI_PATH, argv.data());
     ::_exit(127);
+}
+
+// Starts tamrix-cli converting the sample in `in` into `out`.
+pid_t StartConversion(const std::string& in, const std::string& out) {
+    return StartCli({"convert", in + "/TideClock.hhp", out + "/TideClock.hhp", "--hpj",
+                     in + "/TideClock.hpj", "--popups", "--yes", "--quiet"});
 }
 
 // Waits for the child; kills it with SIGKILL once `after` has passed.
@@ -65,16 +71,6 @@ void KillAfter(pid_t pid, Clock::duration after) {
     }
     ::kill(pid, SIGKILL);
     ::waitpid(pid, &status, 0);
-}
-
-std::map<std::string, std::string> FilesUnder(const std::string& root) {
-    std::map<std::string, std::string> files;
-    if (!fs::exists(root)) return files;
-    for (const auto& entry : fs::recursive_directory_iterator(root))
-        if (entry.is_regular_file())
-            files[fs::relative(entry.path(), root).string()] =
-                testing::ReadFileBytes(entry.path().string());
-    return files;
 }
 
 // The project file as an earlier step leaves it: without the sections later steps add.
@@ -100,7 +96,7 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
     ASSERT_EQ(::waitpid(full, &status, 0), full);
     const auto duration = Clock::now() - started;
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    const auto reference = FilesUnder(out);
+    const auto reference = testing::FilesUnder(out);
     fs::rename(out, dir / "ref");
     ASSERT_GT(reference.size(), 40u);
 
@@ -109,7 +105,8 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
     for (int run = 0; run < 20; ++run) {
         const auto at = Clock::duration(moment(random));
         KillAfter(StartConversion(dir / "in", out), at);
-        for (const auto& [name, bytes] : FilesUnder(out)) {
+        if (!fs::exists(out)) continue;  // killed before the folder was made
+        for (const auto& [name, bytes] : testing::FilesUnder(out)) {
             if (fs::path(name).filename().string().rfind(kTempPrefix, 0) == 0) continue;
             const auto ref = reference.find(name);
             ASSERT_NE(ref, reference.end()) << "run " << run << ": unexpected file " << name;
@@ -125,7 +122,7 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
                         bytes == backup->second)
                 << "run " << run << " at " << at.count() << ": " << name << " differs";
         }
-        if (fs::exists(out)) fs::rename(out, dir / ("killed" + std::to_string(run)));
+        fs::rename(out, dir / ("killed" + std::to_string(run)));
     }
     EXPECT_TRUE(testing::Differences(input, testing::TakeSnapshot(dir / "in")).empty());
 
@@ -137,7 +134,46 @@ TEST(Interruption, KilledConversionsLeaveOnlyCompleteFiles) {
     const pid_t rerun = StartConversion(dir / "in", out);
     ASSERT_EQ(::waitpid(rerun, &status, 0), rerun);
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    EXPECT_EQ(FilesUnder(out), reference);
+    EXPECT_EQ(testing::FilesUnder(out), reference);
+}
+
+// SIGINT: the run says where it stopped, leaves its marker and no temporary
+// files, and the next run into the folder says that one was interrupted.
+TEST(Interruption, AnInterruptedRunSaysWhereItStoppedAndTheNextRunKnows) {
+    testing::TempDir dir;
+    // Enough topics that the write step is still running when the signal comes.
+    std::string hhp = "[OPTIONS]\r\nCompatibility=1.1 or later\r\n\r\n[FILES]\r\n";
+    for (int i = 0; i < 3000; ++i) {
+        hhp += "html\\g" + std::to_string(i) + ".htm\r\n";
+        dir.Write("big/html/g" + std::to_string(i) + ".htm",
+                  testing::Topic("T", "IDH_T" + std::to_string(i)));
+    }
+    dir.Write("big/big.hhp", hhp);
+    const auto bigBefore = testing::TakeSnapshot(dir / "big");
+    fs::create_directory(dir / "out");
+    const pid_t pid =
+        StartCli({"convert", dir / "big/big.hhp", dir / "out/big.hhp", "--yes"}, dir / "err.txt");
+    while (!fs::exists(dir / "out/.tamrix-running") && !fs::exists(dir / "out/big.hhp"))
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    ::kill(pid, SIGINT);
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    const std::string said = dir.Read("err.txt");
+    ASSERT_TRUE(WIFEXITED(status));
+    ASSERT_EQ(WEXITSTATUS(status), 130) << said;
+    EXPECT_NE(said.find("interrupted at step 3 (New HTML Project)"), std::string::npos) << said;
+    EXPECT_NE(said.find("is incomplete"), std::string::npos);
+    EXPECT_TRUE(fs::exists(dir / "out/.tamrix-running"));
+    for (const auto& entry : fs::directory_iterator(dir / "out")) {
+        const std::string name = entry.path().filename().string();
+        EXPECT_TRUE(name.rfind(kTempPrefix, 0) != 0 || name == ".tamrix-running") << name;
+    }
+    EXPECT_TRUE(testing::Differences(bigBefore, testing::TakeSnapshot(dir / "big")).empty());
+    const testing::CliRun again =
+        testing::RunCliWith({"convert", dir / "big/big.hhp", dir / "out/big.hhp", "--yes"});
+    EXPECT_NE(again.err.find("an earlier run into"), std::string::npos) << again.err;
+    EXPECT_NE(again.err.find("was interrupted"), std::string::npos);
+    EXPECT_FALSE(fs::exists(dir / "out/.tamrix-running"));
 }
 
 }  // namespace

@@ -3,13 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "messages/messages.h"
 #include "model/project_state.h"
 #include "platform/byte_text.h"
-#include "platform/file_system.h"
 #include "support/environment.h"
 #include "support/sample_copy.h"
 #include "support/scripted_wizard_view.h"
@@ -36,29 +34,18 @@ protected:
         wizard.controls.txtWinhelpProjectName = withHpj ? dir / "in/TideClock.hpj" : "";
         Next();
     }
-    void WriteSample() {
-        ScanSample();
-        wizard.controls.txtRootPath = dir / "out/TideClock.hhp";
-        view.answersById[10011] = mb::kYes;  // create the missing folder
-        Next();
-    }
 
     testing::TempDir dir;
     testing::ScriptedWizardView view;
     Wizard wizard{view};
 };
 
-TEST_F(WizardTest, NextAtStepOneWithNothingEnteredShows10008AndStays) {
+TEST_F(WizardTest, StepOneNeedsAProjectAndDoesNotReopenTheSameName) {
     Next();
-    ASSERT_EQ(wizard.CurrentStep(), 1);
-    Next();
+    Next();  // nothing entered
     EXPECT_EQ(wizard.CurrentStep(), 1);
     ASSERT_FALSE(view.messages.empty());
     EXPECT_EQ(view.messages.back().catalogueId, 10008);
-}
-
-TEST_F(WizardTest, TheSameProjectNameIsNotOpenedAgain) {
-    Next();
     wizard.controls.txtProjectName = dir / "in/TideClock.hhp";
     Next();
     ASSERT_EQ(wizard.CurrentStep(), 2);
@@ -114,19 +101,11 @@ TEST_F(WizardTest, NameValueMapLinesAreReadOnlyWithTheirOption) {
     ASSERT_NE(wizard.Globals.MapContextIDs->Find("HIDD_ABOUTBOX"), nullptr);
 }
 
-TEST_F(WizardTest, HelpAsksForTheContextOfTheCurrentStep) {
+TEST_F(WizardTest, TheSampleIsWrittenAgainAfterBackThenActivatedAndFinished) {
     ScanSample();
-    ASSERT_EQ(wizard.CurrentStep(), 3);
-    wizard.Form_KeyDown(112);
-    ASSERT_EQ(view.helpRequests.size(), 1u);
-    EXPECT_EQ(view.helpRequests[0], std::make_pair(kHelpContext, 5040));
-    wizard.cmdNav_Click(kNavBack);
-    wizard.cmdNav_Click(kNavHelp);
-    EXPECT_EQ(view.helpRequests[1].second, 5030);
-}
-
-TEST_F(WizardTest, WritingTheSampleReachesStepFourWithLogsAndPopups) {
-    WriteSample();
+    wizard.controls.txtRootPath = dir / "out/TideClock.hhp";
+    view.answersById[10011] = mb::kYes;  // create the missing folder
+    Next();
     ASSERT_EQ(wizard.CurrentStep(), 4);
     EXPECT_TRUE(wizard.RewriteDone);
     for (const char* file : {"TideClock.hhp", "scan.log", "rewrite.log", "popups.log", "popups.js",
@@ -139,11 +118,8 @@ TEST_F(WizardTest, WritingTheSampleReachesStepFourWithLogsAndPopups) {
     EXPECT_EQ(results->title, "StepResults");
     EXPECT_NE(results->text.find("Tamrix wrote the file \"cshelp.txt\""), std::string::npos);
     EXPECT_FALSE(wizard.NavButtons()[kNavExit].enabled);
-}
 
-TEST_F(WizardTest, BackFromFourAndNextAgainWritesEverythingAgain) {
-    WriteSample();
-    ASSERT_EQ(wizard.CurrentStep(), 4);
+    // Back from step 4 and Next again writes everything again.
     fs::remove(dir / "out/rewrite.log");
     wizard.cmdNav_Click(kNavBack);
     view.answersById[10038] = mb::kYes;
@@ -151,10 +127,8 @@ TEST_F(WizardTest, BackFromFourAndNextAgainWritesEverythingAgain) {
     EXPECT_EQ(wizard.CurrentStep(), 4);
     EXPECT_NE(view.FindMessage("Overwrite the project \"TideClock.hhp\""), nullptr);
     EXPECT_TRUE(dir.Exists("out/rewrite.log"));
-}
 
-TEST_F(WizardTest, ActivatingPopupsThenFinishedEnablesExit) {
-    WriteSample();
+    // Activating the popups, the Finished step enables Exit.
     wizard.controls.optYesPopups = true;
     wizard.controls.optNoPopups = false;
     Next();

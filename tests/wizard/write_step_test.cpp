@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
-#include <filesystem>
+#include <deque>
 
 #include "model/project_state.h"
 #include "platform/file_system.h"
@@ -58,65 +58,44 @@ TEST_F(WriteStepChecks, NeedsAScannedProject) {
     EXPECT_FALSE(tmp.Exists("new"));
 }
 
-TEST_F(WriteStepChecks, RefusesTheInputFolderHoweverItIsWritten) {
+// The input folder however it is written, a folder that is missing or cannot be
+// made, no name, an existing project: each asked or refused in its turn.
+TEST_F(WriteStepChecks, RefusesOrAcceptsTheTargetByTheAnswers) {
     std::string upper = tmp / "old";
     std::transform(upper.end() - 3, upper.end(), upper.end() - 3,
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    for (const std::string& folder : {tmp / "old", tmp / "old/", upper + "\\", tmp / "old/./"}) {
-        view.messages.clear();
-        Target(folder, "n.hhp");
-        EXPECT_FALSE(Check()) << folder;
-        EXPECT_EQ(view.MessageIds(), std::vector<long>{10014}) << folder;
-    }
-    EXPECT_EQ(view.messages[0].style, mb::kOKOnly);
-}
-
-TEST_F(WriteStepChecks, AMissingFolderIsCreatedOnlyWhenTheUserSaysYes) {
+    tmp.Write("made/mine.hhp", "mine");
     const struct {
-        int answer;
+        std::string folder, name;  // no name: nothing typed
+        std::deque<int> answers;
         std::vector<long> messages;
-    } cases[] = {{mb::kNo, {10011, 10014}}, {mb::kCancel, {10011}}, {mb::kYes, {10011}}};
+        bool accepted;
+    } cases[] = {
+        {tmp / "old", "n.hhp", {}, {10014}, false},
+        {tmp / "old/", "n.hhp", {}, {10014}, false},
+        {upper + "\\", "n.hhp", {}, {10014}, false},
+        {tmp / "old/./", "n.hhp", {}, {10014}, false},
+        {tmp / "missing/deeper/", "n.hhp", {mb::kYes}, {10011, 10013}, false},
+        {tmp / "new/", "n.hhp", {mb::kNo}, {10011, 10014}, false},
+        {tmp / "new/", "n.hhp", {mb::kCancel}, {10011}, false},  // so nothing was made
+        {tmp / "new/", "n.hhp", {mb::kYes}, {10011}, true},
+        {tmp / "made/", "", {}, {10015}, false},
+        {tmp / "made/", "n.hhp", {}, {}, true},
+        {tmp / "made/", "mine.hhp", {mb::kNo}, {10038}, false},
+        {tmp / "made/", "mine.hhp", {mb::kYes}, {10038}, true},
+    };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.answer);
+        SCOPED_TRACE(c.folder + c.name);
         view.messages.clear();
-        view.answers = {c.answer};
-        EXPECT_EQ(Check(), c.answer == mb::kYes);
+        view.answers = c.answers;
+        Target(c.folder, c.name);
+        if (c.name.empty()) txtRootPath.clear();
+        EXPECT_EQ(Check(), c.accepted);
         EXPECT_EQ(view.MessageIds(), c.messages);
-        EXPECT_EQ(tmp.Exists("new"), c.answer == mb::kYes);
     }
-    EXPECT_EQ(view.messages[0].style, mb::kYesNoCancel | mb::kQuestion);
-    EXPECT_NE(view.messages[0].text.find("The folder \"" + tmp / "new/" + "\""), std::string::npos);
-    EXPECT_EQ(wizard.Files.WriteRoot(), tmp / "new");
-}
-
-TEST_F(WriteStepChecks, AFolderThatCannotBeCreatedIsReported) {
-    Target(tmp / "missing/deeper/", "n.hhp");
-    view.answers = {mb::kYes};
-    EXPECT_FALSE(Check());
-    EXPECT_EQ(view.MessageIds(), (std::vector<long>{10011, 10013}));
     EXPECT_FALSE(tmp.Exists("missing"));
-}
-
-TEST_F(WriteStepChecks, NeedsANameAndAsksBeforeOverwritingAProject) {
-    std::filesystem::create_directories(tmp / "new");
-    txtRootPath.clear();
-    EXPECT_FALSE(Check());
-    EXPECT_EQ(view.MessageIds(), std::vector<long>{10015});
-
-    txtRootPath = tmp / "new/n.hhp";
-    view.messages.clear();
-    EXPECT_TRUE(Check());
-    EXPECT_TRUE(view.messages.empty());
-
-    tmp.Write("new/n.hhp", "mine");
-    view.answers = {mb::kNo};
-    EXPECT_FALSE(Check());
-    ASSERT_EQ(view.MessageIds(), std::vector<long>{10038});
-    EXPECT_EQ(view.messages[0].text,
-              "Overwrite the project \"n.hhp\" ,etc. in \n\"" + tmp / "new/" + "\"?");
-    EXPECT_EQ(tmp.Read("new/n.hhp"), "mine");
-    view.answers = {mb::kYes};
-    EXPECT_TRUE(Check());
+    EXPECT_EQ(tmp.Read("made/mine.hhp"), "mine");
+    EXPECT_EQ(wizard.Files.WriteRoot(), tmp / "made");
 }
 
 }  // namespace
