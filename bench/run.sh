@@ -131,12 +131,14 @@ if command -v strace >/dev/null; then
     n="${sizes[0]}" src="$work/in-${sizes[0]}"
     count_ops() {  # label, command...
         local label="$1"; shift
-        strace -f -qq -e trace=openat,rename,unlink,unlinkat -o "$work/ops" "$@" >/dev/null 2>&1 || true
+        strace -f -qq -e trace=openat,rename,link,linkat,unlink,unlinkat -o "$work/ops" "$@" \
+            >/dev/null 2>&1 || true
+        # An unnamed file (O_TMPFILE) counts as created; linking it in names it.
         awk -v label="$label" -v n="$n" '
-            /O_CREAT/ { created++ } /openat/ && !/O_CREAT/ { opened++ } /rename\(/ { renamed++ }
-            /unlink/ { unlinked++ }
-            END { printf "| %s | %.2f | %.2f | %.2f | %.2f |\n", label, opened / n, created / n,
-                         renamed / n, unlinked / n }' "$work/ops"
+            /O_CREAT|O_TMPFILE/ { created++ } /openat/ && !/O_CREAT|O_TMPFILE/ { opened++ }
+            /rename\(/ { renamed++ } /link(at)?\(/ && !/unlink/ { linked++ } /unlink/ { unlinked++ }
+            END { printf "| %s | %.2f | %.2f | %.2f | %.2f | %.2f |\n", label, opened / n,
+                         created / n, linked / n, renamed / n, unlinked / n }' "$work/ops"
     }
     mkdir -p "$work/ops-out"
     fs_ops="$(count_ops convert "$cli" convert "$src/Bench.hhp" "$work/ops-out/Bench.hhp" \
@@ -192,10 +194,10 @@ disk="$(df -hT "$work" | awk 'NR == 2 { print $2 " file system on " $1 ", " $3 "
     echo "- Largest convert/copy ratio: $worst_ratio (goal at most 2: $(verdict "$worst_ratio" 2))."
     if [ -n "$fs_ops" ]; then
         echo
-        echo "File-system calls per topic file at N=${sizes[0]} (strace; files opened for reading, files created, renames, deletions):"
+        echo "File-system calls per topic file at N=${sizes[0]} (strace; files opened for reading, files created, names given by a link, renames, deletions):"
         echo
-        echo "| tool | opened | created | renamed | deleted |"
-        echo "|---|---:|---:|---:|---:|"
+        echo "| tool | opened | created | linked | renamed | deleted |"
+        echo "|---|---:|---:|---:|---:|---:|"
         echo "$fs_ops"
     fi
     if [ ${#syscall_rows[@]} -gt 0 ]; then

@@ -38,21 +38,27 @@ void AddIncludedFiles(Conversion& wizard, const std::string& file, std::vector<s
 
 }  // namespace
 
+std::string IncludedName(std::string_view line, bool& angleForm) {
+    const std::size_t at = FindNoCase(line, kInclude);
+    std::string name = at == kNotFound ? Trim(line) : Trim(line.substr(at + kInclude.size()));
+    name = Trim(ReplaceAllExact(name, "\"", " "));
+    const std::size_t open = name.find('<');
+    angleForm = open != std::string::npos;
+    if (angleForm) {
+        name = name.substr(open + 1);
+        if (const std::size_t close = name.find('>'); close != std::string::npos)
+            name = name.substr(0, close);
+        name = Trim(name);
+    }
+    return name;
+}
+
 std::string FullPathofIncludeFile(Conversion& wizard, std::string_view line,
                                   std::string_view baseFolder, bool& found, BoxPosition position) {
     found = false;
     return Guarded(wizard.Errors, "modParser:FullPathofIncludeFile", std::string(), [&] {
-        const std::size_t at = FindNoCase(line, kInclude);
-        std::string name = at == kNotFound ? Trim(line) : Trim(line.substr(at + kInclude.size()));
-        name = Trim(ReplaceAllExact(name, "\"", " "));
-        const std::size_t open = name.find('<');
-        const bool angleForm = open != std::string::npos;
-        if (angleForm) {
-            name = name.substr(open + 1);
-            if (const std::size_t close = name.find('>'); close != std::string::npos)
-                name = name.substr(0, close);
-            name = Trim(name);
-        }
+        bool angleForm = false;
+        const std::string name = IncludedName(line, angleForm);
         const std::string path =
             HasDrive(name) ? name : modUtilities::MakeFullPathforFile(baseFolder, name);
         // A folder is no include file either.

@@ -12,6 +12,9 @@ class Conversion;
 
 namespace tamrix::modParser {
 
+/// The file name an "#include" line names, in the "<name>" (sets `angleForm`) or
+/// "name" form, as written.
+std::string IncludedName(std::string_view line, bool& angleForm);
 /// The absolute path of the file an "#include" line names: "<name>" and "name"
 /// forms, relative to baseFolder unless the name carries a drive. A missing file
 /// shows message 10036 (angle form) or 10037 and gives empty text.

@@ -24,6 +24,11 @@ bool CopyMapFiles(Conversion& wizard, const std::vector<std::string>& includedMa
 /// Rewrites the [MAP] section of the new project file to include the copied map files.
 bool AddMapFiles(Conversion& wizard, const NewFileList& newMapFiles,
                  const std::string& newProjectFile);
+/// When the [MAP] section of the new project file stayed as the old project had
+/// it, copies the files it includes by a name inside the project folder from the
+/// old folder, so that the new project still finds its map headers.
+bool CopyKeptMapIncludes(Conversion& wizard, const std::string& oldProjectFile,
+                         const std::string& newProjectFile);
 /// mapFileName is in/out: the user may choose another name.
 bool WriteNewMapFile(Conversion& wizard, std::string& mapFileName, const std::string& folder);
 /// Fills newAliasFiles and returns the names of the two new alias files.

@@ -6,12 +6,14 @@
 #include "model/conversion.h"
 #include "model/project_state.h"
 #include "parser/context_id_value.h"
+#include "parser/winhelp_includes.h"
 #include "parser/winhelp_reader.h"
 #include "platform/byte_text.h"
 #include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/profile.h"
 #include "platform/program_error.h"
+#include "rewrite/containment.h"
 #include "rewrite/header_file_names.h"
 #include "rewrite/map_alias_writer.h"
 
@@ -45,6 +47,33 @@ bool CopyMapFiles(Conversion& wizard, const std::vector<std::string>& includedMa
             name = UniqueCopyName(taken, WithHeaderExtension(name));
             modParser::AddMapFile(wizard, newMapFiles.names, newMapFiles.count, name);
             wizard.Files.CopyFile(oldPath, modUtilities::MakeFullPathforFile(newRootPath, name));
+        }
+        return true;
+    });
+}
+
+bool CopyKeptMapIncludes(Conversion& wizard, const std::string& oldProjectFile,
+                         const std::string& newProjectFile) {
+    return Guarded(wizard.Errors, "modRewrite:CopyKeptMapIncludes", false, [&] {
+        std::string section;
+        if (profile::GetSection(wizard.Files, newProjectFile, "MAP", section) <= 0) return true;
+        const std::string oldFolder = modUtilities::FilePathOnly(oldProjectFile);
+        const std::string newFolder = modUtilities::FilePathOnly(newProjectFile);
+        for (const std::string& line : Split(section, '\0')) {
+            if (!StartsWithNoCase(Trim(TabsToSpaces(line)), "#include")) continue;
+            bool angleForm = false;
+            const std::string name = modParser::IncludedName(line, angleForm);
+            // A drive or a climb out names a file the old project did not hold either.
+            if (!IsSafeRelativeName(name)) continue;
+            const std::string from = modUtilities::MakeFullPathforFile(oldFolder, name);
+            const std::string to = modUtilities::MakeFullPathforFile(newFolder, name);
+            if (!modUtilities::FileExists(wizard.Files, from) ||
+                modUtilities::FileExists(wizard.Files, to))
+                continue;
+            const std::string folder = modUtilities::FilePathOnly(name);
+            if (folder.empty() ||
+                modUtilities::CreateFolder(wizard.Files, wizard.Errors, newFolder, folder))
+                wizard.Files.CopyFile(from, to);
         }
         return true;
     });

@@ -57,6 +57,8 @@ bool RewriteHelpProject(Conversion& wizard, const std::string& oldProjectFile,
         const bool mapSectionIds = g.ProjectContextIDs && g.ProjectContextIDs->Count() > 0;
         if (ok && (mapSectionIds || g.MapFileCount >= 1))
             ok = AddMapFiles(wizard, newMapFiles, newProjectFile);
+        else if (ok)
+            CopyKeptMapIncludes(wizard, oldProjectFile, newProjectFile);
         modUtilities::UpdateProgressBar(wizard, 2);
         ClearFileDefined(g.MapContextIDs);
         ClearFileDefined(g.ProjectContextIDs);

@@ -90,6 +90,24 @@ TEST_F(MapAliasWriter, MapFilesAreCopiedAsHeadersAndIncludedOnce) {
     EXPECT_TRUE(view.messages.empty());
 }
 
+// A [MAP] section left as the old project had it keeps finding its headers: those
+// beside the old project come along; absolute names and climbs out stay behind.
+TEST_F(MapAliasWriter, KeptMapSectionBringsItsHeadersAlong) {
+    tmp.Write("old/old.h", "#define IDH_A 1\r\n");
+    tmp.Write("old/inc/ids.h", "#define IDH_B 2\r\n");
+    tmp.Write("outside.h", "#define IDH_C 3\r\n");
+    std::string section;
+    for (const char* line : {"#include old.h", "#include <inc\\ids.h>", "#include ..\\outside.h",
+                             "#include C:\\VC98\\afxhelp.hm", "#include missing.h"})
+        section += std::string(line) + '\0';
+    profile::WriteSection(wizard.Files, project, "MAP", section);
+    ASSERT_TRUE(CopyKeptMapIncludes(wizard, oldDir + "/old.hhp", project));
+    EXPECT_EQ(New("old.h"), "#define IDH_A 1\r\n");
+    EXPECT_EQ(New("inc/ids.h"), "#define IDH_B 2\r\n");
+    EXPECT_EQ(Tree(newDir).size(), 3u) << ::testing::PrintToString(Tree(newDir));
+    EXPECT_TRUE(view.messages.empty());
+}
+
 TEST_F(MapAliasWriter, NewMapFileHoldsTheProjectsOwnDefinitionsWhenAllowed) {
     std::string name = "NewMap.h";
     ASSERT_TRUE(WriteNewMapFile(wizard, name, newDir));  // no definitions: nothing written
