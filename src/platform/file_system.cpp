@@ -407,8 +407,7 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, bool 
             RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
     }
     SweepTempFiles(ParentOf(disk));
-    const bool oldLinked = !linked_.empty() && linked_.erase(resolved) != 0;
-    if (const int error = native::WriteReplacing(disk, kTempPrefix, content, oldLinked))
+    if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
         RaiseError(error, disk);
     if (folder != nullptr) AddKeys(folder->own, NamePart(disk));
     NoteWritten(disk, resolved, folder == nullptr);
@@ -434,6 +433,27 @@ void FileSystem::CopyFile(std::string_view from, std::string_view to) {
     if (!LinkWritten(from, to)) WriteAll(to, ReadAll(from));
 }
 
+void FileSystem::ReplaceKeepingOld(std::string_view path, std::string_view backup,
+                                   std::string_view content) {
+    CheckInterrupt();
+    std::string disk, resolved, backupDisk, backupResolved;
+    WriteFolder* folder = KnownTarget(GetAbsolutePathName(path), disk, resolved);
+    WriteFolder* backupFolder =
+        folder != nullptr && written_.count(resolved) != 0
+            ? KnownTarget(GetAbsolutePathName(backup), backupDisk, backupResolved)
+            : nullptr;
+    if (backupFolder == nullptr || FindName(backupFolder->own, NamePart(backupDisk)) != nullptr) {
+        CopyFile(path, backup);
+        WriteAll(path, content);
+        return;
+    }
+    if (const int error = native::WriteReplacing(disk, kTempPrefix, content, &backupDisk))
+        RaiseError(error, disk);
+    AddKeys(backupFolder->own, NamePart(backupDisk));
+    NoteWritten(backupDisk, backupResolved, false);
+    if (!kept_.empty()) kept_.erase(resolved);
+}
+
 // Links a file this run wrote under a new name in a folder met before; false
 // when that cannot be done and the copy must be written.
 bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
@@ -450,7 +470,6 @@ bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
     WriteFolder* folder = KnownTarget(GetAbsolutePathName(to), disk, resolved);
     if (folder == nullptr || FindName(folder->own, NamePart(disk)) != nullptr) return false;
     if (native::LinkFile(fromDisk, disk) != 0) return false;
-    linked_.insert(JoinDisk(sourceFolder.resolved, *name));
     AddKeys(folder->own, NamePart(disk));
     NoteWritten(disk, resolved, false);
     return true;

@@ -39,8 +39,9 @@ public:
 
     /// Reads a whole regular file; failures raise BasicError (53, 70, 75, 76).
     std::string ReadAll(std::string_view path);
-    /// Writes through a temporary file in the destination folder and renames it into
-    /// place, so an interruption never leaves a half-written file. Temporary files
+    /// Writes the content where no one sees it until it is whole (an unnamed file, or
+    /// a temporary one in the destination folder) and then names it, so an
+    /// interruption never leaves a half-written file. Temporary files
     /// that a killed run left in the folder are removed on its first write. With
     /// `keep`, ReadAll takes the content from memory until the file is replaced.
     void WriteAll(std::string_view path, std::string_view content, bool keep = false);
@@ -48,6 +49,10 @@ public:
     /// this run wrote gets the new name as a second link where the system allows:
     /// it is only ever replaced whole, so the copy keeps its content.
     void CopyFile(std::string_view from, std::string_view to);
+    /// Writes `content` over `path`, its old content kept as `backup`: a file this
+    /// run wrote moves there when `backup` is a new name, else it is copied.
+    void ReplaceKeepingOld(std::string_view path, std::string_view backup,
+                           std::string_view content);
     /// Creates one folder (its parent must exist); an existing one is no error.
     void CreateFolder(std::string_view path);
     /// Removes a file; a missing file is no error. Checked like a write.
@@ -154,7 +159,6 @@ private:
     std::unordered_set<Identity, IdentityHash> inputFiles_;
     std::vector<RefusedWrite> refused_;
     std::unordered_set<std::string> written_;
-    std::unordered_set<std::string> linked_;  // written files given a second name, by resolved path
     void (*interruptCheck_)() = nullptr;
     std::string runMarker_;
     std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files

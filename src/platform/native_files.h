@@ -66,15 +66,15 @@ bool ListFolder(const std::string& folder, std::vector<std::string>& names);
 /// again only when the file turns out larger.
 int ReadWholeFile(const std::string& path, std::string& content, Status& status,
                   bool known = false);
-/// Writes a temporary file named `tempPrefix` followed by six letters or digits
-/// in the folder of `path`, then renames it over `path`; the temporary file is
-/// removed on failure. The file gets the mode any new file gets, in as few
-/// system calls as the system allows: this runs once per file written.
-/// `oldLinked` says the file at `path` has another name that keeps its content,
-/// so it may be unlinked first: on ext4, renaming over a file forces the new
-/// data out to disk at once.
+/// Writes `content` where no one sees it until it is whole (an unnamed file, or a
+/// temporary one named `tempPrefix` followed by six letters or digits in the
+/// folder of `path`, removed on failure), then gives it the name `path`. The file
+/// gets the mode any new file gets, in as few system calls as the system allows:
+/// this runs once per file written.
+/// With `moveOldTo`, the file at `path` moves there once the new content is
+/// written, and the new file takes the freed name.
 int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content,
-                   bool oldLinked = false);
+                   const std::string* moveOldTo = nullptr);
 /// Gives an existing file a second name, which must not exist yet.
 int LinkFile(const std::string& from, const std::string& to);
 /// Creates a folder; an existing entry sets `created` false and is no error.

@@ -169,54 +169,32 @@ int RenameOver(const std::string& temp, const std::string& path) {
 
 constexpr int kUnsupported = -1;
 
-// Renaming over a file on ext4 forces the new data out to disk at once; when the
-// old content lives on under another name, its name goes first.
-void DropLinked(const std::string& path, bool oldLinked) {
-    if (oldLinked) ::unlink(path.c_str());
+// Moves the file at `path` to `*moveOldTo` when that is given.
+int MoveOld(const std::string& path, const std::string* moveOldTo) {
+    if (moveOldTo == nullptr || ::rename(path.c_str(), moveOldTo->c_str()) == 0) return 0;
+    return ErrnoToError(errno);
 }
 
-// Writes `content` as a file no one sees until it is whole, then names it: a new
-// name costs one directory change instead of a temporary name's two. kUnsupported
-// when the system cannot do that here, having left nothing behind.
-int WriteUnnamed(const std::string& path, const std::string& prefix, std::string_view content,
-                 bool oldLinked) {
-#ifdef O_TMPFILE
-    const int fd = ::open(FolderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
-    if (fd < 0) {
-        if (errno == ENOENT || errno == ENOTDIR) return err::kPathNotFound;
-        return errno == EACCES || errno == EROFS ? ErrnoToError(errno) : kUnsupported;
+// Gives the whole unnamed file `fd` the name `path`, by a temporary name and a rename
+// when a file has it already, so that one stays whole until then.
+int NameOrReplace(int fd, const std::string& path, const std::string& prefix) {
+    if (NameUnnamed(fd, path)) return 0;
+    if (errno != EEXIST) {
+        // No /proc, or linking refused: the named way may work.
+        return errno == ENOENT || errno == EPERM || errno == EXDEV ? kUnsupported
+                                                                   : ErrnoToError(errno);
     }
-    int result = kUnsupported;
-    if (!WriteFully(fd, content)) {
-        ::close(fd);
-        return err::kDeviceIO;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        const std::string temp = prefix + TempSuffix();
+        if (NameUnnamed(fd, temp)) return RenameOver(temp, path);
+        if (errno != EEXIST) return ErrnoToError(errno);
     }
-    DropLinked(path, oldLinked);
-    if (NameUnnamed(fd, path)) {
-        result = 0;
-    } else if (errno == EEXIST) {
-        // Replacing takes a temporary name and a rename, so the old file stays whole until then.
-        for (int attempt = 0; attempt < 100 && result == kUnsupported; ++attempt) {
-            const std::string temp = prefix + TempSuffix();
-            if (NameUnnamed(fd, temp))
-                result = RenameOver(temp, path);
-            else if (errno != EEXIST)
-                result = ErrnoToError(errno);
-        }
-    } else if (errno != ENOENT && errno != EPERM && errno != EXDEV) {
-        result = ErrnoToError(errno);  // else no /proc, or linking refused: the named way may work
-    }
-    ::close(fd);
-    return result;
-#else
-    (void)path, (void)prefix, (void)content, (void)oldLinked;
-    return kUnsupported;
-#endif
+    return err::kPathFileAccess;
 }
 
 // Writes `content` to a new temporary file and renames it over `path`.
 int WriteNamed(const std::string& path, const std::string& prefix, std::string_view content,
-               bool oldLinked) {
+               const std::string* moveOldTo) {
     std::string temp;
     int fd = -1;
     for (int attempt = 0; fd < 0 && attempt < 100; ++attempt) {
@@ -228,28 +206,43 @@ int WriteNamed(const std::string& path, const std::string& prefix, std::string_v
         const int error = ErrnoToError(errno);
         return error == err::kFileNotFound ? err::kPathNotFound : error;
     }
-    if (!WriteFully(fd, content)) {
-        ::close(fd);
+    const bool written = WriteFully(fd, content);
+    int error = ::close(fd) == 0 && written ? 0 : err::kDeviceIO;
+    if (error == 0) error = MoveOld(path, moveOldTo);
+    if (error != 0) {
         ::unlink(temp.c_str());
-        return err::kDeviceIO;
+        return error;
     }
-    if (::close(fd) != 0) {
-        const int e = errno;
-        ::unlink(temp.c_str());
-        return ErrnoToError(e);
-    }
-    DropLinked(path, oldLinked);
     return RenameOver(temp, path);
+}
+
+// Writes `content` as a file no one sees until it is whole, then names it: a new
+// name costs one directory change instead of a temporary name's two.
+int WriteUnnamed(const std::string& path, const std::string& prefix, std::string_view content,
+                 const std::string* moveOldTo) {
+#ifdef O_TMPFILE
+    const int fd = ::open(FolderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+    if (fd < 0) {
+        if (errno == ENOENT || errno == ENOTDIR) return err::kPathNotFound;
+        if (errno == EACCES || errno == EROFS) return ErrnoToError(errno);
+        return WriteNamed(path, prefix, content, moveOldTo);  // no unnamed files here
+    }
+    int result = WriteFully(fd, content) ? MoveOld(path, moveOldTo) : err::kDeviceIO;
+    if (result == 0) result = NameOrReplace(fd, path, prefix);
+    ::close(fd);
+    // The old file has moved already, if it was to.
+    return result == kUnsupported ? WriteNamed(path, prefix, content, nullptr) : result;
+#else
+    return WriteNamed(path, prefix, content, moveOldTo);
+#endif
 }
 
 }  // namespace
 
 int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content,
-                   bool oldLinked) {
+                   const std::string* moveOldTo) {
     // Files are made with mode 0666 less the umask, as any new file, so no fchmod follows.
-    const std::string prefix = FolderOf(path) + "/" + std::string(tempPrefix);
-    const int result = WriteUnnamed(path, prefix, content, oldLinked);
-    return result == kUnsupported ? WriteNamed(path, prefix, content, oldLinked) : result;
+    return WriteUnnamed(path, FolderOf(path) + "/" + std::string(tempPrefix), content, moveOldTo);
 }
 
 int LinkFile(const std::string& from, const std::string& to) {

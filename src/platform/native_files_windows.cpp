@@ -293,9 +293,8 @@ int ReadWholeFile(const std::string& path, std::string& content, Status& status,
     return 0;
 }
 
-// Replacing by MoveFileExW costs no forced write, so a linked old file stays until then.
 int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::string_view content,
-                   bool /*oldLinked*/) {
+                   const std::string* moveOldTo) {
     static constexpr char kLetters[] =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
     // One generator per thread: conversions may run side by side.
@@ -338,6 +337,12 @@ int WriteReplacing(const std::string& path, std::string_view tempPrefix, std::st
     if (!written) {
         ::DeleteFileW(temp.c_str());
         return err::kDeviceIO;
+    }
+    if (moveOldTo != nullptr &&
+        !::MoveFileExW(ApiPath(path).c_str(), ApiPath(*moveOldTo).c_str(), 0)) {
+        const DWORD code = ::GetLastError();
+        ::DeleteFileW(temp.c_str());
+        return ErrorNumber(code);
     }
     if (!::MoveFileExW(temp.c_str(), ApiPath(path).c_str(), MOVEFILE_REPLACE_EXISTING)) {
         const DWORD code = ::GetLastError();

@@ -109,8 +109,11 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
             // Where the topic rewriter wrote it: the [FILES] folder and the new name.
             const std::string path = modUtilities::MakeFullPathforFile(
                 root, modUtilities::FilePathOnly(caller->AutoNamePath) + caller->NewFileName);
+            const std::string backup =
+                modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName);
             bool loaded = false;
             bool declared = false;  // the declarations are in the buffer
+            bool backedUp = false;  // the file as written goes to the backup folder
             bool dirty = false;
             for (const auto& target : caller->targets()) {
                 const auto popup = topics->Find(Before(target->TargetString, '#'));
@@ -120,15 +123,15 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
                     loaded = true;
                 }
                 if (!declared && NeedsDeclarations(*caller, buffer)) {
-                    fs.CopyFile(
-                        path, modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName));
                     InsertDeclarations(buffer, *caller);
+                    backedUp = true;
                     dirty = true;
                 }
                 declared = true;
                 buffer.SetSelStart(0);
                 const long body = buffer.Find("<BODY", 0);
                 if (body < 0) {
+                    if (backedUp) fs.CopyFile(path, backup);
                     ReportBadFormat(wizard, current, 0);
                     return false;
                 }
@@ -137,7 +140,10 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
                     dirty = true;
             }
             // Saved once with all its links, so a file is either as written before or done.
-            if (dirty) {
+            if (backedUp) {
+                fs.ReplaceKeepingOld(path, backup, buffer.Text());
+                caller->JavaModified = true;
+            } else if (dirty) {
                 buffer.SaveFile(wizard.Files, path);
                 caller->JavaModified = true;
             }
