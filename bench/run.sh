@@ -9,7 +9,7 @@
 # as many images (default: 100000 1000000), and checks that no input changed.
 #
 # Environment: BUILD (default build-rel), WORK (default /tmp/tamrix-bench; a
-# fresh folder under it is used and removed at the end),
+# fresh folder under it is used and removed at the end unless KEEP_WORK=1),
 # RUNS (default 3), SEED (default 1), NOTES (text appended to the results,
 # default bench/NOTES.md when present), SYSCALL_SIZES (the sizes whose system
 # calls strace counts, default 1000 and 10000 when measured).
@@ -42,7 +42,9 @@ fi
 # would charge the cost of the cleanup to the next measurement.
 work="$work/run-$(date +%Y%m%d-%H%M%S)-$$"
 mkdir -p "$work"
-trap 'rm -rf "$work"' EXIT
+# KEEP_WORK=1 leaves the folder for the caller to remove, so that a second run
+# right after this one is not slowed by the deletion.
+[ "${KEEP_WORK:-0}" = 1 ] || trap 'rm -rf "$work"' EXIT
 now_ns() { date +%s%N; }
 median() { sort -g | awk '{ v[NR] = $1 } END { print (NR % 2) ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'; }
 max() { sort -g | tail -n 1; }
