@@ -15,6 +15,15 @@ namespace {
 
 std::string Count(long n) { return FormatNumber(static_cast<double>(n), "0"); }
 
+// A heading and its names after an empty line; nothing when there are none.
+void AddNamedList(IReport& report, const std::string& heading,
+                  const std::vector<std::string>& names) {
+    if (names.empty()) return;
+    report.AddLine("");
+    report.AddLine(heading);
+    for (const std::string& name : names) report.AddLine(name);
+}
+
 long DefinedCount(const std::shared_ptr<CContextIDs>& ids) {
     long n = 0;
     for (const auto& id : *ids) n += id->FileDefined ? 1 : 0;
@@ -144,28 +153,16 @@ bool WriteRewriteLog(Conversion& wizard, CSummary& report, int undefinedCount, i
         WriteAliasCounts(wizard, report);
         WriteUnaliased(wizard, report, undefinedCount, zeroCount);
 
-        const auto& refused = wizard.Globals.RefusedFiles;
-        if (!refused.empty()) {
-            report.AddLine("");
-            report.AddLine("Files refused because they would lie outside the new project folder:");
-            for (const std::string& name : refused) report.AddLine(name);
-        }
-        const auto& keptNames = wizard.Globals.RefusedTopicIDs;
-        if (!keptNames.empty()) {
-            report.AddLine("");
-            report.AddLine(
-                "Topic files that keep their old names because their topic IDs cannot be file "
-                "names:");
-            for (const std::string& name : keptNames) report.AddLine(name);
-        }
-        const auto& clashing = wizard.Globals.ClashingTopicIDs;
-        if (!clashing.empty()) {
-            report.AddLine("");
-            report.AddLine(
-                "Topic files that keep their old names because another topic file has the new "
-                "name:");
-            for (const std::string& name : clashing) report.AddLine(name);
-        }
+        AddNamedList(report, "Files refused because they would lie outside the new project folder:",
+                     wizard.Globals.RefusedFiles);
+        AddNamedList(report,
+                     "Topic files that keep their old names because their topic IDs cannot be "
+                     "file names:",
+                     wizard.Globals.RefusedTopicIDs);
+        AddNamedList(report,
+                     "Topic files that keep their old names because another topic file has the "
+                     "new name:",
+                     wizard.Globals.ClashingTopicIDs);
         const auto& refusedWrites = wizard.Files.RefusedWrites();
         if (!refusedWrites.empty()) {
             report.AddLine("");
