@@ -82,8 +82,13 @@ PopupText CleanPopupBody(ErrorReporter& errors, const ProjectState& project, std
 
 PopupText ReadPopupTopic(Conversion& wizard, const std::string& root, const CTopicFile& topic,
                          PopupKind kind) {
-    TextReader reader(wizard.Files,
-                      modUtilities::MakeFullPathforFile(root, "html/" + topic.NewFileName));
+    // Where the write step put it; html\ when it wrote nothing there, so that no
+    // name from the old project leads the reader outside the new folder.
+    std::string path = modUtilities::MakeFullPathforFile(
+        root, modUtilities::FilePathOnly(topic.AutoNamePath) + topic.NewFileName);
+    if (!wizard.Files.Written(path))
+        path = modUtilities::MakeFullPathforFile(root, "html/" + topic.NewFileName);
+    TextReader reader(wizard.Files, path);
     return CleanPopupBody(wizard.Errors, wizard.Globals, HTMLBodyContents(wizard.Errors, reader),
                           kind);
 }

@@ -24,7 +24,8 @@ struct PopupText {
 /// Cleans the body text of a popup topic for the given kind of popup.
 PopupText CleanPopupBody(ErrorReporter& errors, const ProjectState& project, std::string body,
                          PopupKind kind);
-/// Reads the topic's renamed file under root + "html/" and cleans its body.
+/// Reads the topic's renamed file where the write step put it (else under root +
+/// "html/") and cleans its body.
 /// Raises BasicError when the file cannot be read.
 PopupText ReadPopupTopic(Conversion& wizard, const std::string& root, const CTopicFile& topic,
                          PopupKind kind);

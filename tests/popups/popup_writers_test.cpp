@@ -197,6 +197,27 @@ TEST_F(PopupWriters, AMissingRenamedFileFailsTheWriter) {
     EXPECT_TRUE(view_.ErrorNamed("modPopups:WriteJavaPopupStrings"));
 }
 
+// A popup listed outside html\ is read where the write step put it; a name that
+// leads out of the new folder is not followed.
+TEST_F(PopupWriters, PopupsAreReadWhereTheyWereWritten) {
+    const std::string root = dir_ / "new";
+    dir_.Write("new/html/idh_out.htm", TopicHtml("<P>Inside</P>\n"));
+    wizard_.Files.SetWriteRoot(root);
+    testing::AddScannedTopic(*wizard_.Globals.TopicFiles, "pages\\afx1.htm", "idh_page", false)
+        ->InternalReferences = 1;
+    wizard_.Files.CreateFolder(root + "/pages");
+    wizard_.Files.WriteAll(root + "/pages/idh_page.htm", TopicHtml("<P>From pages</P>\n"));
+    testing::AddScannedTopic(*wizard_.Globals.TopicFiles, "..\\old\\afx2.htm", "idh_out", false)
+        ->InternalReferences = 1;
+    dir_.Write("old/idh_out.htm", TopicHtml("<P>Outside</P>\n"));
+    int count = 0;
+    ASSERT_TRUE(
+        WriteJavaPopupStrings(wizard_, *wizard_.Globals.TopicFiles, root, "popups.js", count));
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(ReadFileBytes(root + "/popups.js"),
+              ScriptHeader() + "idh_page = \"From pages\"\r\nidh_out = \"Inside\"\r\n");
+}
+
 TEST_F(PopupWriters, TheSectionListsTheTextFilesBeforeTheScriptFile) {
     const std::string project = dir_.Write(
         "new.hhp",
