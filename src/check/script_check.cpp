@@ -4,6 +4,8 @@
 #include <array>
 #include <cctype>
 
+#include "platform/byte_text.h"
+
 namespace tamrix::check {
 namespace {
 
@@ -139,7 +141,7 @@ private:
     }
 
     std::string Rest() const {
-        const std::size_t end = text_.find_first_of("\r\n", pos_);
+        const std::size_t end = FindLineBreak(text_, pos_);
         return std::string(text_.substr(pos_, std::min<std::size_t>(end - pos_, 40)));
     }
 

@@ -17,8 +17,7 @@ std::string ProjectFile(Wizard& wizard) {
 }
 
 std::string TopicPath(Wizard& wizard, const CTopicFile& topic) {
-    return modUtilities::MakeFullPathforFile(
-        wizard.NewRootPath, modUtilities::FilePathOnly(topic.AutoNamePath) + topic.NewFileName);
+    return modUtilities::MakeFullPathforFile(wizard.NewRootPath, topic.NewNamePath());
 }
 
 struct TopicCounts {

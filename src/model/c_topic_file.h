@@ -3,6 +3,7 @@
 
 #include "model/c_target.h"
 #include "platform/counter16.h"
+#include "platform/path_helpers.h"
 
 namespace tamrix {
 
@@ -24,6 +25,11 @@ public:
     std::string Context;       ///< topic ID: the first anchor name after the body start
     std::string AutoFileName;  ///< AutoNamePath without its folder; the key in TopicFiles
     std::string NewFileName;   ///< Context + ".htm", or AutoFileName without an ID
+    /// Where the write step puts the file, relative to the new project folder: the
+    /// [FILES] folder and the new name.
+    std::string NewNamePath() const {
+        return modUtilities::FilePathOnly(AutoNamePath) + NewFileName;
+    }
     /// Set once popup links have been written into the file.
     bool JavaModified = false;
 

@@ -84,8 +84,7 @@ PopupText ReadPopupTopic(Conversion& wizard, const std::string& root, const CTop
                          PopupKind kind) {
     // Where the write step put it; html\ when it wrote nothing there, so that no
     // name from the old project leads the reader outside the new folder.
-    std::string path = modUtilities::MakeFullPathforFile(
-        root, modUtilities::FilePathOnly(topic.AutoNamePath) + topic.NewFileName);
+    std::string path = modUtilities::MakeFullPathforFile(root, topic.NewNamePath());
     if (!wizard.Files.Written(path))
         path = modUtilities::MakeFullPathforFile(root, "html/" + topic.NewFileName);
     TextReader reader(wizard.Files, path);

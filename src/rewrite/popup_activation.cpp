@@ -106,9 +106,7 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
             modUtilities::UpdateProgressBar(wizard, std::min(++visited, Counter16::kMax));
             current = caller->NewFileName;
             if (!TopicTargetIsSafe(*caller)) continue;  // never written
-            // Where the topic rewriter wrote it: the [FILES] folder and the new name.
-            const std::string path = modUtilities::MakeFullPathforFile(
-                root, modUtilities::FilePathOnly(caller->AutoNamePath) + caller->NewFileName);
+            const std::string path = modUtilities::MakeFullPathforFile(root, caller->NewNamePath());
             const std::string backup =
                 modUtilities::MakeFullPathforFile(backupFolder, caller->NewFileName);
             bool loaded = false;

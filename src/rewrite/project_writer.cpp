@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include "model/conversion.h"
 
 #include "messages/messages.h"
@@ -30,9 +31,8 @@ using modUtilities::FilePathOnly;
 }  // namespace
 
 bool TopicTargetIsSafe(const CTopicFile& topic) {
-    const std::string& name = topic.NewFileName;
-    if (name.find_first_of("\\/") != std::string::npos) return false;
-    return IsSafeRelativeName(FilePathOnly(topic.AutoNamePath) + name);
+    if (topic.NewFileName.find_first_of("\\/") != std::string::npos) return false;
+    return IsSafeRelativeName(topic.NewNamePath());
 }
 
 void SettleNewFileNames(Conversion& wizard) {
@@ -53,31 +53,26 @@ void SettleNewFileNames(Conversion& wizard) {
 void KeepClashingNames(Conversion& wizard) {
     // Who writes each file, by folder and name folded to one case as Windows sees them.
     std::unordered_map<std::string, CTopicFile*> writer;
-    auto fileOf = [](const CTopicFile& topic) {
-        return Fold(FilePathOnly(topic.AutoNamePath) + topic.NewFileName);
-    };
+    auto fileOf = [](const CTopicFile& topic) { return Fold(topic.NewNamePath()); };
     auto kept = [](const CTopicFile& topic) { return topic.NewFileName == topic.AutoFileName; };
     // Names that stay cannot move, so they are placed first.
     for (const auto& topic : *wizard.Globals.TopicFiles)
         if (kept(*topic)) writer.emplace(fileOf(*topic), topic.get());
+    // A topic sent back to its old name may evict a renamed one that took it; each
+    // topic goes back at most once, so this ends.
     for (const auto& topic : *wizard.Globals.TopicFiles) {
-        CTopicFile* next = kept(*topic) ? nullptr : topic.get();
-        // A topic sent back to its old name may evict a renamed one that took it; each
-        // topic goes back at most once, so this ends.
-        while (next != nullptr) {
-            CTopicFile* placing = next;
-            next = nullptr;
+        CTopicFile* placing = kept(*topic) ? nullptr : topic.get();
+        while (placing != nullptr) {
             const auto [it, placed] = writer.emplace(fileOf(*placing), placing);
             if (placed) break;
-            if (kept(*placing)) {
-                if (kept(*it->second)) break;  // one old name listed twice
-                next = it->second;
-                it->second = placing;
-                continue;
+            if (!kept(*placing)) {
+                RefuseTakenName(wizard, *placing, *it->second);
+                placing->NewFileName = placing->AutoFileName;  // tried again under its old name
+            } else if (kept(*it->second)) {
+                break;  // one old name listed twice
+            } else {
+                std::swap(placing, it->second);  // the renamed holder goes back next
             }
-            RefuseTakenName(wizard, *placing, *it->second);
-            placing->NewFileName = placing->AutoFileName;
-            next = placing;
         }
     }
 }

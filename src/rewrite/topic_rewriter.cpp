@@ -29,12 +29,12 @@ bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& 
         const std::string relFolder = modUtilities::FilePathOnly(topic.AutoNamePath);
         const std::string oldPath = oldFolder + topic.AutoNamePath;
         if (!TopicTargetIsSafe(topic)) {
-            RefuseOutsideFile(wizard, relFolder + topic.NewFileName);
+            RefuseOutsideFile(wizard, topic.NewNamePath());
             return true;
         }
         modUtilities::CreateFolder(wizard.Files, wizard.Errors, newRootPath,
                                    relFolder);  // a failure shows when saving
-        const std::string newPath = newRootPath + "\\" + relFolder + topic.NewFileName;
+        const std::string newPath = newRootPath + "\\" + topic.NewNamePath();
 
         FileSystem& fs = wizard.Files;
         const std::string old = fs.ReadAll(oldPath);
