@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cctype>
 #include <optional>
+#include <thread>
+#include <utility>
 
 #include "platform/byte_text.h"
 #include "platform/native_files.h"
@@ -89,6 +91,19 @@ std::string Resolved(const std::string& absolute) {
     return JoinDisk(parent, absolute.substr(absolute.rfind('/') + 1));
 }
 
+// Whether the components after `from` are all names: none empty, "." or "..".
+bool IsCanonical(std::string_view path, std::size_t from) {
+    if (from >= path.size()) return false;
+    for (std::size_t start = from;;) {
+        const std::size_t slash = path.find('/', start);
+        const std::size_t end = slash == std::string_view::npos ? path.size() : slash;
+        const std::string_view part = path.substr(start, end - start);
+        if (part.empty() || part == "." || part == "..") return false;
+        if (end == path.size()) return true;
+        start = end + 1;
+    }
+}
+
 bool InsideOrSame(const std::string& path, const std::string& folder) {
     return path.compare(0, folder.size(), folder) == 0 &&
            (path.size() == folder.size() || folder.ends_with('/') || path[folder.size()] == '/');
@@ -111,6 +126,7 @@ const std::string* FileSystem::FindEntry(const std::string& folder, std::string_
 }
 
 std::string FileSystem::DiskPath(std::string_view path) {
+    Settle();
     const std::string plain = Slashes(path);
     if (plain.empty() || native::NamesIgnoreCase() || Exists(plain)) return plain;
     const bool absolute = plain[0] == '/';
@@ -138,6 +154,7 @@ std::string FileSystem::DiskPath(std::string_view path) {
 // A path that exists as written is answered by one look at it.
 bool FileSystem::FileExists(std::string_view path) {
     if (path.empty()) return false;
+    Settle();
     std::string plain = Slashes(path);
     const auto status = native::StatusOf(plain);
     if (!status) return IsKind(DiskPath(path), native::Kind::kFile);
@@ -150,12 +167,14 @@ bool FileSystem::FolderExists(std::string_view path) {
     if (path.empty()) return false;
     const std::string plain = Slashes(path);
     if (plain[0] == '/' && writeFolders_.count(GetAbsolutePathName(plain)) != 0) return true;
+    Settle();
     const auto status = native::StatusOf(plain);
     return status ? status->kind == native::Kind::kFolder
                   : IsKind(DiskPath(path), native::Kind::kFolder);
 }
 
 bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
+    Settle();
     const std::string diskA = DiskPath(GetAbsolutePathName(a));
     const std::string diskB = DiskPath(GetAbsolutePathName(b));
     const auto idA = IdentityOf(diskA), idB = IdentityOf(diskB);
@@ -172,6 +191,8 @@ std::string FileSystem::GetAbsolutePathName(std::string_view path) {
         text = native::CurrentDrive() + text;
     }
     const std::size_t rootLength = native::RootLength(text);
+    if (rootLength > 0 && text[rootLength - 1] == '/' && IsCanonical(text, rootLength))
+        return text;  // the common case, without taking it apart
     std::string out = text.substr(0, rootLength);
     if (!out.ends_with('/')) out += '/';
     text.erase(0, rootLength);
@@ -206,6 +227,7 @@ std::string FileSystem::ReadAll(std::string_view path) {
     CheckInterrupt();
     if (!kept_.empty())
         if (auto kept = KeptContent(path)) return std::move(*kept);
+    SettleBeforeReading(path);
     std::string content;
     native::Status status;
     // Read as written; only a failure looks further (and names the reason).
@@ -227,11 +249,14 @@ std::string FileSystem::ReadAll(std::string_view path) {
 }
 
 void FileSystem::SetWriteRoot(std::string_view folder) {
+    Settle();
     writeRoot_ = folder.empty() ? std::string() : GetAbsolutePathName(folder);
     written_.clear();
     refused_.clear();
     resolvedRoot_.clear();
     writeFolders_.clear();
+    resolvedWriteFolders_.clear();
+    resolvedReadFolders_.clear();
     kept_.clear();
     if (!writeRoot_.empty()) return;
     looked_.clear();
@@ -241,9 +266,11 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
 }
 
 void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
+    Settle();
     inputFolders_.clear();
     inputTree_.clear();
     writeFolders_.clear();
+    resolvedWriteFolders_.clear();
     for (const std::string& folder : folders)
         if (const auto id =
                 folder.empty() ? std::nullopt : IdentityOf(DiskPath(GetAbsolutePathName(folder))))
@@ -252,6 +279,7 @@ void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
 
 bool FileSystem::InsideWriteRoot(std::string_view path) {
     if (writeRoot_.empty()) return true;
+    Settle();
     const std::string root = Resolved(DiskPath(writeRoot_));
     const std::string target = Resolved(DiskPath(GetAbsolutePathName(path)));
     return !root.empty() && !target.empty() && target != root && InsideOrSame(target, root);
@@ -333,6 +361,7 @@ FileSystem::WriteFolder* FileSystem::WriteFolderOf(const std::string& absoluteFo
     if (folder.resolved.empty() || !IsKind(folder.resolved, native::Kind::kFolder))
         return nullptr;  // not kept: it may be made later
     folder.existing = FolderNames(folder.disk);
+    resolvedWriteFolders_.insert(folder.resolved);
     return &writeFolders_.emplace(absoluteFolder, std::move(folder)).first->second;
 }
 
@@ -385,6 +414,7 @@ bool IsTempFileName(const std::string& name) {
 
 void FileSystem::SweepTempFiles(const std::string& folder) {
     if (!swept_.insert(folder).second) return;
+    Settle();  // a queued write may be using a temporary name there
     std::vector<std::string> names;
     if (!native::ListFolder(folder, names)) return;
     for (const std::string& name : names) {
@@ -407,14 +437,60 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, bool 
             RaiseError(err::kPathFileAccess, "A folder stands where the file should go: " + disk);
     }
     SweepTempFiles(ParentOf(disk));
-    if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
-        RaiseError(error, disk);
-    if (folder != nullptr) AddKeys(folder->own, NamePart(disk));
-    NoteWritten(disk, resolved, folder == nullptr);
+    if (folder == nullptr) {
+        // Replacing a file that was there before, or one in a folder not met yet.
+        if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
+            RaiseError(error, disk);
+        NoteWritten(disk, resolved);
+    } else {
+        AddKeys(folder->own, NamePart(disk));
+        NoteWritten(disk, resolved, false);
+    }
     if (keep && folder != nullptr)
         kept_[resolved] = content;
     else if (!kept_.empty())
         kept_.erase(resolved);
+    if (folder != nullptr)
+        Post(disk, content.size(), [disk, text = std::string(content)] {
+            return native::WriteReplacing(disk, kTempPrefix, text);
+        });
+}
+
+void FileSystem::Post(const std::string& diskPath, std::size_t bytes,
+                      WriteQueue::Operation operation) {
+    static const bool twoCores = std::thread::hardware_concurrency() >= 2;
+    if (queueing_ == 0 || !twoCores) {
+        if (const int error = operation()) RaiseError(error, diskPath);
+        return;
+    }
+    if (!queue_) queue_ = std::make_unique<WriteQueue>();
+    queue_->Post(diskPath, bytes, std::move(operation));
+    if (const auto failure = queue_->TakeFailure()) RaiseError(failure->error, failure->path);
+}
+
+FileSystem::QueuedWrites::~QueuedWrites() {
+    // A failure stays with the queue for the next call that waits.
+    if (--fs_.queueing_ == 0 && fs_.queue_) fs_.queue_->WaitKeepingFailure();
+}
+
+void FileSystem::Settle() {
+    if (!queue_) return;
+    if (const auto failure = queue_->Wait()) RaiseError(failure->error, failure->path);
+}
+
+void FileSystem::SettleBeforeReading(std::string_view path) {
+    if (!queue_ || queue_->Idle()) return;
+    const std::string folder = FolderPart(GetAbsolutePathName(path));
+    if (writeFolders_.count(folder) == 0) {
+        // Another spelling of a write folder, through a link, is found by its resolved path.
+        auto [it, added] = resolvedReadFolders_.try_emplace(folder);
+        if (added) {
+            Settle();
+            it->second = Resolved(DiskPath(folder));
+        }
+        if (resolvedWriteFolders_.count(it->second) == 0) return;
+    }
+    Settle();
 }
 
 // The content of a file this run wrote with keep and has not replaced since.
@@ -447,11 +523,12 @@ void FileSystem::ReplaceKeepingOld(std::string_view path, std::string_view backu
         WriteAll(path, content);
         return;
     }
-    if (const int error = native::WriteReplacing(disk, kTempPrefix, content, &backupDisk))
-        RaiseError(error, disk);
     AddKeys(backupFolder->own, NamePart(backupDisk));
     NoteWritten(backupDisk, backupResolved, false);
     if (!kept_.empty()) kept_.erase(resolved);
+    Post(disk, content.size(), [disk, backupDisk, text = std::string(content)] {
+        return native::WriteReplacing(disk, kTempPrefix, text, &backupDisk);
+    });
 }
 
 // Links a file this run wrote under a new name in a folder met before; false
@@ -469,9 +546,16 @@ bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
     std::string disk, resolved;
     WriteFolder* folder = KnownTarget(GetAbsolutePathName(to), disk, resolved);
     if (folder == nullptr || FindName(folder->own, NamePart(disk)) != nullptr) return false;
-    if (native::LinkFile(fromDisk, disk) != 0) return false;
     AddKeys(folder->own, NamePart(disk));
     NoteWritten(disk, resolved, false);
+    // Where the system cannot link, the copy is written whole instead.
+    Post(disk, 0, [fromDisk, disk] {
+        if (native::LinkFile(fromDisk, disk) == 0) return 0;
+        std::string content;
+        native::Status status;
+        if (const int error = native::ReadWholeFile(fromDisk, content, status)) return error;
+        return native::WriteReplacing(disk, kTempPrefix, content);
+    });
     return true;
 }
 
@@ -496,6 +580,7 @@ void FileSystem::WriteRunMarker() {
 }
 
 void FileSystem::RemoveFile(std::string_view path) {
+    Settle();
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     const std::string resolved = CheckWritable(disk);
     if (const int error = native::RemoveFile(disk)) RaiseError(error, disk);
@@ -513,6 +598,7 @@ bool FileSystem::Written(std::string_view path) {
 }
 
 std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {
+    Settle();
     const std::string disk = DiskPath(folder);
     std::vector<std::string> entries;
     if (!native::ListFolder(disk, entries)) RaiseError(err::kPathNotFound, disk);

@@ -5,6 +5,7 @@
 // to case, or under its UTF-8 spelling when the text is Windows-1252, as a
 // checkout of a Windows project on Linux stores it.
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "platform/native_files.h"
+#include "platform/write_queue.h"
 
 namespace tamrix {
 
@@ -44,7 +46,25 @@ public:
     /// interruption never leaves a half-written file. Temporary files
     /// that a killed run left in the folder are removed on its first write. With
     /// `keep`, ReadAll takes the content from memory until the file is replaced.
+    /// While a QueuedWrites lives, see there.
     void WriteAll(std::string_view path, std::string_view content, bool keep = false);
+
+    /// While one lives, a new file in a folder written into before is written by
+    /// a second thread, so that creating it overlaps the work on the next one.
+    /// Every call that could see such a file waits for it first; a failure is
+    /// raised by a later write, by Finish, or else by the next call that waits.
+    class QueuedWrites {
+    public:
+        explicit QueuedWrites(FileSystem& fs) : fs_(fs) { ++fs_.queueing_; }
+        QueuedWrites(const QueuedWrites&) = delete;
+        QueuedWrites& operator=(const QueuedWrites&) = delete;
+        ~QueuedWrites();
+        /// Waits for every queued write; raises the first that failed.
+        void Finish() { fs_.Settle(); }
+
+    private:
+        FileSystem& fs_;
+    };
     /// Writes a copy of one file under another name, checked like any write. A file
     /// this run wrote gets the new name as a second link where the system allows:
     /// it is only ever replaced whole, so the copy keeps its content.
@@ -98,12 +118,6 @@ public:
     /// Forgets the refused writes.
     void ClearRefusedWrites() { refused_.clear(); }
 
-    /// Drops the cached folder listings and what is known of written folders.
-    void ForgetListings() {
-        listings_.clear();
-        writeFolders_.clear();
-    }
-
 private:
     // Entry names by their folded spelling (and by the folded Windows-1252
     // spelling of a UTF-8 name).
@@ -138,6 +152,13 @@ private:
     std::optional<Identity> InputFolderOf(const std::string& path);
     std::string ResolvedRoot();
     void NoteWritten(const std::string& diskPath, const std::string& resolved, bool restamp = true);
+    // Hands a write of `diskPath` to the second thread (or does it here when there
+    // is no second core); raises a failure of an earlier one.
+    void Post(const std::string& diskPath, std::size_t bytes, WriteQueue::Operation operation);
+    // Waits for the queued writes; raises the first that failed.
+    void Settle();
+    // Waits for the queued writes when they may be writing the file at `path`.
+    void SettleBeforeReading(std::string_view path);
     void CheckInterrupt() const {
         if (interruptCheck_ != nullptr) interruptCheck_();
     }
@@ -167,6 +188,12 @@ private:
     // What the files seen before the write root was set looked like, by path as
     // written: their second read asks the system only to open, read and close.
     std::unordered_map<std::string, native::Status> looked_;
+    // The write folders by their resolved paths, and the resolved folders of
+    // files read while writes were queued.
+    std::unordered_set<std::string> resolvedWriteFolders_;
+    std::unordered_map<std::string, std::string> resolvedReadFolders_;
+    std::unique_ptr<WriteQueue> queue_;  // made by the first queued write
+    int queueing_ = 0;                   // QueuedWrites alive
 };
 
 /// Reads a text file line by line; lines may end in CR LF, LF or CR.

@@ -102,6 +102,7 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
         if (topics == nullptr) return true;
         TextBuffer buffer;
         long visited = 0;
+        FileSystem::QueuedWrites queued(fs);
         for (const auto& caller : *topics) {
             modUtilities::UpdateProgressBar(wizard, std::min(++visited, Counter16::kMax));
             current = caller->NewFileName;
@@ -146,6 +147,7 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
                 caller->JavaModified = true;
             }
         }
+        queued.Finish();
         return true;
     } catch (...) {
         ReportBadFormat(wizard, current, CurrentErrorNumber());

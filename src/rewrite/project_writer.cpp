@@ -226,7 +226,9 @@ bool CopyImageFolder(Conversion& wizard, const std::string& oldProjectFile,
         }
         const std::string from = modUtilities::AddBackslash(oldImages);
         const std::string to = modUtilities::AddBackslash(newImages);
+        FileSystem::QueuedWrites queued(fs);
         for (const std::string& name : oldNames) fs.CopyFile(from + name, to + name);
+        queued.Finish();
         return true;
     });
 }

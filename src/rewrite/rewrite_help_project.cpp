@@ -2,6 +2,7 @@
 // is the one that needs the map and alias writer.
 #include "model/conversion.h"
 #include "model/project_state.h"
+#include "platform/file_system.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
 #include "rewrite/containment.h"
@@ -37,12 +38,14 @@ bool RewriteHelpProject(Conversion& wizard, const std::string& oldProjectFile,
             modUtilities::ShowProgressBar(wizard, true);
             const std::string cssLink = MakeCSSLinkString(wizard, newRootPath);
             long done = 0;
+            FileSystem::QueuedWrites queued(wizard.Files);
             // A failed file does not stop the loop; only the last result counts.
             for (const auto& topic : *g.TopicFiles) {
                 ok = RewriteTopicFile(wizard, *topic, oldProjectFile, newRootPath, cssLink);
                 topic->JavaModified = false;
                 modUtilities::UpdateProgressBar(wizard, ++done);
             }
+            queued.Finish();
             if (ok) {
                 ok = RewriteIndex(wizard, oldProjectFile, wizard.IndexFile, newRootPath);
                 if (ok)

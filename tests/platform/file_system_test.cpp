@@ -7,6 +7,7 @@
 #endif
 
 #include <filesystem>
+#include <thread>
 
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
@@ -123,6 +124,48 @@ TEST(FileSystemWrites, WritesAtomicallyAndListsFolders) {
     EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "new\\sub", "x"); }), err::kPathFileAccess);
     for (const auto& entry : std::filesystem::directory_iterator(dir / "new"))
         EXPECT_EQ(entry.path().filename().string().rfind(".tamrix-", 0), std::string::npos);
+}
+
+// Writes handed to the second thread are seen by every later call as if done at
+// once, in the order they were made; a write that fails there is told once.
+TEST(FileSystemWrites, QueuedWritesAreSeenInOrderAndTheirFailuresTold) {
+    if (std::thread::hardware_concurrency() < 2) GTEST_SKIP() << "one core: writes are not queued";
+    testing::TempDir dir;
+    FileSystem fs;
+    fs.CreateFolder(dir / "new");
+    {
+        FileSystem::QueuedWrites queued(fs);
+        for (int i = 0; i < 300; ++i)
+            fs.WriteAll(dir / ("new\\t" + std::to_string(i) + ".htm"), std::to_string(i));
+        EXPECT_EQ(fs.ReadAll(dir / "new\\T299.htm"), "299");
+        fs.CreateFolder(dir / "new\\NoPopups");
+        fs.WriteAll(dir / "new\\k.htm", "K1", true);
+        fs.ReplaceKeepingOld(dir / "new\\k.htm", dir / "new\\NoPopups\\k.htm", "K2");
+        fs.CopyFile(dir / "new\\t1.htm", dir / "new\\copy.htm");
+        fs.WriteAll(dir / "new\\t1.htm", "one");  // after the copy was queued
+        EXPECT_TRUE(fs.FileExists(dir / "new\\copy.htm"));
+        queued.Finish();
+    }
+    EXPECT_EQ(fs.ListFiles(dir / "new").size(), 302u);
+    EXPECT_EQ(dir.Read("new/t150.htm"), "150");
+    EXPECT_EQ(dir.Read("new/k.htm"), "K2");
+    EXPECT_EQ(dir.Read("new/NoPopups/k.htm"), "K1");
+    EXPECT_EQ(dir.Read("new/copy.htm"), "1");
+    EXPECT_EQ(dir.Read("new/t1.htm"), "one");
+
+    // The folder goes behind the service's back, so the queued writes fail.
+    std::filesystem::remove_all(dir / "new");
+    {
+        FileSystem::QueuedWrites queued(fs);
+        fs.WriteAll(dir / "new\\late.htm", "x");
+        EXPECT_EQ(ErrorOf([&] { queued.Finish(); }), err::kPathNotFound);
+    }
+    {
+        FileSystem::QueuedWrites queued(fs);
+        fs.WriteAll(dir / "new\\later.htm", "x");
+    }  // not finished: the next call that waits raises it, and only that one
+    EXPECT_EQ(ErrorOf([&] { fs.FileExists(dir / "new\\later.htm"); }), err::kPathNotFound);
+    EXPECT_FALSE(fs.FileExists(dir / "new\\later.htm"));
 }
 
 // Nothing is written outside the write root, and the input project's folder tree
