@@ -135,8 +135,10 @@ if command -v strace >/dev/null; then
         local label="$1"; shift
         strace -f -qq -e trace=openat,rename,link,linkat,unlink,unlinkat -o "$work/ops" "$@" \
             >/dev/null 2>&1 || true
-        # An unnamed file (O_TMPFILE) counts as created; linking it in names it.
+        # An unnamed file (O_TMPFILE) counts as created; linking it in names it. A
+        # call that another thread interrupted shows again as "resumed": once is enough.
         awk -v label="$label" -v n="$n" '
+            /resumed>/ { next }
             /O_CREAT|O_TMPFILE/ { created++ } /openat/ && !/O_CREAT|O_TMPFILE/ { opened++ }
             /rename\(/ { renamed++ } /link(at)?\(/ && !/unlink/ { linked++ } /unlink/ { unlinked++ }
             END { printf "| %s | %.2f | %.2f | %.2f | %.2f | %.2f |\n", label, opened / n,
