@@ -66,11 +66,7 @@ NameMap FolderNames(const std::string& folder) {
     return map;
 }
 
-// The folder part of an absolute path, and its last component.
-std::string FolderPart(const std::string& absolute) {
-    const std::size_t slash = absolute.rfind('/');
-    return slash == 0 ? "/" : absolute.substr(0, slash);
-}
+// The last component of a path.
 std::string NamePart(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 std::string JoinDisk(const std::string& folder, const std::string& name) {
@@ -166,7 +162,8 @@ bool FileSystem::FileExists(std::string_view path) {
 bool FileSystem::FolderExists(std::string_view path) {
     if (path.empty()) return false;
     const std::string plain = Slashes(path);
-    if (plain[0] == '/' && writeFolders_.count(GetAbsolutePathName(plain)) != 0) return true;
+    if (native::RootLength(plain) > 0 && writeFolders_.count(GetAbsolutePathName(plain)) != 0)
+        return true;
     Settle();
     const auto status = native::StatusOf(plain);
     return status ? status->kind == native::Kind::kFolder
@@ -370,8 +367,10 @@ FileSystem::WriteFolder* FileSystem::WriteFolderOf(const std::string& absoluteFo
 FileSystem::WriteFolder* FileSystem::KnownTarget(const std::string& absolute, std::string& disk,
                                                  std::string& resolved) {
     const std::string leaf = NamePart(absolute);
-    if (leaf.empty() || absolute[0] != '/') return nullptr;
-    WriteFolder* folder = WriteFolderOf(FolderPart(absolute));
+    // A device name takes the full look-up, which refuses it.
+    if (leaf.empty() || native::RootLength(absolute) == 0 || native::IsDeviceName(leaf))
+        return nullptr;
+    WriteFolder* folder = WriteFolderOf(ParentOf(absolute));
     if (folder == nullptr || FindName(folder->existing, leaf) != nullptr) return nullptr;
     const std::string* own = FindName(folder->own, leaf);
     const std::string& name = own != nullptr ? *own : leaf;
@@ -480,7 +479,7 @@ void FileSystem::Settle() {
 
 void FileSystem::SettleBeforeReading(std::string_view path) {
     if (!queue_ || queue_->Idle()) return;
-    const std::string folder = FolderPart(GetAbsolutePathName(path));
+    const std::string folder = ParentOf(GetAbsolutePathName(path));
     if (writeFolders_.count(folder) == 0) {
         // Another spelling of a write folder, through a link, is found by its resolved path.
         auto [it, added] = resolvedReadFolders_.try_emplace(folder);
@@ -496,7 +495,7 @@ void FileSystem::SettleBeforeReading(std::string_view path) {
 // The content of a file this run wrote with keep and has not replaced since.
 std::optional<std::string> FileSystem::KeptContent(std::string_view path) {
     const std::string absolute = GetAbsolutePathName(path);
-    const auto folder = writeFolders_.find(FolderPart(absolute));
+    const auto folder = writeFolders_.find(ParentOf(absolute));
     if (folder == writeFolders_.end()) return std::nullopt;
     const std::string* name = FindName(folder->second.own, NamePart(absolute));
     if (name == nullptr) return std::nullopt;
@@ -536,7 +535,7 @@ void FileSystem::ReplaceKeepingOld(std::string_view path, std::string_view backu
 bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
     CheckInterrupt();
     const std::string absoluteFrom = GetAbsolutePathName(from);
-    const auto source = writeFolders_.find(FolderPart(absoluteFrom));
+    const auto source = writeFolders_.find(ParentOf(absoluteFrom));
     if (source == writeFolders_.end()) return false;
     const WriteFolder& sourceFolder = source->second;  // stays valid as the map grows
     const std::string* name = FindName(sourceFolder.own, NamePart(absoluteFrom));
@@ -568,7 +567,7 @@ void FileSystem::CreateFolder(std::string_view path) {
     if (const int error = native::MakeFolder(disk, created)) RaiseError(error, disk);
     NoteWritten(disk, resolved);
     // A file written under its name takes the full look-up, which names the folder.
-    if (auto it = writeFolders_.find(FolderPart(absolute)); it != writeFolders_.end())
+    if (auto it = writeFolders_.find(ParentOf(absolute)); it != writeFolders_.end())
         AddKeys(it->second.existing, NamePart(disk));
     if (created && !writeRoot_.empty() && SameEntry(disk, writeRoot_)) WriteRunMarker();
 }
@@ -590,7 +589,7 @@ void FileSystem::RemoveFile(std::string_view path) {
 
 bool FileSystem::Written(std::string_view path) {
     const std::string absolute = GetAbsolutePathName(path);
-    if (auto it = writeFolders_.find(FolderPart(absolute)); it != writeFolders_.end()) {
+    if (auto it = writeFolders_.find(ParentOf(absolute)); it != writeFolders_.end()) {
         if (const std::string* name = FindName(it->second.own, NamePart(absolute)))
             return written_.count(JoinDisk(it->second.resolved, *name)) != 0;
     }
