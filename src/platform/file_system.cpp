@@ -246,7 +246,9 @@ std::string FileSystem::ReadAll(std::string_view path) {
 }
 
 void FileSystem::SetWriteRoot(std::string_view folder) {
-    Settle();
+    // A run ends or begins here, often outside any error handler. A failure still
+    // queued belongs to a loop that already ended in an error, told then.
+    if (queue_) queue_->Wait();
     writeRoot_ = folder.empty() ? std::string() : GetAbsolutePathName(folder);
     written_.clear();
     refused_.clear();
@@ -441,18 +443,18 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, bool 
         if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
             RaiseError(error, disk);
         NoteWritten(disk, resolved);
-    } else {
-        AddKeys(folder->own, NamePart(disk));
-        NoteWritten(disk, resolved, false);
+        if (!kept_.empty()) kept_.erase(resolved);
+        return;
     }
-    if (keep && folder != nullptr)
+    AddKeys(folder->own, NamePart(disk));
+    NoteWritten(disk, resolved, false);
+    if (keep)
         kept_[resolved] = content;
     else if (!kept_.empty())
         kept_.erase(resolved);
-    if (folder != nullptr)
-        Post(disk, content.size(), [disk, text = std::string(content)] {
-            return native::WriteReplacing(disk, kTempPrefix, text);
-        });
+    Post(disk, content.size(), [disk, text = std::string(content)] {
+        return native::WriteReplacing(disk, kTempPrefix, text);
+    });
 }
 
 void FileSystem::Post(const std::string& diskPath, std::size_t bytes,

@@ -84,7 +84,8 @@ public:
 
     /// Every write must land inside this folder (empty: no restriction). A write
     /// elsewhere raises error 600 and nothing is written. Clearing it also forgets
-    /// the input folders and the files read so far.
+    /// the input folders and the files read so far. Queued writes are waited for; a
+    /// failure among them that nothing raised yet is dropped.
     void SetWriteRoot(std::string_view folder);
     /// The write root; empty when writes are not restricted.
     const std::string& WriteRoot() const { return writeRoot_; }
