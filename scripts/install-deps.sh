@@ -4,7 +4,7 @@
 set -euo pipefail
 packages=("$@")
 [ $# -gt 0 ] || packages=(build-essential cmake ninja-build pkg-config libgtest-dev libgmock-dev
-          qt6-base-dev libgl-dev unrtf poppler-utils xvfb xauth fp-utils nodejs libchm-dev
+          qt6-base-dev libgl-dev unrtf poppler-utils xvfb xauth fp-utils nodejs libchm-dev libjemalloc-dev
           clang-14 libclang-rt-14-dev clang-format-14)
 missing=()
 for p in "${packages[@]}"; do
