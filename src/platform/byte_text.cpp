@@ -1,25 +1,43 @@
 #include "platform/byte_text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
 namespace tamrix {
 namespace {
 
-std::array<unsigned char, 256> MakeFoldTable() {
-    std::array<unsigned char, 256> table{};
-    for (int i = 0; i < 256; ++i) table[i] = static_cast<unsigned char>(i);
-    for (int c = 'A'; c <= 'Z'; ++c) table[c] = static_cast<unsigned char>(c + 32);
-    for (int c = 0xC0; c <= 0xDE; ++c)
-        if (c != 0xD7) table[c] = static_cast<unsigned char>(c + 32);
-    table[0x8A] = 0x9A;  // S caron
-    table[0x8C] = 0x9C;  // OE
-    table[0x8E] = 0x9E;  // Z caron
-    table[0x9F] = 0xFF;  // Y diaeresis
-    return table;
+// One case for the letters of ASCII and Windows-1252: A-Z, the accented capitals
+// but the multiplication sign, S caron, OE, Z caron and Y diaeresis. By arithmetic
+// rather than a table, so that the compiler turns Fold into vector code: folding
+// whole texts for the renaming is a large share of a conversion's work.
+constexpr unsigned char FoldByte(unsigned char c) {
+    const bool ascii = static_cast<unsigned char>(c - 'A') < 26;
+    const bool latin = static_cast<unsigned char>(c - 0xC0) < 31 && c != 0xD7;
+    const bool marked = c == 0x8A || c == 0x8C || c == 0x8E;
+    return static_cast<unsigned char>(c + (ascii || latin ? 32 : 0) + (marked ? 0x10 : 0) +
+                                      (c == 0x9F ? 0x60 : 0));
 }
 
-const std::array<unsigned char, 256> kFold = MakeFoldTable();
+struct FoldTables {
+    std::array<unsigned char, 256> fold{};   // each byte folded
+    std::array<unsigned char, 256> other{};  // by folded byte: the other byte folding to it
+};
+
+constexpr FoldTables MakeFoldTables() {
+    FoldTables t;
+    for (int c = 0; c < 256; ++c) {
+        const auto b = static_cast<unsigned char>(c);
+        t.fold[b] = FoldByte(b);
+        t.other[b] = b;
+    }
+    for (int c = 0; c < 256; ++c)
+        if (t.fold[c] != c) t.other[t.fold[c]] = static_cast<unsigned char>(c);
+    return t;
+}
+
+constexpr FoldTables kTables = MakeFoldTables();
+constexpr const std::array<unsigned char, 256>& kFold = kTables.fold;
 
 // Windows-1252 characters 0x80-0x9F as Unicode code points (0 = undefined).
 constexpr std::array<unsigned, 32> kHigh = {
@@ -43,8 +61,10 @@ void AppendUtf8(std::string& out, unsigned cp) {
 }  // namespace
 
 std::string Fold(std::string_view text) {
-    std::string out(text);
-    for (char& c : out) c = static_cast<char>(kFold[static_cast<unsigned char>(c)]);
+    std::string out(text.size(), '\0');
+    const auto* in = reinterpret_cast<const unsigned char*>(text.data());
+    auto* folded = reinterpret_cast<unsigned char*>(out.data());
+    for (std::size_t i = 0; i < text.size(); ++i) folded[i] = FoldByte(in[i]);
     return out;
 }
 
@@ -59,13 +79,28 @@ bool EqualsNoCase(std::string_view a, std::string_view b) {
 std::size_t FindNoCase(std::string_view text, std::string_view needle, std::size_t from) {
     if (needle.empty() || from > text.size() || needle.size() > text.size() - from)
         return kNotFound;
+    // The first character is looked for with memchr in each of its spellings (a
+    // letter has two); each spelling's next place is searched again only once
+    // the search has passed it, so the text is gone through once.
     const unsigned char first = kFold[static_cast<unsigned char>(needle[0])];
-    const std::size_t last = text.size() - needle.size();
-    for (std::size_t i = from; i <= last; ++i) {
-        if (kFold[static_cast<unsigned char>(text[i])] != first) continue;
-        if (EqualsNoCase(text.substr(i, needle.size()), needle)) return i;
+    const unsigned char spellings[2] = {first, kTables.other[first]};
+    const char* const begin = text.data();
+    const char* const end = begin + (text.size() - needle.size()) + 1;  // past the last start
+    const auto next = [&](const char* at, unsigned char c) {
+        const void* hit =
+            at < end ? std::memchr(at, c, static_cast<std::size_t>(end - at)) : nullptr;
+        return hit != nullptr ? static_cast<const char*>(hit) : end;
+    };
+    const char* found[2] = {next(begin + from, spellings[0]), nullptr};
+    found[1] = spellings[1] == spellings[0] ? end : next(begin + from, spellings[1]);
+    for (;;) {
+        const char* at = std::min(found[0], found[1]);
+        if (at == end) return kNotFound;
+        if (EqualsNoCase(std::string_view(at, needle.size()), needle))
+            return static_cast<std::size_t>(at - begin);
+        for (int k = 0; k < 2; ++k)
+            if (found[k] == at) found[k] = next(at + 1, spellings[k]);
     }
-    return kNotFound;
 }
 
 bool ContainsNoCase(std::string_view text, std::string_view needle) {
@@ -172,9 +207,22 @@ std::string FileBaseName(std::string_view name) {
 }
 
 std::size_t FindLineBreak(std::string_view text, std::size_t from) {
-    // find_first_of calls a search of the set for every byte; this is many times faster.
-    for (std::size_t i = from; i < text.size(); ++i)
-        if (text[i] == '\n' || text[i] == '\r') return i;
+    // memchr for each of the two characters, a window at a time: a file with only
+    // one kind of line end is then not searched to its end for the other on
+    // every line.
+    constexpr std::size_t kWindow = 256;
+    for (std::size_t at = from; at < text.size(); at += kWindow) {
+        const std::size_t length = std::min(kWindow, text.size() - at);
+        const char* window = text.data() + at;
+        const void* lf = std::memchr(window, '\n', length);
+        const std::size_t before =
+            lf != nullptr ? static_cast<std::size_t>(static_cast<const char*>(lf) - window)
+                          : length;
+        const void* cr = std::memchr(window, '\r', before);
+        if (cr != nullptr)
+            return at + static_cast<std::size_t>(static_cast<const char*>(cr) - window);
+        if (lf != nullptr) return at + before;
+    }
     return std::string_view::npos;
 }
 

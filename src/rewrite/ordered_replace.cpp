@@ -1,6 +1,7 @@
 #include "rewrite/ordered_replace.h"
 
 #include <algorithm>
+#include <array>
 #include <bitset>
 #include <optional>
 #include <set>
@@ -30,6 +31,7 @@ public:
             if (!groups_.emplace(name, static_cast<int>(i)).second) continue;
             lengths_.insert(name.size());
             const auto first = static_cast<unsigned char>(name[0]);
+            firsts_[first] = true;
             if (name.size() == 1)
                 singles_.set(first);
             else
@@ -71,6 +73,7 @@ private:
     // on their first two characters without hashing anything.
     bool MayStartAt(std::string_view folded, std::size_t i) const {
         const auto first = static_cast<unsigned char>(folded[i]);
+        if (!firsts_[first]) return false;
         if (singles_.test(first)) return true;
         return i + 1 < folded.size() &&
                pairs_.test(first << 8 | static_cast<unsigned char>(folded[i + 1]));
@@ -84,8 +87,9 @@ private:
     };
     std::unordered_map<std::string, int, Hash, std::equal_to<>> groups_;
     std::set<std::size_t> lengths_;
-    std::bitset<256> singles_;  // first characters of one-character names
-    std::bitset<65536> pairs_;  // first two characters of longer names
+    std::array<bool, 256> firsts_{};  // first characters of all names
+    std::bitset<256> singles_;        // first characters of one-character names
+    std::bitset<65536> pairs_;        // first two characters of longer names
 };
 
 // The texts a neighbouring site may show while the names are replaced one by one.

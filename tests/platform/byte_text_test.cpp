@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace tamrix {
 namespace {
 
@@ -23,6 +25,34 @@ TEST(ByteText, FindsFromAPositionWithoutRegardToCase) {
     EXPECT_TRUE(StartsWithNoCase("#Include x", "#include"));
     EXPECT_FALSE(StartsWithNoCase("#inc", "#include"));
     EXPECT_TRUE(EndsWithNoCase("x.HTM", ".htm"));
+}
+
+// The searches skip ahead with memchr; they must find what a plain loop finds,
+// across the windows they search in and with every spelling of a letter.
+TEST(ByteText, SearchesAgreeWithAPlainLoop) {
+    std::mt19937 random(20261124);
+    const std::string letters = "aA\r\n<\xD1\xF1\x8A\x9A.";
+    auto text = [&](std::size_t length) {
+        std::string t(length, ' ');
+        for (char& c : t) c = random() % 8 == 0 ? letters[random() % letters.size()] : 'x';
+        return t;
+    };
+    for (int round = 0; round < 3000; ++round) {
+        const std::string t = text(random() % 700);
+        const std::size_t from = random() % (t.size() + 2);
+        std::size_t lineBreak = std::string_view::npos;
+        for (std::size_t i = from; i < t.size() && lineBreak == std::string_view::npos; ++i)
+            if (t[i] == '\r' || t[i] == '\n') lineBreak = i;
+        ASSERT_EQ(FindLineBreak(t, from), lineBreak) << round;
+
+        const std::string needle = text(1 + random() % 3);
+        std::size_t found = kNotFound;
+        for (std::size_t i = from; i + needle.size() <= t.size() && found == kNotFound; ++i)
+            if (EqualsNoCase(std::string_view(t).substr(i, needle.size()), needle)) found = i;
+        ASSERT_EQ(FindNoCase(t, needle, from), found) << round;
+    }
+    EXPECT_EQ(Fold("AZ@[\xC0\xD7\xDE\xDF\x8A\x8C\x8E\x9F\xFF"),
+              "az@[\xE0\xD7\xFE\xDF\x9A\x9C\x9E\xFF\xFF");
 }
 
 TEST(ByteText, ReplaceAllNeverSearchesTheReplacementAgain) {
