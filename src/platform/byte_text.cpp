@@ -191,8 +191,20 @@ std::string_view Before(std::string_view text, char c) {
     return pos == std::string_view::npos ? text : text.substr(0, pos);
 }
 
+std::size_t FindSeparator(std::string_view text, std::size_t from) {
+    for (std::size_t i = from; i < text.size(); ++i)
+        if (text[i] == '\\' || text[i] == '/') return i;
+    return std::string_view::npos;
+}
+
+std::size_t FindLastSeparator(std::string_view text) {
+    for (std::size_t i = text.size(); i > 0; --i)
+        if (text[i - 1] == '\\' || text[i - 1] == '/') return i - 1;
+    return std::string_view::npos;
+}
+
 std::string FileExtension(std::string_view name) {
-    const std::size_t slash = name.find_last_of("\\/");
+    const std::size_t slash = FindLastSeparator(name);
     const std::size_t dot = name.rfind('.');
     if (dot == std::string_view::npos || (slash != std::string_view::npos && dot < slash))
         return {};
@@ -200,7 +212,7 @@ std::string FileExtension(std::string_view name) {
 }
 
 std::string FileBaseName(std::string_view name) {
-    const std::size_t slash = name.find_last_of("\\/");
+    const std::size_t slash = FindLastSeparator(name);
     std::string_view base = slash == std::string_view::npos ? name : name.substr(slash + 1);
     const std::size_t dot = base.rfind('.');
     return std::string(dot == std::string_view::npos ? base : base.substr(0, dot));

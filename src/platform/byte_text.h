@@ -53,6 +53,12 @@ std::string FileExtension(std::string_view name);
 /// The name without its extension and dot.
 std::string FileBaseName(std::string_view name);
 
+/// Where the first "\\" or "/" at or after `from` stands, or npos. (find_first_of
+/// searches its set for every character, which the paths of every topic pay for.)
+std::size_t FindSeparator(std::string_view text, std::size_t from = 0);
+/// Where the last "\\" or "/" stands, or npos.
+std::size_t FindLastSeparator(std::string_view text);
+
 /// Where the first CR or LF at or after `from` stands, or npos.
 std::size_t FindLineBreak(std::string_view text, std::size_t from = 0);
 

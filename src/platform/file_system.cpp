@@ -185,24 +185,32 @@ std::string FileSystem::GetAbsolutePathName(std::string_view path) {
     if (native::RootLength(text) == 0) {
         text = native::CurrentFolder() + "/" + text;
     } else if (text[0] == '/' && (text.size() == 1 || text[1] != '/')) {
-        text = native::CurrentDrive() + text;
+        text.insert(0, native::CurrentDrive());  // nothing where there are no drives
     }
     const std::size_t rootLength = native::RootLength(text);
     if (rootLength > 0 && text[rootLength - 1] == '/' && IsCanonical(text, rootLength))
         return text;  // the common case, without taking it apart
+    // Taken apart in place: a folder joined to a name with one separator too many
+    // ("new/" + "\\html\\a.htm") comes here for every file written.
     std::string out = text.substr(0, rootLength);
     if (!out.ends_with('/')) out += '/';
-    text.erase(0, rootLength);
-    std::vector<std::string> kept;
-    for (const std::string& part : Split(text, '/')) {
-        if (part.empty() || part == ".") continue;
+    std::vector<std::size_t> kept;  // where each component kept starts in `out`
+    for (std::size_t start = rootLength; start <= text.size();) {
+        const std::size_t slash = text.find('/', start);
+        const std::size_t end = slash == std::string::npos ? text.size() : slash;
+        const std::string_view part(text.data() + start, end - start);
         if (part == "..") {
-            if (!kept.empty()) kept.pop_back();
-            continue;
+            if (!kept.empty()) {
+                out.resize(kept.back());
+                kept.pop_back();
+            }
+        } else if (!part.empty() && part != ".") {
+            kept.push_back(out.size());
+            out.append(part);
+            out += '/';
         }
-        kept.push_back(part);
+        start = end + 1;
     }
-    for (const std::string& part : kept) out += part + "/";
     if (!kept.empty()) out.pop_back();
     return out;
 }

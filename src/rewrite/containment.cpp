@@ -18,6 +18,22 @@ bool IsDeviceName(std::string_view name) {
            (StartsWithNoCase(base, "COM") || StartsWithNoCase(base, "LPT"));
 }
 
+// The characters Windows does not allow in a file name.
+bool IsReserved(char c) {
+    switch (c) {
+        case '"':
+        case '*':
+        case '?':
+        case '<':
+        case '>':
+        case '|':
+        case ':':
+        case '\\':
+        case '/': return true;
+        default: return static_cast<unsigned char>(c) < 0x20;
+    }
+}
+
 // A component such as "..", "..." or ". ." that Windows would read as the parent folder.
 bool LeadsUp(std::string_view component) {
     int dots = 0;
@@ -39,7 +55,7 @@ bool IsSafeRelativeName(std::string_view relativeName) {
     if (relativeName.find('\0') != std::string_view::npos) return false;
     std::size_t start = 0;
     while (true) {
-        const std::size_t sep = relativeName.find_first_of("\\/", start);
+        const std::size_t sep = FindSeparator(relativeName, start);
         const std::string_view component = relativeName.substr(
             start, sep == std::string_view::npos ? std::string_view::npos : sep - start);
         if (LeadsUp(component)) return false;
@@ -51,9 +67,7 @@ bool IsSafeRelativeName(std::string_view relativeName) {
 bool IsWindowsFileName(std::string_view name) {
     if (name.empty() || name.size() > kMaxNameLength) return false;
     for (const char c : name)
-        if (static_cast<unsigned char>(c) < 0x20 ||
-            std::string_view("\"*?<>|:\\/").find(c) != std::string_view::npos)
-            return false;
+        if (IsReserved(c)) return false;
     if (name.back() == '.' || name.back() == ' ') return false;
     return !IsDeviceName(name);
 }

@@ -12,7 +12,7 @@ std::string NameInNewFolder(std::string_view path) {
     std::string name = modUtilities::FileNameNoPath(path);
     // "C:name" is relative to a drive's current folder on Windows: keep the name only.
     if (name.size() >= 2 && name[1] == ':') name.erase(0, 2);
-    if (name.find_first_of("\\/") != std::string::npos) return {};
+    if (FindSeparator(name) != std::string::npos) return {};
     if (name.empty() || name == "." || name == "..") return {};
     return name;
 }

@@ -72,7 +72,7 @@ std::string PopupScriptPath(std::string_view folder) {
     std::string path;
     std::size_t start = 0;
     while (start < folder.size()) {
-        const std::size_t sep = std::min(folder.find_first_of("\\/", start), folder.size());
+        const std::size_t sep = std::min(FindSeparator(folder, start), folder.size());
         const std::string_view part = folder.substr(start, sep - start);
         if (!part.empty() && part != ".") path += "../";
         start = sep + 1;

@@ -31,7 +31,7 @@ using modUtilities::FilePathOnly;
 }  // namespace
 
 bool TopicTargetIsSafe(const CTopicFile& topic) {
-    if (topic.NewFileName.find_first_of("\\/") != std::string::npos) return false;
+    if (FindSeparator(topic.NewFileName) != std::string::npos) return false;
     return IsSafeRelativeName(topic.NewNamePath());
 }
 

@@ -53,6 +53,8 @@ TEST(FileSystemNames, AbsolutePathsResolveParentStepsTextually) {
     EXPECT_EQ(fs.GetAbsolutePathName("/a/b/../c/./d.htm"), "/a/c/d.htm");
     EXPECT_EQ(fs.GetAbsolutePathName("/a/b\\..\\..\\..\\x.htm"), "/x.htm");
     EXPECT_EQ(fs.GetAbsolutePathName("/a/b/"), "/a/b");
+    EXPECT_EQ(fs.GetAbsolutePathName("/a/new/\\html\\\\x.htm"), "/a/new/html/x.htm");
+    EXPECT_EQ(fs.GetAbsolutePathName("/a/b/../.."), "/");
     EXPECT_EQ(fs.GetAbsolutePathName("x\\y.htm"),
               std::filesystem::current_path().string() + "/x/y.htm");
     EXPECT_EQ(fs.BuildPath("/a", "b.htm"), "/a/b.htm");
