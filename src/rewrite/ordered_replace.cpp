@@ -211,6 +211,13 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
     std::optional<std::size_t> firstStart;
     std::size_t lastEnd = 0;
     std::size_t done = 0;
+    // Made at its final size at once: a large text grown piece by piece would be
+    // copied to fresh memory several times.
+    std::size_t size = text.size();
+    for (const Occurrence& o : found)
+        if (const auto it = replacer.find(o.group); it != replacer.end())
+            size += list[it->second].replacement.size() - o.length;
+    outcome.text.reserve(size);
     for (const Occurrence& o : found) {
         outcome.text.append(text.substr(done, o.start - done));
         if (o.group == lastGroup && !firstStart) firstStart = outcome.text.size();
