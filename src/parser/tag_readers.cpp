@@ -47,11 +47,7 @@ void KeepPending(Conversion& wizard, std::string&& buffer, std::size_t start) {
 // Reads lines until one holds `keyword`; that line goes into `line` and the
 // keyword's position is returned, or kNotFound at the end of the stream.
 std::size_t ReadToLineWith(TextReader& stream, std::string& line, std::string_view keyword) {
-    while (stream.ReadLine(line)) {
-        const std::size_t at = FindNoCase(line, keyword);
-        if (at != kNotFound) return at;
-    }
-    return kNotFound;
+    return stream.ReadLineWith(line, keyword);
 }
 
 // The text from the line holding `open` up to and including `close`, or empty.

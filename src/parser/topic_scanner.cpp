@@ -23,14 +23,7 @@ std::string HTMLHeader(Conversion& wizard, TextReader& stream) {
     return Guarded(wizard.Errors, "modParser:HTMLHeader", std::string(), [&] {
         wizard.Globals.HeadState = 0;
         std::string line;
-        bool found = false;
-        while (stream.ReadLine(line)) {
-            if (ContainsNoCase(line, "<HEAD")) {
-                found = true;
-                break;
-            }
-        }
-        if (!found) return std::string();
+        if (stream.ReadLineWith(line, "<HEAD") == kNotFound) return std::string();
         wizard.Globals.HeadState = 1;
         std::string text = line + ' ';
         if (JoinLinesUntil(stream, text, "</HEAD>", 0) == kNotFound) return std::string();
@@ -61,13 +54,11 @@ bool FindContextID(Conversion& wizard, TextReader& stream, std::string& topicId)
     return Guarded(wizard.Errors, "modParser:FindContextID", false, [&] {
         wizard.Globals.BodyState = 0;
         std::string line;
-        while (stream.ReadLine(line)) {
-            if (wizard.Globals.BodyState == 0) {
-                if (!ContainsNoCase(line, "<BODY")) continue;
-                wizard.Globals.BodyState = 1;
-            }
-            const std::size_t a = FindNoCase(line, "<A");
-            if (a == kNotFound) continue;
+        if (stream.ReadLineWith(line, "<BODY") == kNotFound) return true;
+        wizard.Globals.BodyState = 1;
+        for (std::size_t a = FindNoCase(line, "<A");; a = kNotFound) {
+            if (a == kNotFound) a = stream.ReadLineWith(line, "<A");
+            if (a == kNotFound) return true;
             // "<ABBR", "<ADDRESS" and the like pass the whole line over.
             if (a + 2 < line.size() && line[a + 2] != ' ') continue;
             std::string text = line.substr(a);
@@ -84,7 +75,6 @@ bool FindContextID(Conversion& wizard, TextReader& stream, std::string& topicId)
             topicId = Trim(std::string_view(text).substr(name + 6, gt - name - 7));
             return true;
         }
-        return true;
     });
 }
 
@@ -107,13 +97,13 @@ bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& ti
     return Guarded(wizard.Errors, "modParser:ParseTopicFile", false, [&] {
         const std::string content = wizard.Files.ReadAll(file);
         TextReader stream;
-        stream.OpenText(content);
+        stream.OpenView(content);
         const bool ok = ExtractTopicTitle(wizard.Errors, HTMLHeader(wizard, stream), title);
 
-        stream.OpenText(content);
+        stream.OpenView(content);
         FindContextID(wizard, stream, topicId);  // a missing or malformed ID never fails the file
 
-        stream.OpenText(content);
+        stream.OpenView(content);
         wizard.Globals.PendingAnchorText.clear();
         for (std::string anchor = HTMLAnchor(wizard, stream); !anchor.empty();
              anchor = HTMLAnchor(wizard, stream)) {
@@ -126,7 +116,7 @@ bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& ti
             if (!name.empty() && !EqualsNoCase(name, topicId)) AppendListItem(extraIds, name);
         }
 
-        stream.OpenText(content);
+        stream.OpenView(content);
         Counter16 spots;
         for (std::string area = HTMLArea(wizard, stream); !area.empty();
              area = HTMLArea(wizard, stream)) {

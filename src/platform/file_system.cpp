@@ -623,8 +623,27 @@ TextReader::TextReader(FileSystem& fs, std::string_view path) { Open(fs, path); 
 void TextReader::Open(FileSystem& fs, std::string_view path) { OpenText(fs.ReadAll(path)); }
 
 void TextReader::OpenText(std::string text) {
-    text_ = std::move(text);
+    owned_ = std::move(text);
+    OpenView(owned_);
+}
+
+void TextReader::OpenView(std::string_view text) {
+    text_ = text;
     pos_ = 0;
+}
+
+std::size_t TextReader::ReadLineWith(std::string& line, std::string_view keyword) {
+    const std::size_t hit = FindNoCase(text_, keyword, pos_);
+    if (hit == kNotFound) {
+        pos_ = text_.size();
+        line.clear();
+        return kNotFound;
+    }
+    std::size_t start = hit;  // the start of the line that holds it
+    while (start > pos_ && text_[start - 1] != '\n' && text_[start - 1] != '\r') --start;
+    pos_ = start;
+    ReadLine(line);
+    return hit - start;
 }
 
 bool TextReader::ReadLine(std::string& line) {
@@ -634,11 +653,11 @@ bool TextReader::ReadLine(std::string& line) {
     }
     const std::size_t end = FindLineBreak(text_, pos_);
     if (end == std::string::npos) {
-        line.assign(text_, pos_, std::string::npos);
+        line.assign(text_.substr(pos_));
         pos_ = text_.size();
         return true;
     }
-    line.assign(text_, pos_, end - pos_);
+    line.assign(text_.substr(pos_, end - pos_));
     pos_ = end + 1;
     if (text_[end] == '\r' && pos_ < text_.size() && text_[pos_] == '\n') ++pos_;
     return true;

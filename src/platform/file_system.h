@@ -202,19 +202,30 @@ class TextReader {
 public:
     /// A reader with nothing to read until Open or OpenText.
     TextReader() = default;
+    // It may read a text it does not own, so a copy could outlive that text.
+    TextReader(const TextReader&) = delete;
+    TextReader& operator=(const TextReader&) = delete;
     /// Raises BasicError when the file cannot be read.
     TextReader(FileSystem& fs, std::string_view path);
     /// Reads the whole file to read from its start; raises BasicError when it cannot be read.
     void Open(FileSystem& fs, std::string_view path);
     /// Reads lines from `text` instead of a file.
     void OpenText(std::string text);
+    /// Reads lines from a text that the caller keeps alive and unchanged meanwhile.
+    void OpenView(std::string_view text);
     /// The next line, without its line break; false (and an empty line) at the end.
     bool ReadLine(std::string& line);
+    /// Reads on to the first line that holds `keyword` (without regard to case; it
+    /// holds no line break) and returns where the keyword stands in that line; at
+    /// the end, kNotFound with every line read and `line` empty. The same as
+    /// reading line by line, without copying the lines passed over.
+    std::size_t ReadLineWith(std::string& line, std::string_view keyword);
     /// Whether every line has been read.
     bool AtEnd() const { return pos_ >= text_.size(); }
 
 private:
-    std::string text_;
+    std::string owned_;      // the text when the reader owns it
+    std::string_view text_;  // what is read
     std::size_t pos_ = 0;
 };
 

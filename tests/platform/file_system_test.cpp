@@ -7,8 +7,10 @@
 #endif
 
 #include <filesystem>
+#include <random>
 #include <thread>
 
+#include "platform/byte_text.h"
 #include "platform/path_helpers.h"
 #include "platform/program_error.h"
 #include "support/error_of.h"
@@ -76,6 +78,30 @@ TEST(FileSystemText, ReadsLinesEndingInCrLfLfOrCr) {
               (std::vector<std::string>{"a", "b", "c", "d", "", "e"}));
     EXPECT_TRUE(lines("").empty());
     EXPECT_EQ(lines("x\r\n"), std::vector<std::string>{"x"});
+}
+
+// Skipping to the line that holds a word reads the same lines, in the same
+// place, as reading line by line and looking in each.
+TEST(FileSystemText, SkippingToALineWithAWordMatchesReadingEveryLine) {
+    std::mt19937 random(20261124);
+    const std::string pieces[] = {"<a", "<A b", "x", "\r\n", "\n", "\r", "<", "a"};
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        for (auto i = random() % 20; i > 0; --i) text += pieces[random() % 8];
+        TextReader skipping;
+        TextReader reading;
+        skipping.OpenView(text);
+        reading.OpenText(text);
+        for (int step = 0; step < 4; ++step) {
+            std::string expected;
+            std::size_t at = kNotFound;
+            while (at == kNotFound && reading.ReadLine(expected)) at = FindNoCase(expected, "<a");
+            std::string line = "stale";
+            ASSERT_EQ(skipping.ReadLineWith(line, "<A"), at) << round;
+            ASSERT_EQ(line, at == kNotFound ? "" : expected) << round;
+            ASSERT_EQ(skipping.AtEnd(), reading.AtEnd()) << round;
+        }
+    }
 }
 
 TEST(FileSystemText, BadInputGivesAnErrorNumberNotACrash) {
