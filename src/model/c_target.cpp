@@ -18,7 +18,7 @@ void CTargets::Delete(long index) {
 }
 
 bool CTargets::ContainsNoCase(std::string_view targetString) const {
-    return folded_.count(Fold(targetString)) != 0;
+    return folded_.count(targetString) != 0;
 }
 
 }  // namespace tamrix

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "model/keyed_collection.h"
+#include "platform/byte_text.h"
 
 namespace tamrix {
 
@@ -36,7 +37,7 @@ public:
 
 private:
     KeyedCollection<CTarget> items_;
-    std::unordered_multiset<std::string> folded_;
+    std::unordered_multiset<std::string, FoldedHash, FoldedEqual> folded_;
 };
 
 }  // namespace tamrix

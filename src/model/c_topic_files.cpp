@@ -37,14 +37,14 @@ std::shared_ptr<CTopicFile> CTopicFiles::FirstWithContext(std::string_view conte
         return nullptr;
     }
     BuildIndexes();
-    const auto it = byContext_.find(Fold(context));
+    const auto it = byContext_.find(context);
     return it == byContext_.end() ? nullptr : it->second;
 }
 
 std::shared_ptr<CTopicFile> CTopicFiles::FirstWithExtraId(std::string_view id) const {
     if (id.empty()) return nullptr;
     BuildIndexes();
-    const auto it = byExtraId_.find(Fold(id));
+    const auto it = byExtraId_.find(id);
     return it == byExtraId_.end() ? nullptr : it->second;
 }
 

@@ -7,6 +7,7 @@
 
 #include "model/c_topic_file.h"
 #include "model/keyed_collection.h"
+#include "platform/byte_text.h"
 
 namespace tamrix {
 
@@ -45,8 +46,10 @@ private:
 
     KeyedCollection<CTopicFile> items_;
     mutable long indexed_ = 0;  // topic files covered by the indexes
-    mutable std::unordered_map<std::string, std::shared_ptr<CTopicFile>> byContext_;
-    mutable std::unordered_map<std::string, std::shared_ptr<CTopicFile>> byExtraId_;
+    mutable std::unordered_map<std::string, std::shared_ptr<CTopicFile>, FoldedHash, FoldedEqual>
+        byContext_;
+    mutable std::unordered_map<std::string, std::shared_ptr<CTopicFile>, FoldedHash, FoldedEqual>
+        byExtraId_;
 };
 
 }  // namespace tamrix

@@ -14,7 +14,7 @@ ContextIDIndex::ContextIDIndex(const CContextIDs* mapFileIds, const CContextIDs*
 
 const std::vector<NamedDefinition>& ContextIDIndex::Named(std::string_view name) const {
     static const std::vector<NamedDefinition> kNone;
-    const auto it = byName_.find(Fold(name));
+    const auto it = byName_.find(name);
     return it == byName_.end() ? kNone : it->second;
 }
 

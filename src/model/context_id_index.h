@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/c_context_id.h"
+#include "platform/byte_text.h"
 
 namespace tamrix {
 
@@ -27,7 +28,7 @@ public:
     const std::vector<NamedDefinition>& Named(std::string_view name) const;
 
 private:
-    std::unordered_map<std::string, std::vector<NamedDefinition>> byName_;
+    std::unordered_map<std::string, std::vector<NamedDefinition>, FoldedHash, FoldedEqual> byName_;
 };
 
 }  // namespace tamrix

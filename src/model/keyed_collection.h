@@ -43,14 +43,14 @@ public:
     }
     /// By key; an unknown key raises error 5.
     const Ptr& Item(std::string_view key) const {
-        const auto it = index_.find(Fold(key));
+        const auto it = index_.find(key);
         if (key.empty() || it == index_.end()) RaiseError(err::kInvalidCall);
         return items_[it->second];
     }
     /// By key, or nullptr.
     Ptr Find(std::string_view key) const {
         if (key.empty()) return nullptr;
-        const auto it = index_.find(Fold(key));
+        const auto it = index_.find(key);
         return it == index_.end() ? nullptr : items_[it->second];
     }
     /// Whether an item is held under `key`.
@@ -66,7 +66,7 @@ public:
     }
     /// Removes the item under `key`; an unknown key raises error 5.
     void Delete(std::string_view key) {
-        const auto it = index_.find(Fold(key));
+        const auto it = index_.find(key);
         if (key.empty() || it == index_.end()) RaiseError(err::kInvalidCall);
         Delete(static_cast<long>(it->second) + 1);
     }
@@ -91,7 +91,7 @@ private:
 
     std::vector<Ptr> items_;
     std::vector<std::string> keys_;
-    std::unordered_map<std::string, std::size_t> index_;
+    std::unordered_map<std::string, std::size_t, FoldedHash, FoldedEqual> index_;
 };
 
 }  // namespace tamrix

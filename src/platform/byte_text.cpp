@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace tamrix {
@@ -66,6 +67,15 @@ std::string Fold(std::string_view text) {
     auto* folded = reinterpret_cast<unsigned char*>(out.data());
     for (std::size_t i = 0; i < text.size(); ++i) folded[i] = FoldByte(in[i]);
     return out;
+}
+
+std::size_t FoldedHash::operator()(std::string_view text) const {
+    std::uint64_t hash = 14695981039346656037ULL;  // FNV-1a
+    for (const char c : text) {
+        hash ^= kFold[static_cast<unsigned char>(c)];
+        hash *= 1099511628211ULL;
+    }
+    return static_cast<std::size_t>(hash);
 }
 
 bool EqualsNoCase(std::string_view a, std::string_view b) {

@@ -15,6 +15,20 @@ std::string Fold(std::string_view text);
 
 /// True when the two texts differ only in the case of their letters.
 bool EqualsNoCase(std::string_view a, std::string_view b);
+
+/// For hashed containers keyed by folded text: hashes any text as Fold would
+/// make it, without making it, so that a look-up in any case allocates nothing.
+struct FoldedHash {
+    using is_transparent = void;
+    /// The hash of Fold(text).
+    std::size_t operator()(std::string_view text) const;
+};
+/// Key equality for those containers: EqualsNoCase.
+struct FoldedEqual {
+    using is_transparent = void;
+    /// Whether the texts are equal, case aside.
+    bool operator()(std::string_view a, std::string_view b) const { return EqualsNoCase(a, b); }
+};
 /// Position of the first match at or after `from`, or kNotFound. An empty needle is never found.
 std::size_t FindNoCase(std::string_view text, std::string_view needle, std::size_t from = 0);
 /// True when `needle` occurs anywhere in `text`, case aside.

@@ -38,7 +38,7 @@ std::string ParentOf(const std::string& path) {
     return path.substr(0, slash);
 }
 
-using NameMap = std::unordered_map<std::string, std::string>;
+using NameMap = std::unordered_map<std::string, std::string, FoldedHash, FoldedEqual>;
 
 // Keys under which a directory entry can be found: its folded name, and the
 // folded Windows-1252 spelling of a UTF-8 name.
@@ -50,10 +50,10 @@ void AddKeys(NameMap& map, const std::string& name) {
 
 // The entry a component names, by case or by its UTF-8 spelling; null when none.
 const std::string* FindName(const NameMap& map, std::string_view component) {
-    if (auto it = map.find(Fold(component)); it != map.end()) return &it->second;
+    if (auto it = map.find(component); it != map.end()) return &it->second;
     std::string cp;
     if (Utf8ToCp1252(component, cp) && cp != component) {
-        if (auto it = map.find(Fold(cp)); it != map.end()) return &it->second;
+        if (auto it = map.find(cp); it != map.end()) return &it->second;
     }
     return nullptr;
 }

@@ -13,6 +13,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "platform/byte_text.h"
 #include "platform/native_files.h"
 #include "platform/write_queue.h"
 
@@ -122,7 +123,7 @@ public:
 private:
     // Entry names by their folded spelling (and by the folded Windows-1252
     // spelling of a UTF-8 name).
-    using NameMap = std::unordered_map<std::string, std::string>;
+    using NameMap = std::unordered_map<std::string, std::string, FoldedHash, FoldedEqual>;
     struct Listing {
         std::int64_t stamp = -1;
         NameMap byFolded;
