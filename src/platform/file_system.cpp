@@ -40,19 +40,28 @@ std::string ParentOf(const std::string& path) {
 
 using NameMap = std::unordered_map<std::string, std::string, FoldedHash, FoldedEqual>;
 
+// Whether the name has a Windows-1252 spelling of its own: only a name with
+// bytes outside ASCII can.
+bool MaySpellOtherwise(std::string_view name) {
+    for (const char c : name)
+        if (static_cast<unsigned char>(c) >= 0x80) return true;
+    return false;
+}
+
 // Keys under which a directory entry can be found: its folded name, and the
 // folded Windows-1252 spelling of a UTF-8 name.
 void AddKeys(NameMap& map, const std::string& name) {
     map.emplace(Fold(name), name);
     std::string cp;
-    if (Utf8ToCp1252(name, cp) && cp != name) map.emplace(Fold(cp), name);
+    if (MaySpellOtherwise(name) && Utf8ToCp1252(name, cp) && cp != name)
+        map.emplace(Fold(cp), name);
 }
 
 // The entry a component names, by case or by its UTF-8 spelling; null when none.
 const std::string* FindName(const NameMap& map, std::string_view component) {
     if (auto it = map.find(component); it != map.end()) return &it->second;
     std::string cp;
-    if (Utf8ToCp1252(component, cp) && cp != component) {
+    if (MaySpellOtherwise(component) && Utf8ToCp1252(component, cp) && cp != component) {
         if (auto it = map.find(cp); it != map.end()) return &it->second;
     }
     return nullptr;
