@@ -44,17 +44,10 @@ void KeepPending(Conversion& wizard, std::string&& buffer, std::size_t start) {
     wizard.Globals.PendingAnchorStart = start;
 }
 
-// Reads lines until one holds `keyword`; that line goes into `line` and the
-// keyword's position is returned, or kNotFound at the end of the stream.
-std::size_t ReadToLineWith(TextReader& stream, std::string& line, std::string_view keyword) {
-    return stream.ReadLineWith(line, keyword);
-}
-
-// The text from the line holding `open` up to and including `close`, or empty.
 std::string ReadTag(TextReader& stream, std::string_view open, std::string_view close, int& state) {
     state = 0;
     std::string line;
-    const std::size_t at = ReadToLineWith(stream, line, open);
+    const std::size_t at = stream.ReadLineWith(line, open);
     if (at == kNotFound) return {};
     state = 1;
     std::string text = line.substr(at);
@@ -90,7 +83,7 @@ std::string HTMLAnchor(Conversion& wizard, TextReader& stream) {
             wizard.Globals.PendingAnchorText.clear();
         } else {
             wizard.Globals.PendingAnchorStart = 0;
-            from = ReadToLineWith(stream, text, "<A");
+            from = stream.ReadLineWith(text, "<A");
             if (from == kNotFound) return std::string();
             text += ' ';
         }
