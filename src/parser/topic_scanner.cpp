@@ -56,6 +56,7 @@ bool FindContextID(Conversion& wizard, TextReader& stream, std::string& topicId)
         std::string line;
         if (stream.ReadLineWith(line, "<BODY") == kNotFound) return true;
         wizard.Globals.BodyState = 1;
+        // The body's own line first, then each next line that holds "<A".
         for (std::size_t a = FindNoCase(line, "<A");; a = kNotFound) {
             if (a == kNotFound) a = stream.ReadLineWith(line, "<A");
             if (a == kNotFound) return true;
