@@ -46,10 +46,8 @@ private:
 
     KeyedCollection<CTopicFile> items_;
     mutable long indexed_ = 0;  // topic files covered by the indexes
-    mutable std::unordered_map<std::string, std::shared_ptr<CTopicFile>, FoldedHash, FoldedEqual>
-        byContext_;
-    mutable std::unordered_map<std::string, std::shared_ptr<CTopicFile>, FoldedHash, FoldedEqual>
-        byExtraId_;
+    mutable FoldedMap<std::shared_ptr<CTopicFile>> byContext_;
+    mutable FoldedMap<std::shared_ptr<CTopicFile>> byExtraId_;
 };
 
 }  // namespace tamrix

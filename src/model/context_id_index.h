@@ -28,7 +28,7 @@ public:
     const std::vector<NamedDefinition>& Named(std::string_view name) const;
 
 private:
-    std::unordered_map<std::string, std::vector<NamedDefinition>, FoldedHash, FoldedEqual> byName_;
+    FoldedMap<std::vector<NamedDefinition>> byName_;
 };
 
 }  // namespace tamrix

@@ -91,7 +91,7 @@ private:
 
     std::vector<Ptr> items_;
     std::vector<std::string> keys_;
-    std::unordered_map<std::string, std::size_t, FoldedHash, FoldedEqual> index_;
+    FoldedMap<std::size_t> index_;
 };
 
 }  // namespace tamrix

@@ -3,6 +3,7 @@
 // letters of Windows-1252, the code page of the projects this program reads.
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace tamrix {
@@ -29,6 +30,9 @@ struct FoldedEqual {
     /// Whether the texts are equal, case aside.
     bool operator()(std::string_view a, std::string_view b) const { return EqualsNoCase(a, b); }
 };
+/// A map from text, compared without regard to case, to V.
+template <class V>
+using FoldedMap = std::unordered_map<std::string, V, FoldedHash, FoldedEqual>;
 /// Position of the first match at or after `from`, or kNotFound. An empty needle is never found.
 std::size_t FindNoCase(std::string_view text, std::string_view needle, std::size_t from = 0);
 /// True when `needle` occurs anywhere in `text`, case aside.

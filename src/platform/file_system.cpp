@@ -38,7 +38,7 @@ std::string ParentOf(const std::string& path) {
     return path.substr(0, slash);
 }
 
-using NameMap = std::unordered_map<std::string, std::string, FoldedHash, FoldedEqual>;
+using NameMap = FoldedMap<std::string>;
 
 // Whether the name has a Windows-1252 spelling of its own: only a name with
 // bytes outside ASCII can.

@@ -123,7 +123,7 @@ public:
 private:
     // Entry names by their folded spelling (and by the folded Windows-1252
     // spelling of a UTF-8 name).
-    using NameMap = std::unordered_map<std::string, std::string, FoldedHash, FoldedEqual>;
+    using NameMap = FoldedMap<std::string>;
     struct Listing {
         std::int64_t stamp = -1;
         NameMap byFolded;
