@@ -131,6 +131,7 @@ int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std:
         fs.SetWriteRoot(folder);
         Quietly(fs, [&] { fs.WriteRunMarker(); });  // the write step refuses a wrong folder
     }
+    wizard.PopupsChosenEarly = options.popups;
     const bool finished = Next(wizard, err) && [&] {
         wizard.controls.optYesPopups = options.popups;
         wizard.controls.optNoPopups = !options.popups;

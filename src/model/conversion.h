@@ -72,6 +72,10 @@ public:
     bool RewriteDone = false;  ///< the write step succeeded
     /// Set when the popup links were activated in the written topic files.
     bool PopupsActivated = false;
+    /// Set when the popup step's answer is known to be "Yes" before the write step
+    /// (the command line's choice): the topic files that call popups are then held
+    /// back, and activation writes each once, beside its backup.
+    bool PopupsChosenEarly = false;
 
     /// Fetches the style-sheet options of the options dialog into AddCssLink,
     /// SetTopicClass and CssFileName; the wizard overrides it.

@@ -159,6 +159,7 @@ std::string FileSystem::DiskPath(std::string_view path) {
 // A path that exists as written is answered by one look at it.
 bool FileSystem::FileExists(std::string_view path) {
     if (path.empty()) return false;
+    WriteHeldAt(path);
     Settle();
     std::string plain = Slashes(path);
     const auto status = native::StatusOf(plain);
@@ -180,6 +181,8 @@ bool FileSystem::FolderExists(std::string_view path) {
 }
 
 bool FileSystem::SameEntry(std::string_view a, std::string_view b) {
+    WriteHeldAt(a);
+    WriteHeldAt(b);
     Settle();
     const std::string diskA = DiskPath(GetAbsolutePathName(a));
     const std::string diskB = DiskPath(GetAbsolutePathName(b));
@@ -264,7 +267,15 @@ std::string FileSystem::ReadAll(std::string_view path) {
 
 void FileSystem::SetWriteRoot(std::string_view folder) {
     // A run ends or begins here, often outside any error handler. A failure still
-    // queued belongs to a loop that already ended in an error, told then.
+    // queued belongs to a loop that already ended in an error, told then. Held
+    // files are written by the step that held them; any left are written now, each
+    // failure passing over one file only.
+    while (!held_.empty()) {
+        try {
+            WriteHeld();
+        } catch (...) {
+        }
+    }
     if (queue_) queue_->Wait();
     writeRoot_ = folder.empty() ? std::string() : GetAbsolutePathName(folder);
     written_.clear();
@@ -282,6 +293,7 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
 }
 
 void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
+    WriteHeld();
     Settle();
     inputFolders_.clear();
     inputTree_.clear();
@@ -295,6 +307,7 @@ void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
 
 bool FileSystem::InsideWriteRoot(std::string_view path) {
     if (writeRoot_.empty()) return true;
+    WriteHeldAt(path);
     Settle();
     const std::string root = Resolved(DiskPath(writeRoot_));
     const std::string target = Resolved(DiskPath(GetAbsolutePathName(path)));
@@ -443,7 +456,7 @@ void FileSystem::SweepTempFiles(const std::string& folder) {
     }
 }
 
-void FileSystem::WriteAll(std::string_view path, std::string_view content, bool keep) {
+void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep keep) {
     CheckInterrupt();
     const std::string absolute = GetAbsolutePathName(path);
     std::string disk, resolved;
@@ -460,15 +473,23 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, bool 
         if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
             RaiseError(error, disk);
         NoteWritten(disk, resolved);
-        if (!kept_.empty()) kept_.erase(resolved);
+        if (!kept_.empty()) {
+            kept_.erase(resolved);
+            held_.erase(resolved);
+        }
         return;
     }
     AddKeys(folder->own, NamePart(disk));
     NoteWritten(disk, resolved, false);
-    if (keep)
+    if (keep != Keep::kNothing)
         kept_[resolved] = content;
     else if (!kept_.empty())
         kept_.erase(resolved);
+    if (keep == Keep::kHeld) {
+        held_[resolved] = disk;
+        return;
+    }
+    if (!held_.empty()) held_.erase(resolved);
     Post(disk, content.size(), [disk, text = std::string(content)] {
         return native::WriteReplacing(disk, kTempPrefix, text);
     });
@@ -523,6 +544,52 @@ std::optional<std::string> FileSystem::KeptContent(std::string_view path) {
     return it->second;
 }
 
+void FileSystem::WriteHeldFile(const std::string& resolved) {
+    const auto it = held_.find(resolved);
+    if (it == held_.end()) return;
+    const std::string disk = std::move(it->second);
+    held_.erase(it);
+    const std::string& text = kept_.at(resolved);
+    Post(disk, text.size(),
+         [disk, text] { return native::WriteReplacing(disk, kTempPrefix, text); });
+}
+
+void FileSystem::WriteHeldAt(std::string_view path) {
+    if (held_.empty()) return;
+    const std::string absolute = GetAbsolutePathName(path);
+    const std::string folder = ParentOf(absolute);
+    if (const auto it = writeFolders_.find(folder); it != writeFolders_.end()) {
+        if (const std::string* name = FindName(it->second.own, NamePart(absolute)))
+            WriteHeldFile(JoinDisk(it->second.resolved, *name));
+        return;
+    }
+    WriteHeldIn(folder);
+}
+
+void FileSystem::WriteHeldIn(std::string_view folder) {
+    if (held_.empty()) return;
+    const std::string absolute = GetAbsolutePathName(folder);
+    if (writeFolders_.count(absolute) == 0) {
+        // Another spelling of a write folder, through a link, is found by its resolved path.
+        auto [it, added] = resolvedReadFolders_.try_emplace(absolute);
+        if (added) {
+            Settle();
+            it->second = Resolved(DiskPath(absolute));
+        }
+        if (resolvedWriteFolders_.count(it->second) == 0) return;
+    }
+    WriteHeld();
+}
+
+void FileSystem::WriteHeld() {
+    if (held_.empty()) return;
+    std::vector<std::string> paths;
+    paths.reserve(held_.size());
+    for (const auto& entry : held_) paths.push_back(entry.first);
+    std::sort(paths.begin(), paths.end());  // the same order on every run
+    for (const std::string& resolved : paths) WriteHeldFile(resolved);
+}
+
 void FileSystem::CopyFile(std::string_view from, std::string_view to) {
     if (!LinkWritten(from, to)) WriteAll(to, ReadAll(from));
 }
@@ -543,6 +610,19 @@ void FileSystem::ReplaceKeepingOld(std::string_view path, std::string_view backu
     }
     AddKeys(backupFolder->own, NamePart(backupDisk));
     NoteWritten(backupDisk, backupResolved, false);
+    if (const auto held = held_.find(resolved); held != held_.end()) {
+        // Never written: its content becomes the backup, and nothing moves.
+        held_.erase(held);
+        Post(disk, content.size(), [disk, text = std::string(content)] {
+            return native::WriteReplacing(disk, kTempPrefix, text);
+        });
+        // The backup is a new name that no queued write touches, so this thread
+        // writes it meanwhile: the queue would otherwise be the slower of the two.
+        const auto kept = kept_.extract(resolved);
+        if (const int error = native::WriteReplacing(backupDisk, kTempPrefix, kept.mapped()))
+            RaiseError(error, backupDisk);
+        return;
+    }
     if (!kept_.empty()) kept_.erase(resolved);
     Post(disk, content.size(), [disk, backupDisk, text = std::string(content)] {
         return native::WriteReplacing(disk, kTempPrefix, text, &backupDisk);
@@ -558,8 +638,10 @@ bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
     if (source == writeFolders_.end()) return false;
     const WriteFolder& sourceFolder = source->second;  // stays valid as the map grows
     const std::string* name = FindName(sourceFolder.own, NamePart(absoluteFrom));
-    if (name == nullptr || written_.count(JoinDisk(sourceFolder.resolved, *name)) == 0)
-        return false;
+    const std::string fromResolved =
+        name == nullptr ? std::string() : JoinDisk(sourceFolder.resolved, *name);
+    if (name == nullptr || written_.count(fromResolved) == 0) return false;
+    if (!held_.empty()) WriteHeldFile(fromResolved);  // a link needs the file on disk
     const std::string fromDisk = JoinDisk(sourceFolder.disk, *name);
     std::string disk, resolved;
     WriteFolder* folder = KnownTarget(GetAbsolutePathName(to), disk, resolved);
@@ -598,12 +680,14 @@ void FileSystem::WriteRunMarker() {
 }
 
 void FileSystem::RemoveFile(std::string_view path) {
+    WriteHeldAt(path);
     Settle();
     const std::string disk = DiskPath(GetAbsolutePathName(path));
     const std::string resolved = CheckWritable(disk);
     if (const int error = native::RemoveFile(disk)) RaiseError(error, disk);
     written_.erase(resolved);
     kept_.erase(resolved);
+    held_.erase(resolved);
 }
 
 bool FileSystem::Written(std::string_view path) {
@@ -616,6 +700,7 @@ bool FileSystem::Written(std::string_view path) {
 }
 
 std::vector<std::string> FileSystem::ListFiles(std::string_view folder) {
+    WriteHeldIn(folder);
     Settle();
     const std::string disk = DiskPath(folder);
     std::vector<std::string> entries;

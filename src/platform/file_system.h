@@ -42,13 +42,26 @@ public:
 
     /// Reads a whole regular file; failures raise BasicError (53, 70, 75, 76).
     std::string ReadAll(std::string_view path);
+
+    /// What WriteAll keeps of a file in memory.
+    enum class Keep {
+        kNothing,
+        /// ReadAll takes the content from memory until the file is replaced.
+        kForReading,
+        /// The same, and the file goes to disk only when it must (new files in a
+        /// folder written into before; others are written at once): replaced with
+        /// its old content kept (ReplaceKeepingOld then writes that as the backup, so
+        /// nothing is moved), copied, looked for on disk, or by WriteHeld.
+        kHeld,
+    };
     /// Writes the content where no one sees it until it is whole (an unnamed file, or
     /// a temporary one in the destination folder) and then names it, so an
     /// interruption never leaves a half-written file. Temporary files
-    /// that a killed run left in the folder are removed on its first write. With
-    /// `keep`, ReadAll takes the content from memory until the file is replaced.
+    /// that a killed run left in the folder are removed on its first write.
     /// While a QueuedWrites lives, see there.
-    void WriteAll(std::string_view path, std::string_view content, bool keep = false);
+    void WriteAll(std::string_view path, std::string_view content, Keep keep = Keep::kNothing);
+    /// Writes every file held back by WriteAll, in the order of their paths.
+    void WriteHeld();
 
     /// While one lives, a new file in a folder written into before is written by
     /// a second thread, so that creating it overlaps the work on the next one.
@@ -141,6 +154,12 @@ private:
     WriteFolder* WriteFolderOf(const std::string& absoluteFolder);
     WriteFolder* KnownTarget(const std::string& absolute, std::string& disk, std::string& resolved);
     std::optional<std::string> KeptContent(std::string_view path);
+    // Writes the held file with this resolved path, if it is one.
+    void WriteHeldFile(const std::string& resolved);
+    // Writes what `path` may name among the held files, so that the disk answers for it.
+    void WriteHeldAt(std::string_view path);
+    // Writes the held files when they may lie in `folder`.
+    void WriteHeldIn(std::string_view folder);
     bool LinkWritten(std::string_view from, std::string_view to);
     struct Identity {
         std::uint64_t device = 0;
@@ -187,6 +206,8 @@ private:
     std::unordered_set<std::string> swept_;  // folders cleared of stale temporary files
     std::unordered_map<std::string, WriteFolder> writeFolders_;  // by absolute path
     std::unordered_map<std::string, std::string> kept_;  // written with keep, by resolved path
+    // The disk paths of the held files, by resolved path: each is in kept_ too.
+    std::unordered_map<std::string, std::string> held_;
     // What the files seen before the write root was set looked like, by path as
     // written: their second read asks the system only to open, read and close.
     std::unordered_map<std::string, native::Status> looked_;

@@ -147,6 +147,7 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
                 caller->JavaModified = true;
             }
         }
+        fs.WriteHeld();  // the callers that activation left as they were
         queued.Finish();
         return true;
     } catch (...) {

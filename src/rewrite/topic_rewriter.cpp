@@ -69,8 +69,13 @@ bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& 
                             cssLink + std::string(LineEndOf(text)));
         }
         // Popup activation and the popup text writers read the file again; they
-        // find it in memory.
-        fs.WriteAll(newPath, text, !topic.HasTitle || CallsPopupToActivate(wizard.Globals, topic));
+        // find it in memory. A file that activation will rewrite is written then.
+        using Keep = FileSystem::Keep;
+        const bool calls = CallsPopupToActivate(wizard.Globals, topic);
+        fs.WriteAll(newPath, text,
+                    calls && wizard.PopupsChosenEarly ? Keep::kHeld
+                    : calls || !topic.HasTitle        ? Keep::kForReading
+                                                      : Keep::kNothing);
         return true;
     });
 }

@@ -20,6 +20,18 @@
 namespace tamrix {
 
 int Wizard::NextStep(int currentStep) {
+    const int next = NextStepWork(currentStep);
+    // Topic files held back for popup activation wait only while the popup
+    // question is open.
+    if (next != 4)
+        Guarded(Errors, "frmWizard:NextStep", false, [&] {
+            Files.WriteHeld();
+            return true;
+        });
+    return next;
+}
+
+int Wizard::NextStepWork(int currentStep) {
     return Guarded(Errors, "frmWizard:NextStep", currentStep, [&]() -> int {
         switch (currentStep) {
             case 0:

@@ -220,6 +220,7 @@ private:
     void ExitProgram();
     void ResetProject();
     void ResetViewMenus();
+    int NextStepWork(int currentStep);
     bool NextFromWinHelpFile();
     bool NextFromNewProject();
     void WriteLogsAndPopups();

@@ -137,7 +137,7 @@ TEST(FileSystemWrites, WritesAtomicallyAndListsFolders) {
     EXPECT_EQ(dir.Read("new/c.htm"), "A");
     // A copy of a file this run wrote keeps its content when the file is replaced,
     // and a file kept in memory is read as last written.
-    fs.WriteAll(dir / "new\\k.htm", "K1", true);
+    fs.WriteAll(dir / "new\\k.htm", "K1", FileSystem::Keep::kForReading);
     fs.CopyFile(dir / "new\\k.htm", dir / "new\\k-copy.htm");
     fs.WriteAll(dir / "new\\k.htm", "K2");
     EXPECT_EQ(fs.ReadAll(dir / "new\\K.htm"), "K2");
@@ -167,7 +167,7 @@ TEST(FileSystemWrites, QueuedWritesAreSeenInOrderAndTheirFailuresTold) {
             fs.WriteAll(dir / ("new\\t" + std::to_string(i) + ".htm"), std::to_string(i));
         EXPECT_EQ(fs.ReadAll(dir / "new\\T299.htm"), "299");
         fs.CreateFolder(dir / "new\\NoPopups");
-        fs.WriteAll(dir / "new\\k.htm", "K1", true);
+        fs.WriteAll(dir / "new\\k.htm", "K1", FileSystem::Keep::kForReading);
         fs.ReplaceKeepingOld(dir / "new\\k.htm", dir / "new\\NoPopups\\k.htm", "K2");
         fs.CopyFile(dir / "new\\t1.htm", dir / "new\\copy.htm");
         fs.WriteAll(dir / "new\\t1.htm", "one");  // after the copy was queued
@@ -204,6 +204,50 @@ TEST(FileSystemWrites, QueuedWritesAreSeenInOrderAndTheirFailuresTold) {
         fs.WriteAll(dir / "new\\last.htm", "x");
     });
     EXPECT_EQ(ErrorOf([&] { fs.SetWriteRoot({}); }), 0);
+}
+
+// A held file is read and counted as written at once, and reaches the disk with
+// the content it was given as soon as anything could see it there missing.
+TEST(FileSystemWrites, HeldFilesReachTheDiskWhenReplacedOrSeen) {
+    using Keep = FileSystem::Keep;
+    testing::TempDir dir;
+    FileSystem fs;
+    fs.SetWriteRoot(dir / "new");
+    fs.CreateFolder(dir / "new");
+    fs.CreateFolder(dir / "new\\NoPopups");
+    fs.WriteAll(dir / "new\\first.htm", "F");  // the folder is met before holding
+    const auto held = [&](const char* name, const char* text) {
+        fs.WriteAll(dir / (std::string("new\\") + name), text, Keep::kHeld);
+        EXPECT_FALSE(dir.Exists(std::string("new/") + name)) << name;
+    };
+    {
+        FileSystem::QueuedWrites queued(fs);
+        held("a.htm", "A1");
+        EXPECT_EQ(fs.ReadAll(dir / "new\\A.htm"), "A1");
+        EXPECT_TRUE(fs.Written(dir / "new\\a.htm"));
+        fs.ReplaceKeepingOld(dir / "new\\a.htm", dir / "new\\NoPopups\\a.htm", "A2");
+        held("b.htm", "B1");
+        EXPECT_TRUE(fs.FileExists(dir / "new\\B.htm"));
+        held("c.htm", "C1");
+        fs.CopyFile(dir / "new\\c.htm", dir / "new\\c-copy.htm");
+        held("d.htm", "D1");
+        fs.WriteAll(dir / "new\\d.htm", "D2");  // replaced before it was ever written
+        held("e.htm", "E1");
+        EXPECT_FALSE(fs.FileExists(dir / "elsewhere.htm"));  // does not write it
+        EXPECT_FALSE(dir.Exists("new/e.htm"));
+        EXPECT_EQ(fs.ListFiles(dir / "new").size(), 7u);
+        held("f.htm", "F1");
+        fs.WriteHeld();
+        queued.Finish();
+    }
+    held("g.htm", "G1");
+    fs.SetWriteRoot({});  // a run that ends writes what is left
+    const std::vector<std::pair<const char*, const char*>> expected = {
+        {"a.htm", "A2"}, {"NoPopups/a.htm", "A1"}, {"b.htm", "B1"},
+        {"c.htm", "C1"}, {"c-copy.htm", "C1"},     {"d.htm", "D2"},
+        {"e.htm", "E1"}, {"f.htm", "F1"},          {"g.htm", "G1"}};
+    for (const auto& [name, text] : expected)
+        EXPECT_EQ(dir.Read(std::string("new/") + name), text) << name;
 }
 
 // Nothing is written outside the write root, and the input project's folder tree

@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
 
 #include "messages/messages.h"
 #include "model/project_state.h"
@@ -144,6 +148,67 @@ TEST_F(WizardTest, TheSampleIsWrittenAgainAfterBackThenActivatedAndFinished) {
     wizard.cmdNav_Click(kNavExit);
     EXPECT_EQ(view.exits, 1);
     EXPECT_EQ(view.messages.back().text, "Do you want to exit the program?");
+}
+
+// Files of the new project by their path in it, with their content; the logs,
+// which name the folder, are left out.
+std::map<std::string, std::string> FilesUnder(const fs::path& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
+        if (!entry.is_regular_file() || entry.path().extension() == ".log") continue;
+        std::ifstream in(entry.path(), std::ios::binary);
+        files[fs::relative(entry.path(), root).generic_string()] = {
+            std::istreambuf_iterator<char>(in), {}};
+    }
+    return files;
+}
+
+// Told before the write step that popups will be activated (as the command line
+// is), the wizard holds the calling topics back and writes each once; the new
+// project is the same as when the answer comes at its step, whatever it is.
+TEST_F(WizardTest, AnEarlyPopupChoiceWritesTheSameProject) {
+    testing::SetEnvironment("SOURCE_DATE_EPOCH", "1299333420");
+    const auto convert = [&](const std::string& out, bool early, bool activate) {
+        Wizard one{view};
+        one.Start();
+        one.PopupsChosenEarly = early;
+        one.cmdNav_Click(kNavNext);
+        one.controls.txtProjectName = dir / "in/TideClock.hhp";
+        one.cmdNav_Click(kNavNext);
+        one.controls.txtWinhelpProjectName = dir / "in/TideClock.hpj";
+        one.cmdNav_Click(kNavNext);
+        one.controls.txtRootPath = dir / out;
+        one.cmdNav_Click(kNavNext);
+        EXPECT_EQ(one.CurrentStep(), 4) << out;
+        one.controls.optYesPopups = activate;
+        one.controls.optNoPopups = !activate;
+        one.cmdNav_Click(kNavNext);
+        EXPECT_EQ(one.CurrentStep(), 5) << out;
+        EXPECT_EQ(one.PopupsActivated, activate) << out;
+        return FilesUnder(dir / fs::path(out).parent_path().string());
+    };
+    view.answersById[10011] = mb::kYes;  // create the missing folders
+    const auto activated = convert("out1/TideClock.hhp", false, true);
+    EXPECT_GT(activated.size(), 20u);
+    const auto expectSame = [](const std::map<std::string, std::string>& actual,
+                               const std::map<std::string, std::string>& expected) {
+        EXPECT_EQ(actual.size(), expected.size());
+        for (const auto& [name, text] : expected) {
+            const auto found = actual.find(name);
+            EXPECT_TRUE(found != actual.end() && found->second == text) << name;
+        }
+    };
+    expectSame(convert("out2/TideClock.hhp", true, true), activated);
+    // Declined after all: the held topics are written as they were.
+    const auto declined = convert("out3/TideClock.hhp", false, false);
+    const auto backups = [](const std::map<std::string, std::string>& files) {
+        return std::count_if(files.begin(), files.end(), [](const auto& file) {
+            return file.first.rfind("html/NoPopups/", 0) == 0;
+        });
+    };
+    EXPECT_GT(backups(activated), 0);
+    EXPECT_EQ(backups(declined), 0);
+    expectSame(convert("out4/TideClock.hhp", true, false), declined);
 }
 
 TEST_F(WizardTest, CancelOffersARestartAndClearsTheProject) {
