@@ -121,8 +121,10 @@ for n in "${sizes[@]}"; do
     peak="$(printf '%s\n' "${rss[@]}" | max)"
     cpus="$(printf '%s\n' "${cpu[@]}" | median)"
     size="$(du -sk "$src" | cut -f1)"
-    rows+=("$(awk -v n="$n" -v t="$topics" -v c="$conv" -v p="$copy" -v m="$peak" -v s="$size" -v u="$cpus" 'BEGIN {
-        printf "| %d | %d | %.1f | %.3f | %.3f | %.2f | %.3f | %.2f | %.3f | %.1f |", n, t, s / 1024, c, p, c / p, 1000 * c / t, u, 1000 * u / t, m / 1024 }')")
+    # What the files hold, without the blocks a file system rounds each one up to.
+    bytes="$(find "$src" -type f -printf '%s\n' | awk '{ s += $1 } END { print s }')"
+    rows+=("$(awk -v n="$n" -v t="$topics" -v c="$conv" -v p="$copy" -v m="$peak" -v s="$size" -v u="$cpus" -v b="$bytes" 'BEGIN {
+        printf "| %d | %d | %.1f | %.3f | %.3f | %.2f | %.3f | %.2f | %.3f | %.1f | %.1f | %.2f |", n, t, s / 1024, c, p, c / p, 1000 * c / t, u, 1000 * u / t, m / 1024, b / 1048576, m * 1024 / b }')")
 done
 load_after="$(cut -d' ' -f1-3 /proc/loadavg)"
 
@@ -172,6 +174,7 @@ per_last="$(echo "$last" | awk -F'|' '{ print $8 }')"
 growth="$(awk -v a="$per_first" -v b="$per_last" 'BEGIN { printf "%.2f", b / a }')"
 cpu_growth="$(awk -F'|' 'NR == 1 { a = $10 } { b = $10 } END { printf "%.2f", b / a }' < <(printf '%s\n' "${rows[@]}"))"
 worst_ratio="$(printf '%s\n' "${rows[@]}" | awk -F'|' '$7 > w { w = $7 } END { printf "%.2f", w }')"
+worst_memory="$(printf '%s\n' "${rows[@]}" | awk -F'|' '$13 > w { w = $13 } END { printf "%.2f", w }')"
 verdict() { awk -v v="$1" -v l="$2" 'BEGIN { print (v <= l) ? "met" : "not met" }'; }
 
 cpu="$(sed -n 's/^model name[[:space:]]*: //p' /proc/cpuinfo | head -n 1)"
@@ -190,12 +193,13 @@ disk="$(df -hT "$work" | awk 'NR == 2 { print $2 " file system on " $1 ", " $3 "
     echo "  copy: \`cp -r\` of the input project folder into a fresh folder. Median of $runs runs each; peak RSS is the largest of the conversion runs;"
     echo "  CPU is user + system time of the conversion (median), which other load on the machine disturbs less than elapsed time."
     echo
-    echo "| N | topic files | input MiB | convert s | copy s | convert/copy | ms per topic | convert CPU s | CPU ms per topic | peak RSS MiB |"
-    echo "|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|"
+    echo "| N | topic files | input MiB on disk | convert s | copy s | convert/copy | ms per topic | convert CPU s | CPU ms per topic | peak RSS MiB | input MiB of content | peak RSS / content |"
+    echo "|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|"
     printf '%s\n' "${rows[@]}"
     echo
     echo "- Elapsed time per topic at N=${sizes[-1]} over N=${sizes[0]}: $growth (goal at most 1.2: $(verdict "$growth" 1.2)); CPU time per topic: $cpu_growth."
     echo "- Largest convert/copy ratio: $worst_ratio (goal at most 2: $(verdict "$worst_ratio" 2))."
+    echo "- Largest peak RSS over the input's content: $worst_memory (goal at most 2: $(verdict "$worst_memory" 2))."
     if [ -n "$fs_ops" ]; then
         echo
         echo "File-system calls per topic file at N=${sizes[0]} (strace; files opened for reading, files created, names given by a link, renames, deletions):"
