@@ -517,19 +517,20 @@ void FileSystem::Settle() {
     if (const auto failure = queue_->Wait()) RaiseError(failure->error, failure->path);
 }
 
+bool FileSystem::IsWriteFolder(const std::string& absoluteFolder) {
+    if (writeFolders_.count(absoluteFolder) != 0) return true;
+    // Another spelling of a write folder, through a link, is found by its resolved path.
+    auto [it, added] = resolvedReadFolders_.try_emplace(absoluteFolder);
+    if (added) {
+        Settle();
+        it->second = Resolved(DiskPath(absoluteFolder));
+    }
+    return resolvedWriteFolders_.count(it->second) != 0;
+}
+
 void FileSystem::SettleBeforeReading(std::string_view path) {
     if (!queue_ || queue_->Idle()) return;
-    const std::string folder = ParentOf(GetAbsolutePathName(path));
-    if (writeFolders_.count(folder) == 0) {
-        // Another spelling of a write folder, through a link, is found by its resolved path.
-        auto [it, added] = resolvedReadFolders_.try_emplace(folder);
-        if (added) {
-            Settle();
-            it->second = Resolved(DiskPath(folder));
-        }
-        if (resolvedWriteFolders_.count(it->second) == 0) return;
-    }
-    Settle();
+    if (IsWriteFolder(ParentOf(GetAbsolutePathName(path)))) Settle();
 }
 
 // The content of a file this run wrote with keep and has not replaced since.
@@ -567,18 +568,7 @@ void FileSystem::WriteHeldAt(std::string_view path) {
 }
 
 void FileSystem::WriteHeldIn(std::string_view folder) {
-    if (held_.empty()) return;
-    const std::string absolute = GetAbsolutePathName(folder);
-    if (writeFolders_.count(absolute) == 0) {
-        // Another spelling of a write folder, through a link, is found by its resolved path.
-        auto [it, added] = resolvedReadFolders_.try_emplace(absolute);
-        if (added) {
-            Settle();
-            it->second = Resolved(DiskPath(absolute));
-        }
-        if (resolvedWriteFolders_.count(it->second) == 0) return;
-    }
-    WriteHeld();
+    if (!held_.empty() && IsWriteFolder(GetAbsolutePathName(folder))) WriteHeld();
 }
 
 void FileSystem::WriteHeld() {

@@ -178,6 +178,8 @@ private:
     void Post(const std::string& diskPath, std::size_t bytes, WriteQueue::Operation operation);
     // Waits for the queued writes; raises the first that failed.
     void Settle();
+    // Whether this run writes into the folder, spelled as it is or otherwise.
+    bool IsWriteFolder(const std::string& absoluteFolder);
     // Waits for the queued writes when they may be writing the file at `path`.
     void SettleBeforeReading(std::string_view path);
     void CheckInterrupt() const {
