@@ -114,6 +114,7 @@ int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std:
     Wizard wizard(view);
     FileSystem& fs = wizard.Files;
     fs.SetInterruptCheck(StopIfInterrupted);
+    fs.KeepInputReads(true);  // the steps run straight through: each input file is read once
     std::string error;
     const std::string newProject = NewProjectFile(fs, options, error);
     if (newProject.empty()) {
@@ -132,7 +133,9 @@ int RunConvert(const CliOptions& options, CliView& view, std::ostream& out, std:
         Quietly(fs, [&] { fs.WriteRunMarker(); });  // the write step refuses a wrong folder
     }
     wizard.PopupsChosenEarly = options.popups;
-    const bool finished = Next(wizard, err) && [&] {
+    const bool written = Next(wizard, err);
+    fs.KeepInputReads(false);
+    const bool finished = written && [&] {
         wizard.controls.optYesPopups = options.popups;
         wizard.controls.optNoPopups = !options.popups;
         return Next(wizard, err) && wizard.CurrentStep() == 5;

@@ -244,6 +244,13 @@ std::string FileSystem::ReadAll(std::string_view path) {
     CheckInterrupt();
     if (!kept_.empty())
         if (auto kept = KeptContent(path)) return std::move(*kept);
+    if (!inputReads_.empty()) {
+        if (auto it = inputReads_.find(GetAbsolutePathName(path)); it != inputReads_.end()) {
+            std::string content = std::move(it->second);
+            inputReads_.erase(it);
+            return content;
+        }
+    }
     SettleBeforeReading(path);
     std::string content;
     native::Status status;
@@ -261,7 +268,10 @@ std::string FileSystem::ReadAll(std::string_view path) {
         if (const int error = native::ReadWholeFile(disk, content, status)) RaiseError(error, disk);
     }
     NoteRead({status.device, status.inode});
-    if (writeRoot_.empty()) looked_[disk] = status;
+    if (writeRoot_.empty()) {
+        looked_[disk] = status;
+        if (keepInputReads_) inputReads_[GetAbsolutePathName(path)] = content;
+    }
     return content;
 }
 
@@ -287,9 +297,15 @@ void FileSystem::SetWriteRoot(std::string_view folder) {
     kept_.clear();
     if (!writeRoot_.empty()) return;
     looked_.clear();
+    inputReads_.clear();
     inputFolders_.clear();
     inputTree_.clear();
     inputFiles_.clear();
+}
+
+void FileSystem::KeepInputReads(bool on) {
+    keepInputReads_ = on;
+    if (!on) inputReads_.clear();
 }
 
 void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {

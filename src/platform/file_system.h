@@ -110,6 +110,12 @@ public:
     /// root was set is never replaced.
     void SetInputFolders(const std::vector<std::string>& folders);
 
+    /// While on, each file read while no write root is set is kept in memory, and
+    /// the next read of it takes it from there: the command line reads the input
+    /// once, as nothing changes it between its steps. The window leaves it off, as
+    /// its user may edit the input between two steps. Off forgets what was kept.
+    void KeepInputReads(bool on);
+
     /// Called before every read and write, so that a run can stop between two
     /// files and never in the middle of one.
     void SetInterruptCheck(void (*check)()) { interruptCheck_ = check; }
@@ -213,6 +219,9 @@ private:
     // What the files seen before the write root was set looked like, by path as
     // written: their second read asks the system only to open, read and close.
     std::unordered_map<std::string, native::Status> looked_;
+    // The input files read so far, by absolute path, while keepInputReads_.
+    std::unordered_map<std::string, std::string> inputReads_;
+    bool keepInputReads_ = false;
     // The write folders by their resolved paths, and the resolved folders of
     // files read while writes were queued.
     std::unordered_set<std::string> resolvedWriteFolders_;

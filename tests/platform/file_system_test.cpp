@@ -124,6 +124,35 @@ TEST(FileSystemText, BadInputGivesAnErrorNumberNotACrash) {
 #endif
 }
 
+// Kept input reads serve one later read of the same file, however its path is
+// spelled, and only what was read before writing began.
+TEST(FileSystemText, KeptInputReadsAreTakenOnce) {
+    testing::TempDir dir;
+    FileSystem fs;
+    dir.Write("in/a.htm", "A1");
+    dir.Write("in/b.htm", "B1");
+    fs.KeepInputReads(true);
+    EXPECT_EQ(fs.ReadAll(dir / "in\\a.htm"), "A1");
+    fs.SetWriteRoot(dir / "out");
+    EXPECT_EQ(fs.ReadAll(dir / "in/b.htm"), "B1");  // read while writing: not kept
+    dir.Write("in/a.htm", "A2");
+    dir.Write("in/b.htm", "B2");
+    EXPECT_EQ(fs.ReadAll(dir / "in/./a.htm"), "A1");
+    EXPECT_EQ(fs.ReadAll(dir / "in/a.htm"), "A2");
+    EXPECT_EQ(fs.ReadAll(dir / "in/b.htm"), "B2");
+    // Turned off, or at the end of a run, nothing kept is served.
+    fs.SetWriteRoot({});
+    EXPECT_EQ(fs.ReadAll(dir / "in/a.htm"), "A2");
+    dir.Write("in/a.htm", "A3");
+    fs.KeepInputReads(false);
+    EXPECT_EQ(fs.ReadAll(dir / "in/a.htm"), "A3");
+    fs.KeepInputReads(true);
+    EXPECT_EQ(fs.ReadAll(dir / "in/a.htm"), "A3");
+    dir.Write("in/a.htm", "A4");
+    fs.SetWriteRoot({});
+    EXPECT_EQ(fs.ReadAll(dir / "in/a.htm"), "A4");
+}
+
 TEST(FileSystemWrites, WritesAtomicallyAndListsFolders) {
     testing::TempDir dir;
     FileSystem fs;
