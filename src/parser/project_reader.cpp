@@ -127,12 +127,6 @@ bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& m
                                             Counter16::Checked(static_cast<long>(entries.size())),
                                             "Scanning Old Project Files ...");
 
-        std::vector<std::string> topicPaths;  // read on a second core meanwhile
-        for (const std::string& entry : entries)
-            if (EqualsNoCase(FileExtension(entry), "htm"))
-                topicPaths.push_back(modUtilities::MakeFullPathforFile(folder, entry));
-        const FileSystem::ReadingAhead ahead(wizard.Files, topicPaths);
-
         Counter16 missing = missingCount;
         Counter16 duplicates;
         ContextIndex byContext;

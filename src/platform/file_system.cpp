@@ -161,11 +161,6 @@ bool FileSystem::FileExists(std::string_view path) {
     if (path.empty()) return false;
     WriteHeldAt(path);
     Settle();
-    std::size_t ahead = 0;
-    if (const ReadAhead::File* file = ReadAheadAt(path, ahead)) {
-        if (writeRoot_.empty()) looked_[Slashes(path)] = file->status;
-        return true;
-    }
     std::string plain = Slashes(path);
     const auto status = native::StatusOf(plain);
     if (!status) return IsKind(DiskPath(path), native::Kind::kFile);
@@ -257,14 +252,6 @@ std::string FileSystem::ReadAll(std::string_view path) {
         }
     }
     SettleBeforeReading(path);
-    std::size_t ahead = 0;
-    if (ReadAhead::File* file = ReadAheadAt(path, ahead)) {
-        std::string content = std::move(file->content);
-        const native::Status status = file->status;
-        readAhead_->Drop(ahead);
-        NoteInputRead(path, Slashes(path), status, content);
-        return content;
-    }
     std::string content;
     native::Status status;
     // Read as written; only a failure looks further (and names the reason).
@@ -280,45 +267,12 @@ std::string FileSystem::ReadAll(std::string_view path) {
             RaiseError(err::kPathFileAccess, "Not a file: " + disk);
         if (const int error = native::ReadWholeFile(disk, content, status)) RaiseError(error, disk);
     }
-    NoteInputRead(path, disk, status, content);
-    return content;
-}
-
-void FileSystem::NoteInputRead(std::string_view path, const std::string& disk,
-                               const native::Status& status, const std::string& content) {
     NoteRead({status.device, status.inode});
     if (writeRoot_.empty()) {
         looked_[disk] = status;
         if (keepInputReads_) inputReads_[GetAbsolutePathName(path)] = content;
     }
-}
-
-ReadAhead::File* FileSystem::ReadAheadAt(std::string_view path, std::size_t& index) {
-    if (!readAhead_) return nullptr;
-    const auto it = readAheadIndex_.find(GetAbsolutePathName(path));
-    if (it == readAheadIndex_.end()) return nullptr;
-    index = it->second;
-    ReadAhead::File* file = readAhead_->Find(index);
-    return file != nullptr && file->error == 0 ? file : nullptr;
-}
-
-FileSystem::ReadingAhead::ReadingAhead(FileSystem& fs, const std::vector<std::string>& paths)
-    : fs_(fs) {
-    static const bool twoCores = std::thread::hardware_concurrency() >= 2;
-    if (!twoCores || paths.empty() || (fs.queue_ && !fs.queue_->Idle())) return;
-    std::vector<std::string> disk;
-    disk.reserve(paths.size());
-    fs.readAheadIndex_.clear();
-    for (const std::string& path : paths) {
-        fs.readAheadIndex_.try_emplace(GetAbsolutePathName(path), disk.size());
-        disk.push_back(Slashes(path));
-    }
-    fs.readAhead_ = std::make_unique<ReadAhead>(std::move(disk));
-}
-
-FileSystem::ReadingAhead::~ReadingAhead() {
-    fs_.readAhead_.reset();
-    fs_.readAheadIndex_.clear();
+    return content;
 }
 
 void FileSystem::SetWriteRoot(std::string_view folder) {

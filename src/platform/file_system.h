@@ -15,7 +15,6 @@
 
 #include "platform/byte_text.h"
 #include "platform/native_files.h"
-#include "platform/read_ahead.h"
 #include "platform/write_queue.h"
 
 namespace tamrix {
@@ -76,19 +75,6 @@ public:
         ~QueuedWrites();
         /// Waits for every queued write; raises the first that failed.
         void Finish() { fs_.Settle(); }
-
-    private:
-        FileSystem& fs_;
-    };
-    /// While one lives, the files it names are read on a second thread, in their
-    /// order, while the caller works on the ones before; ReadAll and FileExists
-    /// take what that thread read. Nothing is read ahead while writes are queued.
-    class ReadingAhead {
-    public:
-        ReadingAhead(FileSystem& fs, const std::vector<std::string>& paths);
-        ReadingAhead(const ReadingAhead&) = delete;
-        ReadingAhead& operator=(const ReadingAhead&) = delete;
-        ~ReadingAhead();
 
     private:
         FileSystem& fs_;
@@ -206,12 +192,6 @@ private:
         if (interruptCheck_ != nullptr) interruptCheck_();
     }
     void NoteRead(const Identity& id);
-    // Notes what a read of an input file found, as every read does.
-    void NoteInputRead(std::string_view path, const std::string& disk, const native::Status& status,
-                       const std::string& content);
-    // The file the read-ahead read at `path`, and its place there; null when
-    // the caller is to read it.
-    ReadAhead::File* ReadAheadAt(std::string_view path, std::size_t& index);
     // Raises error 600 (and keeps the refusal) unless `diskPath` may be written;
     // returns it with every link resolved.
     std::string CheckWritable(const std::string& diskPath);
@@ -246,10 +226,8 @@ private:
     // files read while writes were queued.
     std::unordered_set<std::string> resolvedWriteFolders_;
     std::unordered_map<std::string, std::string> resolvedReadFolders_;
-    std::unique_ptr<WriteQueue> queue_;                            // made by the first queued write
-    std::unique_ptr<ReadAhead> readAhead_;                         // while a ReadingAhead lives
-    std::unordered_map<std::string, std::size_t> readAheadIndex_;  // by absolute path
-    int queueing_ = 0;                                             // QueuedWrites alive
+    std::unique_ptr<WriteQueue> queue_;  // made by the first queued write
+    int queueing_ = 0;                   // QueuedWrites alive
 };
 
 /// Reads a text file line by line; lines may end in CR LF, LF or CR.

@@ -153,48 +153,6 @@ TEST(FileSystemText, KeptInputReadsAreTakenOnce) {
     EXPECT_EQ(fs.ReadAll(dir / "in/a.htm"), "A4");
 }
 
-// Reading ahead changes when files are read, never what a read or a look for a
-// file gives, nor that an input file read that way is protected.
-TEST(FileSystemText, FilesReadAheadAreTheFilesOnDisk) {
-    testing::TempDir dir;
-    const auto content = [](std::size_t i) {
-        return std::string(i * 37, static_cast<char>('a' + i % 26));
-    };
-    std::vector<std::string> paths;
-    for (std::size_t i = 0; i < 200; ++i) {
-        const std::string name = "in/new/t" + std::to_string(i) + ".htm";
-        dir.Write(name, content(i));
-        paths.push_back(dir / name);
-    }
-    std::filesystem::create_directories(dir / "in/folder.htm");
-    paths.push_back(dir / "in/missing.htm");
-    paths.push_back(dir / "in/folder.htm");
-    paths.push_back(dir / "in\\new\\T7.htm");  // found by its case, as a read finds it
-    FileSystem fs;
-    {
-        const FileSystem::ReadingAhead ahead(fs, paths);
-        for (std::size_t i = 0; i < 200; ++i) {
-            SCOPED_TRACE(paths[i]);
-            if (i % 3 == 0) {
-                EXPECT_TRUE(fs.FileExists(paths[i]));
-            }
-            EXPECT_EQ(fs.ReadAll(paths[i]), content(i));
-            if (i % 5 == 0) {
-                EXPECT_EQ(fs.ReadAll(paths[i]), content(i));  // read again
-            }
-        }
-        EXPECT_FALSE(fs.FileExists(paths[200]));
-        EXPECT_EQ(ErrorOf([&] { fs.ReadAll(paths[200]); }), err::kFileNotFound);
-        EXPECT_FALSE(fs.FileExists(paths[201]));
-        EXPECT_EQ(ErrorOf([&] { fs.ReadAll(paths[201]); }), err::kPathFileAccess);
-        EXPECT_EQ(fs.ReadAll(paths[202]), content(7));
-    }
-    fs.SetWriteRoot(dir / "in/new");
-    fs.SetInputFolders({dir / "in"});
-    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(paths[3], "new"); }), err::kOutsideNewFolder);
-    EXPECT_EQ(ErrorOf([&] { fs.WriteAll(dir / "in/new/other.htm", "new"); }), 0);
-}
-
 TEST(FileSystemWrites, WritesAtomicallyAndListsFolders) {
     testing::TempDir dir;
     FileSystem fs;
