@@ -12,7 +12,7 @@
 # fresh folder under it is used and removed at the end unless KEEP_WORK=1),
 # RUNS (default 3), SEED (default 1), NOTES (text appended to the results,
 # default bench/NOTES.md when present), SYSCALL_SIZES (the sizes whose system
-# calls strace counts, default 1000 and 10000 when measured).
+# calls strace counts, default every size measured).
 set -euo pipefail
 
 here="$(cd "$(dirname "$0")" && pwd)"
@@ -151,7 +151,7 @@ if command -v strace >/dev/null; then
                   --hpj "$src/Bench.hpj" --popups --yes --quiet
               count_ops "cp -r" cp -r "$src" "$work/ops-copy")"
     # Every system call of both tools, per topic file.
-    read -r -a syscall_sizes <<<"${SYSCALL_SIZES:-1000 10000}"
+    read -r -a syscall_sizes <<<"${SYSCALL_SIZES:-${sizes[*]}}"
     for n in "${syscall_sizes[@]}"; do
         src="$work/in-$n"
         [ -d "$src" ] || continue
