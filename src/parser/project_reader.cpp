@@ -2,12 +2,14 @@
 
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 #include "model/conversion.h"
 
 #include "messages/messages.h"
 #include "model/project_state.h"
 #include "parser/topic_scanner.h"
+#include "parser/topics_ahead.h"
 #include "platform/byte_text.h"
 #include "platform/counter16.h"
 #include "platform/file_system.h"
@@ -127,41 +129,54 @@ bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& m
                                             Counter16::Checked(static_cast<long>(entries.size())),
                                             "Scanning Old Project Files ...");
 
+        std::vector<std::string> fullPaths;
+        std::vector<std::string> topicPaths;  // of the .htm entries, parsed on two cores
+        fullPaths.reserve(entries.size());
+        topicPaths.reserve(entries.size());
+        for (const std::string& entry : entries) {
+            fullPaths.push_back(modUtilities::MakeFullPathforFile(folder, entry));
+            topicPaths.push_back(EqualsNoCase(FileExtension(entry), "htm") ? fullPaths.back()
+                                                                           : std::string());
+        }
+        TopicsAhead ahead(wizard, std::move(topicPaths));
+
         Counter16 missing = missingCount;
         Counter16 duplicates;
         ContextIndex byContext;
         bool stoppedHere = false;
         long position = 0;
         for (const std::string& entry : entries) {
-            ++position;
-            const std::string fullPath = modUtilities::MakeFullPathforFile(folder, entry);
-            if (!modUtilities::FileExists(wizard.Files, fullPath)) {
-                ++missing;
-                missingCount = missing;
-                const int answer = modMessages::AskMessage(
-                    wizard.View(), modMessages::FromCatalogue(10044, fullPath), mb::kYesNo,
-                    "Scanning Project File", wizard.Box());
-                if (answer != mb::kYes) {
-                    stoppedHere = true;
-                    break;
+            const auto index = static_cast<std::size_t>(position++);
+            const std::string& fullPath = fullPaths[index];
+            ParsedTopic parsed;
+            // Found and parsed on the second core, or else looked for and parsed here.
+            if (!ahead.Take(index, parsed)) {
+                if (!modUtilities::FileExists(wizard.Files, fullPath)) {
+                    ++missing;
+                    missingCount = missing;
+                    const int answer = modMessages::AskMessage(
+                        wizard.View(), modMessages::FromCatalogue(10044, fullPath), mb::kYesNo,
+                        "Scanning Project File", wizard.Box());
+                    if (answer != mb::kYes) {
+                        stoppedHere = true;
+                        break;
+                    }
+                    modUtilities::UpdateProgressBar(wizard, position);
+                    continue;
                 }
+                if (!EqualsNoCase(FileExtension(entry), "htm")) {
+                    modUtilities::UpdateProgressBar(wizard, position);
+                    continue;
+                }
+                ParseTopicFile(wizard, fullPath, parsed);
+            }
+            if (!parsed.ok) {
                 modUtilities::UpdateProgressBar(wizard, position);
                 continue;
             }
-            if (!EqualsNoCase(FileExtension(entry), "htm")) {
-                modUtilities::UpdateProgressBar(wizard, position);
-                continue;
-            }
-
-            std::string title;
-            std::string topicId;
-            std::string targets;
-            std::string extraIds;
-            int hotspots = 0;
-            if (!ParseTopicFile(wizard, fullPath, title, topicId, targets, hotspots, extraIds)) {
-                modUtilities::UpdateProgressBar(wizard, position);
-                continue;
-            }
+            const std::string& title = parsed.title;
+            const std::string& topicId = parsed.topicId;
+            const std::string& targets = parsed.targets;
             if (!topicId.empty() && ContainsNoCase(entry, topicId)) {
                 const int answer =
                     modMessages::AskMessage(wizard.View(), modMessages::FromCatalogue(10005, entry),
@@ -175,12 +190,12 @@ bool ParseProjectFile(Conversion& wizard, const std::string& projectFile, int& m
             topic->Context = topicId;
             topic->TopicTitle = title;
             topic->NewFileName = topicId.empty() ? topic->AutoFileName : topicId + ".htm";
-            topic->ExtraIds = extraIds;
+            topic->ExtraIds = std::move(parsed.extraIds);
             if (!targets.empty()) {
                 for (const std::string& target : Split(targets, '^')) {
                     if (!topic->targets().ContainsNoCase(target)) topic->targets().Add(target);
                 }
-                topic->HotSpotCount = hotspots;
+                topic->HotSpotCount = parsed.hotspots;
             }
             topic->HasTitle = !EqualsNoCase(title, "(Untitled)");
             RenameDuplicateID(wizard, *topic, byContext, duplicates);

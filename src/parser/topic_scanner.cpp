@@ -131,4 +131,10 @@ bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& ti
     });
 }
 
+bool ParseTopicFile(Conversion& wizard, const std::string& file, ParsedTopic& topic) {
+    topic.ok = ParseTopicFile(wizard, file, topic.title, topic.topicId, topic.targets,
+                              topic.hotspots, topic.extraIds);
+    return topic.ok;
+}
+
 }  // namespace tamrix::modParser

@@ -22,6 +22,19 @@ namespace tamrix::modParser {
 bool ParseTopicFile(Conversion& wizard, const std::string& file, std::string& title,
                     std::string& topicId, std::string& targets, int& hotspots,
                     std::string& extraIds);
+
+/// What ParseTopicFile gives for one file.
+struct ParsedTopic {
+    /// Its result: the file has a title.
+    bool ok = false;
+    std::string title;
+    std::string topicId;
+    std::string targets;
+    std::string extraIds;
+    int hotspots = 0;
+};
+/// The same, into one value; gives its `ok`.
+bool ParseTopicFile(Conversion& wizard, const std::string& file, ParsedTopic& topic);
 /// The head of the document ("<HEAD" to "</HEAD>", lines joined), or empty.
 std::string HTMLHeader(Conversion& wizard, TextReader& stream);
 /// The trimmed TITLE text; false when it is empty. A missing <TITLE> shows message 5003.

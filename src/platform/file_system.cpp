@@ -308,6 +308,17 @@ void FileSystem::KeepInputReads(bool on) {
     if (!on) inputReads_.clear();
 }
 
+bool FileSystem::ReadsFromDisk() {
+    return writeRoot_.empty() && kept_.empty() && held_.empty() && (!queue_ || queue_->Idle());
+}
+
+void FileSystem::TakeReadsOf(FileSystem& other) {
+    if (!writeRoot_.empty() || !other.writeRoot_.empty()) return;
+    inputFiles_.insert(other.inputFiles_.begin(), other.inputFiles_.end());
+    looked_.merge(other.looked_);
+    if (keepInputReads_) inputReads_.merge(other.inputReads_);
+}
+
 void FileSystem::SetInputFolders(const std::vector<std::string>& folders) {
     WriteHeld();
     Settle();

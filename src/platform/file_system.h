@@ -115,10 +115,24 @@ public:
     /// once, as nothing changes it between its steps. The window leaves it off, as
     /// its user may edit the input between two steps. Off forgets what was kept.
     void KeepInputReads(bool on);
+    /// Whether reads are kept, as KeepInputReads set it.
+    bool KeepsInputReads() const { return keepInputReads_; }
+    /// Whether a read now gives what the disk holds: no write root is set and no
+    /// write of this run is queued, held or kept. Another instance reading the same
+    /// files then reads what this one would.
+    bool ReadsFromDisk();
+    /// Takes over what `other` read while neither had a write root: those files
+    /// are protected as if read here, and their kept contents are taken when this
+    /// one keeps its reads.
+    void TakeReadsOf(FileSystem& other);
 
     /// Called before every read and write, so that a run can stop between two
     /// files and never in the middle of one.
     void SetInterruptCheck(void (*check)()) { interruptCheck_ = check; }
+    /// Stops the run here when the interrupt check says so.
+    void CheckInterrupt() const {
+        if (interruptCheck_ != nullptr) interruptCheck_();
+    }
     /// A file put into the write root as soon as the root is created, and taken
     /// away by the run that created it when it ends normally.
     void SetRunMarker(std::string_view name) { runMarker_ = name; }
@@ -188,9 +202,6 @@ private:
     bool IsWriteFolder(const std::string& absoluteFolder);
     // Waits for the queued writes when they may be writing the file at `path`.
     void SettleBeforeReading(std::string_view path);
-    void CheckInterrupt() const {
-        if (interruptCheck_ != nullptr) interruptCheck_();
-    }
     void NoteRead(const Identity& id);
     // Raises error 600 (and keeps the refusal) unless `diskPath` may be written;
     // returns it with every link resolved.
