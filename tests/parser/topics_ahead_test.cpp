@@ -66,8 +66,7 @@ TEST_F(TopicsAheadTest, GivesWhatTheCallerWouldParseAndProtectsWhatItRead) {
     wizard.Files.SetInputFolders({dir / "proj"});
     EXPECT_EQ(testing::ErrorOf([&] { wizard.Files.WriteAll(paths.back(), "new"); }),
               err::kOutsideNewFolder);
-    EXPECT_EQ(testing::ErrorOf([&] { wizard.Files.WriteAll(dir / "shared/other.htm", "new"); }),
-              0);
+    EXPECT_EQ(testing::ErrorOf([&] { wizard.Files.WriteAll(dir / "shared/other.htm", "new"); }), 0);
 }
 
 }  // namespace
