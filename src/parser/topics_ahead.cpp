@@ -73,7 +73,6 @@ void TopicsAhead::Run() {
         if (found) ParseTopicFile(own, paths_[i], slot.topic);
         slot.state.store(found && helper_->view.said == said ? kParsed : kLeft,
                          std::memory_order_release);
-        slot.state.notify_one();
     }
 }
 
@@ -82,9 +81,10 @@ bool TopicsAhead::Take(std::size_t index, ParsedTopic& topic) {
     Slot& slot = slots_[index];
     int state = kFree;
     if (slot.state.compare_exchange_strong(state, kCaller)) return false;
-    // Where the two threads meet: the one file the second thread is on.
+    // Where the two threads meet: the one file the second thread is on. Yielding
+    // rather than std::atomic::wait, which can miss its wake-up with MinGW.
     while (state == kAhead) {
-        slot.state.wait(kAhead, std::memory_order_acquire);
+        std::this_thread::yield();
         state = slot.state.load(std::memory_order_acquire);
     }
     if (state != kParsed) return false;
