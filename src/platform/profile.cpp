@@ -37,6 +37,9 @@ std::vector<Line> SplitLines(std::string_view content) {
 
 // The name of a section header line, or nothing.
 std::optional<std::string> HeaderName(std::string_view body) {
+    // Most lines are no header: told by their first character, without a copy.
+    const std::size_t first = body.find_first_not_of(" \t");
+    if (first == std::string_view::npos || body[first] != '[') return std::nullopt;
     const std::string trimmed = Trim(TabsToSpaces(body));
     if (trimmed.empty() || trimmed[0] != '[') return std::nullopt;
     const std::size_t close = trimmed.find(']');
