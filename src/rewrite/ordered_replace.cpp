@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
+#include <limits>
 #include <optional>
 #include <set>
 #include <unordered_map>
@@ -37,6 +38,22 @@ public:
             else
                 pairs_.set(first << 8 | static_cast<unsigned char>(name[1]));
         }
+        if (groups_.empty()) return;
+        shortest_ = std::numeric_limits<std::size_t>::max();
+        for (const auto& entry : groups_) shortest_ = std::min(shortest_, entry.first.size());
+        if (shortest_ < kMinSkipLength) return;
+        // How far the end of a window of the shortest length may move on from a
+        // pair of characters: no further than to where that pair stands in the
+        // first `shortest_` characters of some name.
+        skips_.assign(kSkipSlots,
+                      static_cast<unsigned char>(std::min<std::size_t>(shortest_ - 1, kMaxSkip)));
+        for (const auto& entry : groups_) {
+            const std::string& name = entry.first;
+            for (std::size_t j = 1; j < shortest_; ++j) {
+                unsigned char& skip = skips_[SlotOf(name[j - 1], name[j])];
+                skip = static_cast<unsigned char>(std::min<std::size_t>(skip, shortest_ - 1 - j));
+            }
+        }
     }
     std::size_t LengthCount() const { return lengths_.size(); }
     std::size_t MaxLength() const { return lengths_.empty() ? 0 : *lengths_.rbegin(); }
@@ -48,13 +65,20 @@ public:
     // Every occurrence in the folded text, by start.
     std::vector<Occurrence> FindAll(std::string_view folded) const {
         std::vector<Occurrence> found;
-        for (std::size_t i = 0; i < folded.size(); ++i) {
-            if (!MayStartAt(folded, i)) continue;
-            for (const std::size_t length : lengths_) {
-                if (i + length > folded.size()) break;
-                const int group = GroupOf(folded.substr(i, length));
-                if (group >= 0) found.push_back({i, length, group});
+        if (skips_.empty()) {
+            for (std::size_t i = 0; i < folded.size(); ++i) AddAt(folded, i, found);
+            return found;
+        }
+        // Long names: the end of a window of the shortest length jumps over the
+        // text while its last two characters cannot end any name's first part.
+        for (std::size_t end = shortest_ - 1; end < folded.size();) {
+            const unsigned char skip = skips_[SlotOf(folded[end - 1], folded[end])];
+            if (skip > 0) {
+                end += skip;
+                continue;
             }
+            AddAt(folded, end + 1 - shortest_, found);
+            ++end;
         }
         return found;
     }
@@ -69,6 +93,23 @@ public:
     }
 
 private:
+    // Names at least this long are looked for by skipping.
+    static constexpr std::size_t kMinSkipLength = 4;
+    static constexpr std::size_t kMaxSkip = 255;
+    static constexpr std::size_t kSkipSlots = 4096;
+    // Pairs of characters share slots; a shared slot only skips less.
+    static std::size_t SlotOf(char a, char b) {
+        return (static_cast<unsigned char>(a) * 31u + static_cast<unsigned char>(b)) % kSkipSlots;
+    }
+    // Adds the names that start at position i, shortest first.
+    void AddAt(std::string_view folded, std::size_t i, std::vector<Occurrence>& found) const {
+        if (!MayStartAt(folded, i)) return;
+        for (const std::size_t length : lengths_) {
+            if (i + length > folded.size()) break;
+            const int group = GroupOf(folded.substr(i, length));
+            if (group >= 0) found.push_back({i, length, group});
+        }
+    }
     // Whether a name can start at position i: most positions are passed over
     // on their first two characters without hashing anything.
     bool MayStartAt(std::string_view folded, std::size_t i) const {
@@ -90,6 +131,8 @@ private:
     std::array<bool, 256> firsts_{};  // first characters of all names
     std::bitset<256> singles_;        // first characters of one-character names
     std::bitset<65536> pairs_;        // first two characters of longer names
+    std::size_t shortest_ = 0;
+    std::vector<unsigned char> skips_;  // by pair of characters; empty: no skipping
 };
 
 // The texts a neighbouring site may show while the names are replaced one by one.
@@ -107,6 +150,22 @@ std::optional<std::vector<std::string>> Contexts(std::string_view folded,
                                                  const std::vector<Site>& sites, std::size_t i,
                                                  std::size_t need, bool before) {
     constexpr std::size_t kMaxContexts = 16;
+    // Mostly the text reaches `need` characters (or the end) before any neighbour.
+    const Site& site = sites[i];
+    if (before) {
+        const std::size_t edge = site.start;
+        const std::size_t limit = i > 0 ? sites[i - 1].start + sites[i - 1].length : 0;
+        if (edge - limit >= need || i == 0) {
+            const std::size_t from = edge - std::min(need, edge - limit);
+            return std::vector<std::string>{std::string(folded.substr(from, edge - from))};
+        }
+    } else {
+        const std::size_t edge = site.start + site.length;
+        const bool last = i + 1 == sites.size();
+        const std::size_t limit = last ? folded.size() : sites[i + 1].start;
+        if (limit - edge >= need || last)
+            return std::vector<std::string>{std::string(folded.substr(edge, need))};
+    }
     std::vector<std::string> out{std::string()};
     // Walks away from site i, one gap and one neighbouring site at a time.
     std::size_t edge = before ? sites[i].start : sites[i].start + sites[i].length;

@@ -90,8 +90,8 @@ TEST(OrderedReplace, StopsOnceAnEntryPassesTheLimit) {
 // frequent; every outcome must equal the one-by-one loop.
 TEST(OrderedReplace, AgreesWithTheOneByOneLoopOnRandomTexts) {
     std::mt19937 random(20110305);
-    auto word = [&](int maxLength, const char* letters) {
-        std::string w(1 + random() % maxLength, ' ');
+    auto word = [&](int maxLength, const char* letters, int minLength = 1) {
+        std::string w(minLength + random() % (maxLength - minLength + 1), ' ');
         const std::size_t n = std::char_traits<char>::length(letters);
         for (char& c : w) c = letters[random() % n];
         return w;
@@ -99,11 +99,14 @@ TEST(OrderedReplace, AgreesWithTheOneByOneLoopOnRandomTexts) {
     int onePass = 0;
     for (int round = 0; round < 4000; ++round) {
         const char* letters = round % 2 == 0 ? "abAB." : "abcdefgh\\.";
-        const std::string text = word(60, letters);
+        // Every third round has only long names, which are looked for by skipping.
+        const bool longNames = round % 3 == 2;
+        const std::string text = word(longNames ? 200 : 60, letters);
         List list;
         const int names = 1 + static_cast<int>(random() % 6);
         for (int i = 0; i < names; ++i)
-            list.push_back({word(4, letters), word(5, letters), random() % 4 == 0});
+            list.push_back({longNames ? word(9, letters, 4) : word(4, letters), word(5, letters),
+                            random() % 4 == 0});
         if (round % 7 == 0) list.push_back({"", "x"});
         const auto fast = ReplaceInOrder(text, list);
         const auto slow = ReplaceOneByOne(text, list);
