@@ -37,6 +37,7 @@ public:
                 singles_.set(first);
             else
                 pairs_.set(first << 8 | static_cast<unsigned char>(name[1]));
+            for (std::size_t j = 1; j < name.size(); ++j) inner_.set(PairOf(name[j - 1], name[j]));
         }
         if (groups_.empty()) return;
         shortest_ = std::numeric_limits<std::size_t>::max();
@@ -82,6 +83,8 @@ public:
         }
         return found;
     }
+    // Whether some name holds the two characters side by side.
+    bool HasPair(char a, char b) const { return inner_.test(PairOf(a, b)); }
     // Whether a name occurs in the folded window over [from, to), or across `from`
     // when the range is empty.
     bool OccursOver(std::string_view window, std::size_t from, std::size_t to) const {
@@ -100,6 +103,10 @@ private:
     // Pairs of characters share slots; a shared slot only skips less.
     static std::size_t SlotOf(char a, char b) {
         return (static_cast<unsigned char>(a) * 31u + static_cast<unsigned char>(b)) % kSkipSlots;
+    }
+    static std::size_t PairOf(char a, char b) {
+        return static_cast<std::size_t>(static_cast<unsigned char>(a)) << 8 |
+               static_cast<unsigned char>(b);
     }
     // Adds the names that start at position i, shortest first.
     void AddAt(std::string_view folded, std::size_t i, std::vector<Occurrence>& found) const {
@@ -131,6 +138,7 @@ private:
     std::array<bool, 256> firsts_{};  // first characters of all names
     std::bitset<256> singles_;        // first characters of one-character names
     std::bitset<65536> pairs_;        // first two characters of longer names
+    std::bitset<65536> inner_;        // every two neighbouring characters of a name
     std::size_t shortest_ = 0;
     std::vector<unsigned char> skips_;  // by pair of characters; empty: no skipping
 };
@@ -212,6 +220,22 @@ std::optional<std::vector<std::string>> Contexts(std::string_view folded,
     return out;
 }
 
+// Whether the replacement of site i can form no occurrence whatever its neighbours
+// become: it holds no name, and no name holds the pair of characters at either of
+// its edges (those stay as they are when the site does not touch a neighbour).
+bool StandsApart(std::string_view folded, const std::vector<Site>& sites, std::size_t i,
+                 const NameIndex& index) {
+    const Site& site = sites[i];
+    const std::string& text = *site.replacement;
+    const std::size_t end = site.start + site.length;
+    if (text.empty() || (i > 0 && sites[i - 1].start + sites[i - 1].length == site.start) ||
+        (i + 1 < sites.size() && sites[i + 1].start == end))
+        return false;
+    if (site.start > 0 && index.HasPair(folded[site.start - 1], text.front())) return false;
+    if (end < folded.size() && index.HasPair(text.back(), folded[end])) return false;
+    return !index.OccursOver(text, 0, text.size());
+}
+
 std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
                                                const std::vector<NameReplacement>& list) {
     const std::string folded = Fold(text);
@@ -255,6 +279,7 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
     const std::size_t need = index.MaxLength() > 0 ? index.MaxLength() - 1 : 0;
     for (std::size_t i = 0; i < sites.size(); ++i) {
         if (!sites[i].replacement) continue;
+        if (StandsApart(folded, sites, i, index)) continue;
         const auto left = Contexts(folded, sites, i, need, true);
         const auto right = Contexts(folded, sites, i, need, false);
         if (!left || !right) return std::nullopt;
