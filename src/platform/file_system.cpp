@@ -459,6 +459,8 @@ void FileSystem::NoteWritten(const std::string& diskPath, const std::string& res
 
 namespace {
 constexpr std::string_view kTempPrefix = ".tamrix-";
+// Fewer queued writes than this leave the writing thread short of work.
+constexpr std::size_t kShortQueue = 12;
 
 // A temporary file's name: the prefix and six letters or digits.
 bool IsTempFileName(const std::string& name) {
@@ -634,10 +636,17 @@ void FileSystem::ReplaceKeepingOld(std::string_view path, std::string_view backu
             return native::WriteReplacing(disk, kTempPrefix, text);
         });
         // The backup is a new name that no queued write touches, so this thread
-        // writes it meanwhile: the queue would otherwise be the slower of the two.
-        const auto kept = kept_.extract(resolved);
-        if (const int error = native::WriteReplacing(backupDisk, kTempPrefix, kept.mapped()))
+        // writes it meanwhile, unless the writing thread is about to run out of
+        // work: each thread then waits on the other least.
+        auto kept = kept_.extract(resolved);
+        if (queue_ && queue_->Queued() < kShortQueue) {
+            Post(backupDisk, kept.mapped().size(), [backupDisk, text = std::move(kept.mapped())] {
+                return native::WriteReplacing(backupDisk, kTempPrefix, text);
+            });
+        } else if (const int error =
+                       native::WriteReplacing(backupDisk, kTempPrefix, kept.mapped())) {
             RaiseError(error, backupDisk);
+        }
         return;
     }
     if (!kept_.empty()) kept_.erase(resolved);

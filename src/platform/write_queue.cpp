@@ -55,6 +55,11 @@ bool WriteQueue::Idle() {
     return Done();
 }
 
+std::size_t WriteQueue::Queued() {
+    std::lock_guard lock(mutex_);
+    return jobs_.size();
+}
+
 void WriteQueue::WaitKeepingFailure() {
     std::unique_lock lock(mutex_);
     if (Done()) return;

@@ -36,6 +36,8 @@ public:
     void Post(std::string path, std::size_t bytes, Operation operation);
     /// Whether nothing is queued or running.
     bool Idle();
+    /// How many operations wait to be run.
+    std::size_t Queued();
     /// Waits until nothing is queued or running; then gives the first failure
     /// since the last call, and forgets it.
     std::optional<Failure> Wait();
