@@ -53,6 +53,15 @@ TEST(ByteText, SearchesAgreeWithAPlainLoop) {
     }
     EXPECT_EQ(Fold("AZ@[\xC0\xD7\xDE\xDF\x8A\x8C\x8E\x9F\xFF"),
               "az@[\xE0\xD7\xFE\xDF\x9A\x9C\x9E\xFF\xFF");
+    // Long texts are folded by blocks and short ends one byte at a time: every
+    // byte must fold the same both ways, and as the case-blind comparison sees it.
+    std::string all;
+    for (int c = 0; c < 256; ++c) all += static_cast<char>(c);
+    const std::string folded = Fold(all);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        ASSERT_EQ(folded[i], Fold(all.substr(i, 1))[0]) << i;
+        ASSERT_TRUE(EqualsNoCase(all.substr(i, 1), folded.substr(i, 1))) << i;
+    }
 }
 
 TEST(ByteText, ReplaceAllNeverSearchesTheReplacementAgain) {
