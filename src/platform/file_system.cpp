@@ -521,8 +521,13 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep 
         return;
     }
     if (!held_.empty()) held_.erase(resolved);
-    Post(disk, content.size(), [disk, text = std::string(content)] {
-        return native::WriteReplacing(disk, kTempPrefix, text);
+    PostWrite(disk, std::string(content));
+}
+
+void FileSystem::PostWrite(const std::string& diskPath, std::string content) {
+    const std::size_t bytes = content.size();
+    Post(diskPath, bytes, [diskPath, text = std::move(content)] {
+        return native::WriteReplacing(diskPath, kTempPrefix, text);
     });
 }
 
@@ -581,9 +586,7 @@ void FileSystem::WriteHeldFile(const std::string& resolved) {
     if (it == held_.end()) return;
     const std::string disk = std::move(it->second);
     held_.erase(it);
-    const std::string& text = kept_.at(resolved);
-    Post(disk, text.size(),
-         [disk, text] { return native::WriteReplacing(disk, kTempPrefix, text); });
+    PostWrite(disk, kept_.at(resolved));
 }
 
 void FileSystem::WriteHeldAt(std::string_view path) {
@@ -634,17 +637,13 @@ void FileSystem::ReplaceKeepingOld(std::string_view path, std::string_view backu
     if (const auto held = held_.find(resolved); held != held_.end()) {
         // Never written: its content becomes the backup, and nothing moves.
         held_.erase(held);
-        Post(disk, content.size(), [disk, text = std::string(content)] {
-            return native::WriteReplacing(disk, kTempPrefix, text);
-        });
+        PostWrite(disk, std::string(content));
         // The backup is a new name that no queued write touches, so this thread
         // writes it meanwhile, unless the writing thread is about to run out of
         // work: each thread then waits on the other least.
         auto kept = kept_.extract(resolved);
         if (queue_ && queue_->Queued() < kShortQueue) {
-            Post(backupDisk, kept.mapped().size(), [backupDisk, text = std::move(kept.mapped())] {
-                return native::WriteReplacing(backupDisk, kTempPrefix, text);
-            });
+            PostWrite(backupDisk, std::move(kept.mapped()));
         } else if (const int error =
                        native::WriteReplacing(backupDisk, kTempPrefix, kept.mapped())) {
             RaiseError(error, backupDisk);

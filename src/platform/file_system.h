@@ -196,6 +196,8 @@ private:
     // Hands a write of `diskPath` to the second thread (or does it here when there
     // is no second core); raises a failure of an earlier one.
     void Post(const std::string& diskPath, std::size_t bytes, WriteQueue::Operation operation);
+    // Posts the write of a whole file with this content.
+    void PostWrite(const std::string& diskPath, std::string content);
     // Waits for the queued writes; raises the first that failed.
     void Settle();
     // Whether this run writes into the folder, spelled as it is or otherwise.

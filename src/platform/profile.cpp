@@ -41,7 +41,6 @@ std::optional<std::string> HeaderName(std::string_view body) {
     const std::size_t first = body.find_first_not_of(" \t");
     if (first == std::string_view::npos || body[first] != '[') return std::nullopt;
     const std::string trimmed = Trim(TabsToSpaces(body));
-    if (trimmed.empty() || trimmed[0] != '[') return std::nullopt;
     const std::size_t close = trimmed.find(']');
     return Trim(trimmed.substr(1, close == std::string::npos ? std::string::npos : close - 1));
 }

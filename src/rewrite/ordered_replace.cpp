@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
-#include <limits>
 #include <optional>
 #include <set>
 #include <unordered_map>
@@ -36,12 +35,11 @@ public:
             if (name.size() == 1)
                 singles_.set(first);
             else
-                pairs_.set(first << 8 | static_cast<unsigned char>(name[1]));
+                pairs_.set(PairOf(name[0], name[1]));
             for (std::size_t j = 1; j < name.size(); ++j) inner_.set(PairOf(name[j - 1], name[j]));
         }
         if (groups_.empty()) return;
-        shortest_ = std::numeric_limits<std::size_t>::max();
-        for (const auto& entry : groups_) shortest_ = std::min(shortest_, entry.first.size());
+        shortest_ = *lengths_.begin();
         if (shortest_ < kMinSkipLength) return;
         // How far the end of a window of the shortest length may move on from a
         // pair of characters: no further than to where that pair stands in the
@@ -123,8 +121,7 @@ private:
         const auto first = static_cast<unsigned char>(folded[i]);
         if (!firsts_[first]) return false;
         if (singles_.test(first)) return true;
-        return i + 1 < folded.size() &&
-               pairs_.test(first << 8 | static_cast<unsigned char>(folded[i + 1]));
+        return i + 1 < folded.size() && pairs_.test(PairOf(folded[i], folded[i + 1]));
     }
 
     struct Hash {
