@@ -510,7 +510,9 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep 
         }
         return;
     }
-    AddKeys(folder->own, NamePart(disk));
+    const std::string name = NamePart(disk);
+    const bool firstWrite = FindName(folder->own, name) == nullptr;
+    AddKeys(folder->own, name);
     NoteWritten(disk, resolved, false);
     if (keep != Keep::kNothing)
         kept_[resolved] = content;
@@ -521,6 +523,13 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep 
         return;
     }
     if (!held_.empty()) held_.erase(resolved);
+    // No queued write touches a name this run writes for the first time, so when
+    // the writing thread is behind, this one creates the file rather than wait.
+    if (firstWrite && queue_ && !queue_->HasRoom(content.size())) {
+        if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
+            RaiseError(error, disk);
+        return;
+    }
     PostWrite(disk, std::string(content));
 }
 

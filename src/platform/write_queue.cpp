@@ -35,19 +35,25 @@ void WriteQueue::WakeIfAsleep() {
 void WriteQueue::Post(std::string path, std::size_t bytes, Operation operation) {
     std::unique_lock lock(mutex_);
     if (!thread_.joinable()) thread_ = std::thread([this] { Run(); });
-    // One oversized job may always wait alone.
-    const auto hasRoom = [&] {
-        return Done() || (jobs_.size() < kMaxJobs && queuedBytes_ + bytes <= kMaxBytes);
-    };
-    if (!hasRoom()) {
+    if (!Fits(bytes)) {
         WakeIfAsleep();
         ++waiting_;
-        room_.wait(lock, hasRoom);
+        room_.wait(lock, [&] { return Fits(bytes); });
         --waiting_;
     }
     queuedBytes_ += bytes;
     jobs_.push_back({std::move(path), bytes, std::move(operation)});
     if (jobs_.size() >= kWakeBatch) WakeIfAsleep();
+}
+
+bool WriteQueue::Fits(std::size_t bytes) const {
+    // One oversized job may always wait alone.
+    return Done() || (jobs_.size() < kMaxJobs && queuedBytes_ + bytes <= kMaxBytes);
+}
+
+bool WriteQueue::HasRoom(std::size_t bytes) {
+    std::lock_guard lock(mutex_);
+    return Fits(bytes);
 }
 
 bool WriteQueue::Idle() {

@@ -36,6 +36,8 @@ public:
     void Post(std::string path, std::size_t bytes, Operation operation);
     /// Whether nothing is queued or running.
     bool Idle();
+    /// Whether a Post of `bytes` would be queued at once, without waiting for room.
+    bool HasRoom(std::size_t bytes);
     /// How many operations wait to be run.
     std::size_t Queued();
     /// Waits until nothing is queued or running; then gives the first failure
@@ -55,6 +57,8 @@ private:
     void Run();
     // Whether nothing is queued or running; mutex_ held.
     bool Done() const { return jobs_.empty() && !running_; }
+    // Whether a job of `bytes` fits in the queue now; mutex_ held.
+    bool Fits(std::size_t bytes) const;
     // Wakes the thread when it sleeps and has work; mutex_ held.
     void WakeIfAsleep();
 

@@ -190,11 +190,19 @@ TEST(FileSystemWrites, QueuedWritesAreSeenInOrderAndTheirFailuresTold) {
     testing::TempDir dir;
     FileSystem fs;
     fs.CreateFolder(dir / "new");
+    const std::string large(std::size_t{1} << 20, 'x');
     {
         FileSystem::QueuedWrites queued(fs);
         for (int i = 0; i < 300; ++i)
             fs.WriteAll(dir / ("new\\t" + std::to_string(i) + ".htm"), std::to_string(i));
         EXPECT_EQ(fs.ReadAll(dir / "new\\T299.htm"), "299");
+        // Written again at once: the second, large writes fill the queue, so one finds
+        // it full while the first write of its file still waits in it.
+        for (int i = 0; i < 10; ++i) {
+            const std::string name = dir / ("new\\twice" + std::to_string(i) + ".htm");
+            fs.WriteAll(name, "first");
+            fs.WriteAll(name, large + std::to_string(i));
+        }
         fs.CreateFolder(dir / "new\\NoPopups");
         fs.WriteAll(dir / "new\\k.htm", "K1", FileSystem::Keep::kForReading);
         fs.ReplaceKeepingOld(dir / "new\\k.htm", dir / "new\\NoPopups\\k.htm", "K2");
@@ -203,8 +211,10 @@ TEST(FileSystemWrites, QueuedWritesAreSeenInOrderAndTheirFailuresTold) {
         EXPECT_TRUE(fs.FileExists(dir / "new\\copy.htm"));
         queued.Finish();
     }
-    EXPECT_EQ(fs.ListFiles(dir / "new").size(), 302u);
+    EXPECT_EQ(fs.ListFiles(dir / "new").size(), 312u);
     EXPECT_EQ(dir.Read("new/t150.htm"), "150");
+    for (int i = 0; i < 10; ++i)
+        ASSERT_EQ(dir.Read("new/twice" + std::to_string(i) + ".htm"), large + std::to_string(i));
     EXPECT_EQ(dir.Read("new/k.htm"), "K2");
     EXPECT_EQ(dir.Read("new/NoPopups/k.htm"), "K1");
     EXPECT_EQ(dir.Read("new/copy.htm"), "1");
