@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -9,11 +10,20 @@
 
 namespace tamrix {
 
+class CTopicFile;
+
 /// A link target exactly as written between the quotes of an HREF or a sitemap Local value.
 class CTarget {
 public:
     /// The target text, unchanged.
     std::string TargetString;
+
+private:
+    friend class CTopicFiles;
+    // The topic file it names, as CTopicFiles::TargetTopic last found it, and the
+    // state of the collection it was found in.
+    mutable CTopicFile* topic_ = nullptr;
+    mutable std::uint64_t stamp_ = 0;
 };
 
 /// The unique link targets of a file; callers avoid duplicates (see Contains).

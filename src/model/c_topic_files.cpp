@@ -1,15 +1,24 @@
 #include "model/c_topic_files.h"
 
+#include <atomic>
+
 #include "platform/byte_text.h"
 
 namespace tamrix {
 
+std::uint64_t CTopicFiles::NewStamp() {
+    static std::atomic<std::uint64_t> last{0};
+    return ++last;
+}
+
 void CTopicFiles::Add(std::shared_ptr<CTopicFile> topic, std::string_view key) {
     items_.Add(std::move(topic), key);
+    stamp_ = NewStamp();
 }
 
 void CTopicFiles::Delete(long index) {
     items_.Delete(index);
+    stamp_ = NewStamp();
     indexed_ = 0;
     byContext_.clear();
     byExtraId_.clear();
@@ -28,6 +37,14 @@ void CTopicFiles::BuildIndexes() const {
             if (!id.empty()) byExtraId_.emplace(Fold(id), topic);
     }
     indexed_ = Count();
+}
+
+CTopicFile* CTopicFiles::TargetTopic(const CTarget& target) const {
+    if (target.stamp_ != stamp_) {
+        target.topic_ = items_.Find(Before(target.TargetString, '#')).get();
+        target.stamp_ = stamp_;
+    }
+    return target.topic_;
 }
 
 std::shared_ptr<CTopicFile> CTopicFiles::FirstWithContext(std::string_view context) const {

@@ -1,5 +1,6 @@
 #pragma once
 // The keyed collection of topic files (key: AutoFileName), in [FILES] order.
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,6 +27,10 @@ public:
     std::shared_ptr<CTopicFile> Find(std::string_view key) const { return items_.Find(key); }
     /// Removes the topic file at 1-based `index`.
     void Delete(long index);
+    /// The topic file a link target names (the target's text before any "#"), or
+    /// nullptr. Every step asks this of every link, so the answer stays with the
+    /// target until the collection changes.
+    CTopicFile* TargetTopic(const CTarget& target) const;
 
     /// The first topic file in collection order whose Context equals `context`
     /// without regard to case, or nullptr. Looked up in an index kept in step with
@@ -44,7 +49,11 @@ public:
 private:
     void BuildIndexes() const;
 
+    // A new stamp for every change, unique among all collections.
+    static std::uint64_t NewStamp();
+
     KeyedCollection<CTopicFile> items_;
+    std::uint64_t stamp_ = NewStamp();
     mutable long indexed_ = 0;  // topic files covered by the indexes
     mutable FoldedMap<std::shared_ptr<CTopicFile>> byContext_;
     mutable FoldedMap<std::shared_ptr<CTopicFile>> byExtraId_;

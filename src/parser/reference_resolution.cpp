@@ -57,22 +57,22 @@ bool UpdateInternalReferences(Conversion& wizard) {
     return Guarded(wizard.Errors, "modUtilities:UpdateInternalReferences", false, [&] {
         if (!wizard.Globals.TopicFiles) return true;
         const CTopicFiles& topicFiles = *wizard.Globals.TopicFiles;
-        std::shared_ptr<CTopicFile> previous;
+        CTopicFile* previous = nullptr;
         for (const auto& topic : topicFiles) {
             for (const auto& target : topic->targets()) {
-                const std::string file(Before(target->TargetString, '#'));
+                const std::string_view file = Before(target->TargetString, '#');
                 if (file.empty()) continue;
-                if (auto found = topicFiles.Find(file)) {
+                if (CTopicFile* found = topicFiles.TargetTopic(*target)) {
                     found->InternalReferences += 1;
-                    previous = std::move(found);
+                    previous = found;
                     continue;
                 }
                 const int answer = modMessages::AskMessage(
-                    wizard.View(), modMessages::FromCatalogue(10052, file), mb::kOKCancel,
-                    "Checking internal references to topic files", wizard.Box());
+                    wizard.View(), modMessages::FromCatalogue(10052, std::string(file)),
+                    mb::kOKCancel, "Checking internal references to topic files", wizard.Box());
                 if (answer == mb::kCancel) return false;
                 // The unresolved link is counted for the file of the last link that resolved.
-                if (!previous) RaiseError(kObjectNotSet);
+                if (previous == nullptr) RaiseError(kObjectNotSet);
                 previous->InternalReferences += 1;
             }
         }

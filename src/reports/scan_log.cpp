@@ -218,8 +218,10 @@ bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
                 report.AddLine(line);
                 continue;
             }
-            const auto found = topicFiles ? topicFiles->Find(file) : nullptr;
-            if (found) {
+            const CTopicFile* found = !topicFiles ? nullptr
+                                      : hash == 0 ? topicFiles->Find(file).get()
+                                                  : topicFiles->TargetTopic(*target);
+            if (found != nullptr) {
                 report.AddLine(line + " = " + found->NewFileName + anchor);
                 continue;
             }

@@ -41,9 +41,15 @@ bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& 
         // Each target's file name is replaced wherever it stands by the new name of
         // the topic it names; a name that names no topic is only looked for.
         std::vector<NameReplacement> names;
+        const CTopicFiles* topics = wizard.Globals.TopicFiles.get();
         for (const auto& target : topic.targets()) {
             const std::string base = TargetBase(target->TargetString);
-            std::string newName = NewTopicFileName(wizard, base);
+            // A target that starts with "#" is its own base, which names no topic as a rule.
+            const CTopicFile* named = topics == nullptr || base.empty() || base.front() == '#'
+                                          ? nullptr
+                                          : topics->TargetTopic(*target);
+            std::string newName =
+                named != nullptr ? named->NewFileName : NewTopicFileName(wizard, base);
             const bool unknown = newName.empty();
             names.push_back({base, std::move(newName), unknown});
         }

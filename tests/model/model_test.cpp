@@ -43,6 +43,25 @@ TEST_F(ModelTest, TopicFileKeysCompareWithoutRegardToCase) {
     EXPECT_EQ(topics.Find("none"), nullptr);
     EXPECT_EQ(testing::ErrorOf([&] { topics.Item("none"); }), err::kInvalidCall);
     EXPECT_THROW(topics.Item(2), BasicError);
+
+    // A link target names the topic of its text before "#"; the answer follows
+    // the collection as it changes, and a second collection asks again.
+    CTargets targets;
+    const auto toA = targets.Add("AFXC0001.HTM#Top");
+    const auto toLate = targets.Add("late.htm");
+    const auto anchor = targets.Add("#afxc0001.htm");
+    EXPECT_EQ(topics.TargetTopic(*toA), a.get());
+    EXPECT_EQ(topics.TargetTopic(*toLate), nullptr);
+    EXPECT_EQ(topics.TargetTopic(*anchor), nullptr);
+    auto late = std::make_shared<CTopicFile>();
+    topics.Add(late, "Late.htm");
+    EXPECT_EQ(topics.TargetTopic(*toLate), late.get());
+    topics.Delete(1);
+    EXPECT_EQ(topics.TargetTopic(*toA), nullptr);
+    CTopicFiles other;
+    other.Add(a, a->AutoFileName);
+    EXPECT_EQ(other.TargetTopic(*toA), a.get());
+    EXPECT_EQ(other.TargetTopic(*toLate), nullptr);
 }
 
 TEST_F(ModelTest, IndexedLookupsKeepTheFirstMatchInCollectionOrder) {
