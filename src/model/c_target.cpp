@@ -1,24 +1,44 @@
 #include "model/c_target.h"
 
-namespace tamrix {
+#include <algorithm>
 
-std::shared_ptr<CTarget> CTargets::Add(std::string_view targetString) {
-    // Without a key nothing but memory can fail, and the caller's guard reports that.
-    auto target = std::make_shared<CTarget>();
-    target->TargetString = std::string(targetString);
-    items_.Add(target);
-    folded_.insert(Fold(targetString));
-    return target;
+#include "platform/program_error.h"
+
+namespace tamrix {
+namespace {
+// Up to this many targets a search of the list is quicker than a hashed look-up.
+constexpr std::size_t kListed = 16;
+}  // namespace
+
+const CTarget& CTargets::Add(std::string_view targetString) {
+    items_.emplace_back().TargetString = targetString;
+    if (items_.size() > kListed) {
+        if (hashed_.empty())
+            for (const CTarget& target : items_) hashed_.insert(target.TargetString);
+        else
+            hashed_.insert(items_.back().TargetString);
+    }
+    return items_.back();
+}
+
+const CTarget& CTargets::Item(long index) const {
+    if (index < 1 || index > Count()) RaiseError(err::kSubscript);
+    return items_[static_cast<std::size_t>(index - 1)];
 }
 
 void CTargets::Delete(long index) {
-    const std::string folded = Fold(items_.Item(index)->TargetString);
-    items_.Delete(index);
-    if (auto it = folded_.find(folded); it != folded_.end()) folded_.erase(it);
+    if (index < 1 || index > Count()) RaiseError(err::kSubscript);
+    const auto position = items_.begin() + (index - 1);
+    if (!hashed_.empty()) hashed_.erase(hashed_.find(position->TargetString));
+    items_.erase(position);
+    if (items_.size() <= kListed) hashed_.clear();
 }
 
 bool CTargets::ContainsNoCase(std::string_view targetString) const {
-    return folded_.count(targetString) != 0;
+    if (items_.size() > kListed) return hashed_.count(targetString) != 0;
+    return std::any_of(items_.begin(), items_.end(), [&](const CTarget& target) {
+        return EqualsNoCase(target.TargetString, targetString);
+    });
 }
 
 }  // namespace tamrix

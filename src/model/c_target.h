@@ -1,11 +1,10 @@
 #pragma once
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
-#include "model/keyed_collection.h"
 #include "platform/byte_text.h"
 
 namespace tamrix {
@@ -26,16 +25,16 @@ private:
     mutable std::uint64_t stamp_ = 0;
 };
 
-/// The unique link targets of a file; callers avoid duplicates (see Contains).
+/// The unique link targets of a file; callers avoid duplicates (see ContainsNoCase).
 class CTargets {
 public:
-    /// Appends a target; reports an error with "CTargets:Add" and returns nullptr on failure.
-    std::shared_ptr<CTarget> Add(std::string_view targetString);
+    /// Appends a target; the reference stays valid until the next Add or Delete.
+    const CTarget& Add(std::string_view targetString);
     /// How many targets are held.
-    long Count() const { return items_.Count(); }
+    long Count() const { return static_cast<long>(items_.size()); }
     /// The target at 1-based `index`; out of range raises error 9.
-    const std::shared_ptr<CTarget>& Item(long index) const { return items_.Item(index); }
-    /// Removes the target at 1-based `index`.
+    const CTarget& Item(long index) const;
+    /// Removes the target at 1-based `index`; out of range raises error 9.
     void Delete(long index);
     /// Whether an equal target (without regard to case) is present.
     bool ContainsNoCase(std::string_view targetString) const;
@@ -46,8 +45,10 @@ public:
     auto end() const { return items_.end(); }
 
 private:
-    KeyedCollection<CTarget> items_;
-    std::unordered_multiset<std::string, FoldedHash, FoldedEqual> folded_;
+    // Held by value: a project has several per topic file, most of them short.
+    std::vector<CTarget> items_;
+    // The same texts for ContainsNoCase, kept only once a file has many targets.
+    std::unordered_multiset<std::string, FoldedHash, FoldedEqual> hashed_;
 };
 
 }  // namespace tamrix

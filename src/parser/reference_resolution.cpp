@@ -60,9 +60,9 @@ bool UpdateInternalReferences(Conversion& wizard) {
         CTopicFile* previous = nullptr;
         for (const auto& topic : topicFiles) {
             for (const auto& target : topic->targets()) {
-                const std::string_view file = Before(target->TargetString, '#');
+                const std::string_view file = Before(target.TargetString, '#');
                 if (file.empty()) continue;
-                if (CTopicFile* found = topicFiles.TargetTopic(*target)) {
+                if (CTopicFile* found = topicFiles.TargetTopic(target)) {
                     found->InternalReferences += 1;
                     previous = found;
                     continue;

@@ -103,7 +103,7 @@ std::unordered_map<std::string, std::vector<std::string>> PopupLog::ReferencingF
     std::unordered_map<std::string, std::vector<std::string>> byTarget;
     for (const Topic& t : *topics_)
         for (const auto& target : t->targets())
-            byTarget[Fold(target->TargetString)].push_back(t->NewFileName);
+            byTarget[Fold(target.TargetString)].push_back(t->NewFileName);
     return byTarget;
 }
 

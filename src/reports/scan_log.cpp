@@ -205,7 +205,7 @@ bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
 
         const auto& topicFiles = wizard.Globals.TopicFiles;
         for (const auto& target : topic.targets()) {
-            const std::string& text = target->TargetString;
+            const std::string& text = target.TargetString;
             const std::string line = TrimRight(std::string(20 / 2, ' ') + text);
             std::string anchor;
             std::string file = text;
@@ -220,7 +220,7 @@ bool DisplayTopicFile(const CTopicFile& topic, IReport& report, bool titleFlag,
             }
             const CTopicFile* found = !topicFiles ? nullptr
                                       : hash == 0 ? topicFiles->Find(file).get()
-                                                  : topicFiles->TargetTopic(*target);
+                                                  : topicFiles->TargetTopic(target);
             if (found != nullptr) {
                 report.AddLine(line + " = " + found->NewFileName + anchor);
                 continue;

@@ -84,7 +84,7 @@ bool CallsPopupToActivate(const ProjectState& project, const CTopicFile& caller)
     const CTopicFiles* topics = project.TopicFiles.get();
     if (topics == nullptr) return false;
     for (const auto& target : caller.targets()) {
-        const CTopicFile* popup = topics->TargetTopic(*target);
+        const CTopicFile* popup = topics->TargetTopic(target);
         if (popup != nullptr && IsPopupToActivate(*popup, caller)) return true;
     }
     return false;
@@ -115,7 +115,7 @@ bool ModifyPopupFiles(Conversion& wizard, const std::string& root) {
             bool backedUp = false;  // the file as written goes to the backup folder
             bool dirty = false;
             for (const auto& target : caller->targets()) {
-                const CTopicFile* popup = topics->TargetTopic(*target);
+                const CTopicFile* popup = topics->TargetTopic(target);
                 if (popup == nullptr || !IsPopupToActivate(*popup, *caller)) continue;
                 if (!loaded) {
                     buffer.LoadFile(wizard.Files, path);

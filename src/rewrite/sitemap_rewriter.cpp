@@ -29,7 +29,7 @@ bool RewriteSitemap(Conversion& wizard, const std::string& oldProjectFile, const
     const auto& topics = wizard.Globals.TopicFiles;
     std::vector<NameReplacement> names;
     for (long i = 1; i <= count; ++i) {
-        const std::string target = modUtilities::FileNameNoPath(targets->Item(i)->TargetString);
+        const std::string target = modUtilities::FileNameNoPath(targets->Item(i).TargetString);
         if (const auto topic = topics ? topics->Find(target) : nullptr)
             names.push_back({target, topic->NewFileName});
         modUtilities::UpdateProgressBar(wizard, i);

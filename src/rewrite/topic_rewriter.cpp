@@ -43,11 +43,11 @@ bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& 
         std::vector<NameReplacement> names;
         const CTopicFiles* topics = wizard.Globals.TopicFiles.get();
         for (const auto& target : topic.targets()) {
-            const std::string base = TargetBase(target->TargetString);
+            const std::string base = TargetBase(target.TargetString);
             // A target that starts with "#" is its own base, which names no topic as a rule.
             const CTopicFile* named = topics == nullptr || base.empty() || base.front() == '#'
                                           ? nullptr
-                                          : topics->TargetTopic(*target);
+                                          : topics->TargetTopic(target);
             std::string newName =
                 named != nullptr ? named->NewFileName : NewTopicFileName(wizard, base);
             const bool unknown = newName.empty();
@@ -56,7 +56,7 @@ bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& 
         const ReplaceOutcome outcome = ReplaceInOrder(old, names);
         std::size_t k = 0;
         for (const auto& target : topic.targets()) {
-            const std::string& t = target->TargetString;
+            const std::string& t = target.TargetString;
             if (names[k].probeOnly && outcome.counts[k] > 0 && !t.empty() && t.front() != '#')
                 modMessages::ShowMessage(
                     wizard.View(),

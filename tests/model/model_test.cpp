@@ -47,21 +47,44 @@ TEST_F(ModelTest, TopicFileKeysCompareWithoutRegardToCase) {
     // A link target names the topic of its text before "#"; the answer follows
     // the collection as it changes, and a second collection asks again.
     CTargets targets;
-    const auto toA = targets.Add("AFXC0001.HTM#Top");
-    const auto toLate = targets.Add("late.htm");
-    const auto anchor = targets.Add("#afxc0001.htm");
-    EXPECT_EQ(topics.TargetTopic(*toA), a.get());
-    EXPECT_EQ(topics.TargetTopic(*toLate), nullptr);
-    EXPECT_EQ(topics.TargetTopic(*anchor), nullptr);
+    for (const char* target : {"AFXC0001.HTM#Top", "late.htm", "#afxc0001.htm"})
+        targets.Add(target);
+    const CTarget& toA = targets.Item(1);
+    const CTarget& toLate = targets.Item(2);
+    const CTarget& anchor = targets.Item(3);
+    EXPECT_EQ(topics.TargetTopic(toA), a.get());
+    EXPECT_EQ(topics.TargetTopic(toLate), nullptr);
+    EXPECT_EQ(topics.TargetTopic(anchor), nullptr);
     auto late = std::make_shared<CTopicFile>();
     topics.Add(late, "Late.htm");
-    EXPECT_EQ(topics.TargetTopic(*toLate), late.get());
+    EXPECT_EQ(topics.TargetTopic(toLate), late.get());
     topics.Delete(1);
-    EXPECT_EQ(topics.TargetTopic(*toA), nullptr);
+    EXPECT_EQ(topics.TargetTopic(toA), nullptr);
     CTopicFiles other;
     other.Add(a, a->AutoFileName);
-    EXPECT_EQ(other.TargetTopic(*toA), a.get());
-    EXPECT_EQ(other.TargetTopic(*toLate), nullptr);
+    EXPECT_EQ(other.TargetTopic(toA), a.get());
+    EXPECT_EQ(other.TargetTopic(toLate), nullptr);
+}
+
+// A short list is searched as it stands, a long one through a hashed copy: both
+// answer alike as the list grows past the switch and shrinks below it again.
+TEST_F(ModelTest, LinkTargetsAreFoundInAnyCaseInShortAndLongLists) {
+    CTargets targets;
+    for (int i = 0; i < 40; ++i) {
+        const std::string name = "Topic" + std::to_string(i) + ".htm";
+        EXPECT_FALSE(targets.ContainsNoCase(name));
+        targets.Add(name);
+        for (int j = 0; j <= i; j += 7)
+            ASSERT_TRUE(targets.ContainsNoCase("TOPIC" + std::to_string(j) + ".HTM")) << i;
+    }
+    EXPECT_EQ(targets.Item(40).TargetString, "Topic39.htm");
+    while (targets.Count() > 1) {
+        targets.Delete(1);
+        EXPECT_FALSE(
+            targets.ContainsNoCase("topic" + std::to_string(39 - targets.Count()) + ".htm"));
+        ASSERT_TRUE(targets.ContainsNoCase("topic39.HTM")) << targets.Count();
+    }
+    EXPECT_EQ(testing::ErrorOf([&] { targets.Item(2); }), err::kSubscript);
 }
 
 TEST_F(ModelTest, IndexedLookupsKeepTheFirstMatchInCollectionOrder) {

@@ -51,7 +51,7 @@ TEST_F(ProjectReader, BuildsOneTopicFilePerListedFile) {
               "html\\a1.htm|a1.htm|Setup_Topic|Setup_Topic.htm|Setup");
     EXPECT_TRUE(a.HasTitle);
     ASSERT_EQ(a.targets().Count(), 1);  // equal without regard to case
-    EXPECT_EQ(a.targets().Item(1)->TargetString, "b2.htm#x");
+    EXPECT_EQ(a.targets().Item(1).TargetString, "b2.htm#x");
     EXPECT_EQ(Topic(2).NewFileName, "b2.htm");
     EXPECT_FALSE(Topic(2).HasTitle);
     EXPECT_EQ(missing, 0);

@@ -54,7 +54,7 @@ TEST_F(SitemapReader, LocalValuesLoseTheirAnchorsAndRepeats) {
         std::vector<std::string> names;
         for (const auto& t :
              *(c.index ? wizard.Globals.IndexTargets : wizard.Globals.ContentsTargets))
-            names.push_back(t->TargetString);
+            names.push_back(t.TargetString);
         EXPECT_EQ(names, c.expected);
         EXPECT_EQ((c.index ? wizard.Globals.ContentsTargets : wizard.Globals.IndexTargets)->Count(),
                   0);
