@@ -426,7 +426,7 @@ FileSystem::WriteFolder* FileSystem::WriteFolderOf(const std::string& absoluteFo
 // A target in a folder met before that is new or was written by this run: found
 // and checked in memory. Null, with nothing set, when the full look-up is needed.
 FileSystem::WriteFolder* FileSystem::KnownTarget(const std::string& absolute, std::string& disk,
-                                                 std::string& resolved) {
+                                                 std::string& resolved, bool* fresh) {
     const std::string leaf = NamePart(absolute);
     // A device name takes the full look-up, which refuses it.
     if (leaf.empty() || native::RootLength(absolute) == 0 || native::IsDeviceName(leaf))
@@ -434,6 +434,7 @@ FileSystem::WriteFolder* FileSystem::KnownTarget(const std::string& absolute, st
     WriteFolder* folder = WriteFolderOf(ParentOf(absolute));
     if (folder == nullptr || FindName(folder->existing, leaf) != nullptr) return nullptr;
     const std::string* own = FindName(folder->own, leaf);
+    if (fresh != nullptr) *fresh = own == nullptr;
     const std::string& name = own != nullptr ? *own : leaf;
     disk = JoinDisk(folder->disk, name);
     resolved = JoinDisk(folder->resolved, name);
@@ -464,6 +465,12 @@ constexpr std::string_view kTempPrefix = ".tamrix-";
 // Fewer queued writes than this leave the writing thread short of work.
 constexpr std::size_t kShortQueue = 12;
 
+// Writes a whole file on this thread, now; raises a failure.
+void WriteNow(const std::string& diskPath, std::string_view content) {
+    if (const int error = native::WriteReplacing(diskPath, kTempPrefix, content))
+        RaiseError(error, diskPath);
+}
+
 // A temporary file's name: the prefix and six letters or digits.
 bool IsTempFileName(const std::string& name) {
     if (name.size() != kTempPrefix.size() + 6 ||
@@ -491,7 +498,8 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep 
     CheckInterrupt();
     const std::string absolute = GetAbsolutePathName(path);
     std::string disk, resolved;
-    WriteFolder* folder = KnownTarget(absolute, disk, resolved);
+    bool firstWrite = false;
+    WriteFolder* folder = KnownTarget(absolute, disk, resolved, &firstWrite);
     if (folder == nullptr) {
         disk = DiskPath(absolute);
         resolved = CheckWritable(disk);
@@ -501,8 +509,7 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep 
     SweepTempFiles(ParentOf(disk));
     if (folder == nullptr) {
         // Replacing a file that was there before, or one in a folder not met yet.
-        if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
-            RaiseError(error, disk);
+        WriteNow(disk, content);
         NoteWritten(disk, resolved);
         if (!kept_.empty()) {
             kept_.erase(resolved);
@@ -510,9 +517,7 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep 
         }
         return;
     }
-    const std::string name = NamePart(disk);
-    const bool firstWrite = FindName(folder->own, name) == nullptr;
-    AddKeys(folder->own, name);
+    AddKeys(folder->own, NamePart(disk));
     NoteWritten(disk, resolved, false);
     if (keep != Keep::kNothing)
         kept_[resolved] = content;
@@ -525,12 +530,10 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep 
     if (!held_.empty()) held_.erase(resolved);
     // No queued write touches a name this run writes for the first time, so when
     // the writing thread is behind, this one creates the file rather than wait.
-    if (firstWrite && queue_ && !queue_->HasRoom(content.size())) {
-        if (const int error = native::WriteReplacing(disk, kTempPrefix, content))
-            RaiseError(error, disk);
-        return;
-    }
-    PostWrite(disk, std::string(content));
+    if (firstWrite && queue_ && !queue_->HasRoom(content.size()))
+        WriteNow(disk, content);
+    else
+        PostWrite(disk, std::string(content));
 }
 
 void FileSystem::PostWrite(const std::string& diskPath, std::string content) {
@@ -631,12 +634,13 @@ void FileSystem::ReplaceKeepingOld(std::string_view path, std::string_view backu
                                    std::string_view content) {
     CheckInterrupt();
     std::string disk, resolved, backupDisk, backupResolved;
+    bool newBackup = false;
     WriteFolder* folder = KnownTarget(GetAbsolutePathName(path), disk, resolved);
     WriteFolder* backupFolder =
         folder != nullptr && written_.count(resolved) != 0
-            ? KnownTarget(GetAbsolutePathName(backup), backupDisk, backupResolved)
+            ? KnownTarget(GetAbsolutePathName(backup), backupDisk, backupResolved, &newBackup)
             : nullptr;
-    if (backupFolder == nullptr || FindName(backupFolder->own, NamePart(backupDisk)) != nullptr) {
+    if (backupFolder == nullptr || !newBackup) {
         CopyFile(path, backup);
         WriteAll(path, content);
         return;
@@ -651,12 +655,10 @@ void FileSystem::ReplaceKeepingOld(std::string_view path, std::string_view backu
         // writes it meanwhile, unless the writing thread is about to run out of
         // work: each thread then waits on the other least.
         auto kept = kept_.extract(resolved);
-        if (queue_ && queue_->Queued() < kShortQueue) {
+        if (queue_ && queue_->Queued() < kShortQueue)
             PostWrite(backupDisk, std::move(kept.mapped()));
-        } else if (const int error =
-                       native::WriteReplacing(backupDisk, kTempPrefix, kept.mapped())) {
-            RaiseError(error, backupDisk);
-        }
+        else
+            WriteNow(backupDisk, kept.mapped());
         return;
     }
     if (!kept_.empty()) kept_.erase(resolved);
@@ -680,8 +682,9 @@ bool FileSystem::LinkWritten(std::string_view from, std::string_view to) {
     if (!held_.empty()) WriteHeldFile(fromResolved);  // a link needs the file on disk
     const std::string fromDisk = JoinDisk(sourceFolder.disk, *name);
     std::string disk, resolved;
-    WriteFolder* folder = KnownTarget(GetAbsolutePathName(to), disk, resolved);
-    if (folder == nullptr || FindName(folder->own, NamePart(disk)) != nullptr) return false;
+    bool fresh = false;
+    WriteFolder* folder = KnownTarget(GetAbsolutePathName(to), disk, resolved, &fresh);
+    if (folder == nullptr || !fresh) return false;
     AddKeys(folder->own, NamePart(disk));
     NoteWritten(disk, resolved, false);
     // Where the system cannot link, the copy is written whole instead.

@@ -172,7 +172,9 @@ private:
         NameMap own;       // what this run wrote into it since
     };
     WriteFolder* WriteFolderOf(const std::string& absoluteFolder);
-    WriteFolder* KnownTarget(const std::string& absolute, std::string& disk, std::string& resolved);
+    // `fresh`, when given, tells whether this run has not written the name yet.
+    WriteFolder* KnownTarget(const std::string& absolute, std::string& disk, std::string& resolved,
+                             bool* fresh = nullptr);
     std::optional<std::string> KeptContent(std::string_view path);
     // Writes the held file with this resolved path, if it is one.
     void WriteHeldFile(const std::string& resolved);

@@ -45,9 +45,8 @@ bool RewriteTopicFile(Conversion& wizard, CTopicFile& topic, const std::string& 
         for (const auto& target : topic.targets()) {
             const std::string base = TargetBase(target.TargetString);
             // A target that starts with "#" is its own base, which names no topic as a rule.
-            const CTopicFile* named = topics == nullptr || base.empty() || base.front() == '#'
-                                          ? nullptr
-                                          : topics->TargetTopic(target);
+            const CTopicFile* named =
+                topics == nullptr || base.starts_with('#') ? nullptr : topics->TargetTopic(target);
             std::string newName =
                 named != nullptr ? named->NewFileName : NewTopicFileName(wizard, base);
             const bool unknown = newName.empty();
