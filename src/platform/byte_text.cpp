@@ -73,6 +73,8 @@ std::string Fold(std::string_view text) {
     return out;
 }
 
+char FoldChar(char c) { return static_cast<char>(kFold[static_cast<unsigned char>(c)]); }
+
 std::size_t FoldedHash::operator()(std::string_view text) const {
     std::uint64_t hash = 14695981039346656037ULL;  // FNV-1a
     for (const char c : text) {

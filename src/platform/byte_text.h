@@ -14,6 +14,9 @@ inline constexpr std::size_t kNotFound = std::string_view::npos;
 /// The text with ASCII and Windows-1252 letters folded to lower case, for keys and comparisons.
 std::string Fold(std::string_view text);
 
+/// One character folded as Fold folds it.
+char FoldChar(char c);
+
 /// True when the two texts differ only in the case of their letters.
 bool EqualsNoCase(std::string_view a, std::string_view b);
 

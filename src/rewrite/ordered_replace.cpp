@@ -61,23 +61,14 @@ public:
         const auto it = groups_.find(folded);
         return it == groups_.end() ? -1 : it->second;
     }
-    // Every occurrence in the folded text, by start.
-    std::vector<Occurrence> FindAll(std::string_view folded) const {
+    // Every occurrence in the text, by start. A large text is folded a block at a
+    // time, so that no folded copy of the whole of it is ever held.
+    std::vector<Occurrence> FindAll(std::string_view text) const {
         std::vector<Occurrence> found;
-        if (skips_.empty()) {
-            for (std::size_t i = 0; i < folded.size(); ++i) AddAt(folded, i, found);
-            return found;
-        }
-        // Long names: the end of a window of the shortest length jumps over the
-        // text while its last two characters cannot end any name's first part.
-        for (std::size_t end = shortest_ - 1; end < folded.size();) {
-            const unsigned char skip = skips_[SlotOf(folded[end - 1], folded[end])];
-            if (skip > 0) {
-                end += skip;
-                continue;
-            }
-            AddAt(folded, end + 1 - shortest_, found);
-            ++end;
+        const std::size_t reach = MaxLength() > 0 ? MaxLength() - 1 : 0;
+        for (std::size_t from = 0; from < text.size(); from += kBlock) {
+            const std::size_t starts = std::min(kBlock, text.size() - from);
+            FindIn(Fold(text.substr(from, starts + reach)), starts, from, found);
         }
         return found;
     }
@@ -86,7 +77,9 @@ public:
     // Whether a name occurs in the folded window over [from, to), or across `from`
     // when the range is empty.
     bool OccursOver(std::string_view window, std::size_t from, std::size_t to) const {
-        for (const Occurrence& o : FindAll(window)) {
+        std::vector<Occurrence> found;
+        FindIn(window, window.size(), 0, found);
+        for (const Occurrence& o : found) {
             const std::size_t end = o.start + o.length;
             if (from == to ? o.start < from && end > from : o.start < to && end > from) return true;
         }
@@ -94,6 +87,8 @@ public:
     }
 
 private:
+    // How much of a large text is folded at once.
+    static constexpr std::size_t kBlock = 64 * 1024;
     // Names at least this long are looked for by skipping.
     static constexpr std::size_t kMinSkipLength = 4;
     static constexpr std::size_t kMaxSkip = 255;
@@ -106,13 +101,35 @@ private:
         return static_cast<std::size_t>(static_cast<unsigned char>(a)) << 8 |
                static_cast<unsigned char>(b);
     }
+    // Adds the occurrences in a folded piece of text that start in its first
+    // `starts` characters; `offset` is where the piece stands in the whole text.
+    void FindIn(std::string_view folded, std::size_t starts, std::size_t offset,
+                std::vector<Occurrence>& found) const {
+        if (skips_.empty()) {
+            for (std::size_t i = 0; i < starts; ++i) AddAt(folded, i, offset, found);
+            return;
+        }
+        // Long names: the end of a window of the shortest length jumps over the
+        // text while its last two characters cannot end any name's first part.
+        for (std::size_t end = shortest_ - 1;
+             end < folded.size() && end + 1 < starts + shortest_;) {
+            const unsigned char skip = skips_[SlotOf(folded[end - 1], folded[end])];
+            if (skip > 0) {
+                end += skip;
+                continue;
+            }
+            AddAt(folded, end + 1 - shortest_, offset, found);
+            ++end;
+        }
+    }
     // Adds the names that start at position i, shortest first.
-    void AddAt(std::string_view folded, std::size_t i, std::vector<Occurrence>& found) const {
+    void AddAt(std::string_view folded, std::size_t i, std::size_t offset,
+               std::vector<Occurrence>& found) const {
         if (!MayStartAt(folded, i)) return;
         for (const std::size_t length : lengths_) {
             if (i + length > folded.size()) break;
             const int group = GroupOf(folded.substr(i, length));
-            if (group >= 0) found.push_back({i, length, group});
+            if (group >= 0) found.push_back({offset + i, length, group});
         }
     }
     // Whether a name can start at position i: most positions are passed over
@@ -140,18 +157,20 @@ private:
     std::vector<unsigned char> skips_;  // by pair of characters; empty: no skipping
 };
 
-// The texts a neighbouring site may show while the names are replaced one by one.
+// An occurrence and, folded, the text that replaces it (none when it is kept).
 struct Site {
     std::size_t start;
     std::size_t length;
-    std::optional<std::string> replacement;  // folded; none when the site is kept
+    int group;
+    int entry;                       // the list entry that replaces it, or -1
+    const std::string* replacement;  // that entry's text, folded
 };
 
 // Every text of `need` characters (fewer at the ends of the text) that can stand
 // just before (or after) site i while the names are replaced: the gaps and the
 // neighbouring sites, each as found or as replaced. Nothing when that gives too
 // many texts to check.
-std::optional<std::vector<std::string>> Contexts(std::string_view folded,
+std::optional<std::vector<std::string>> Contexts(std::string_view whole,
                                                  const std::vector<Site>& sites, std::size_t i,
                                                  std::size_t need, bool before) {
     constexpr std::size_t kMaxContexts = 16;
@@ -162,14 +181,14 @@ std::optional<std::vector<std::string>> Contexts(std::string_view folded,
         const std::size_t limit = i > 0 ? sites[i - 1].start + sites[i - 1].length : 0;
         if (edge - limit >= need || i == 0) {
             const std::size_t from = edge - std::min(need, edge - limit);
-            return std::vector<std::string>{std::string(folded.substr(from, edge - from))};
+            return std::vector<std::string>{Fold(whole.substr(from, edge - from))};
         }
     } else {
         const std::size_t edge = site.start + site.length;
         const bool last = i + 1 == sites.size();
-        const std::size_t limit = last ? folded.size() : sites[i + 1].start;
+        const std::size_t limit = last ? whole.size() : sites[i + 1].start;
         if (limit - edge >= need || last)
-            return std::vector<std::string>{std::string(folded.substr(edge, need))};
+            return std::vector<std::string>{Fold(whole.substr(edge, need))};
     }
     std::vector<std::string> out{std::string()};
     // Walks away from site i, one gap and one neighbouring site at a time.
@@ -178,17 +197,17 @@ std::optional<std::vector<std::string>> Contexts(std::string_view folded,
     while (true) {
         const bool more = before ? next > 0 : next + 1 < sites.size();
         const Site* neighbour = more ? &sites[before ? next - 1 : next + 1] : nullptr;
-        const std::size_t gapEnd = before ? edge : (neighbour ? neighbour->start : folded.size());
+        const std::size_t gapEnd = before ? edge : (neighbour ? neighbour->start : whole.size());
         const std::size_t gapStart =
             before ? (neighbour ? neighbour->start + neighbour->length : 0) : edge;
-        const std::string gap(folded.substr(gapStart, gapEnd - gapStart));
+        const std::string gap = Fold(whole.substr(gapStart, gapEnd - gapStart));
         bool shortOnes = false;
         for (std::string& text : out) {
             text = before ? gap + text : text + gap;
             shortOnes = shortOnes || text.size() < need;
         }
         if (!shortOnes || neighbour == nullptr) break;
-        const std::string found(folded.substr(neighbour->start, neighbour->length));
+        const std::string found = Fold(whole.substr(neighbour->start, neighbour->length));
         std::vector<std::string> grown;
         for (const std::string& text : out) {
             if (text.size() >= need) {
@@ -196,7 +215,7 @@ std::optional<std::vector<std::string>> Contexts(std::string_view folded,
                 continue;
             }
             grown.push_back(before ? found + text : text + found);
-            if (neighbour->replacement)
+            if (neighbour->replacement != nullptr)
                 grown.push_back(before ? *neighbour->replacement + text
                                        : text + *neighbour->replacement);
         }
@@ -220,28 +239,28 @@ std::optional<std::vector<std::string>> Contexts(std::string_view folded,
 // Whether the replacement of site i can form no occurrence whatever its neighbours
 // become: it holds no name, and no name holds the pair of characters at either of
 // its edges (those stay as they are when the site does not touch a neighbour).
-bool StandsApart(std::string_view folded, const std::vector<Site>& sites, std::size_t i,
+bool StandsApart(std::string_view text, const std::vector<Site>& sites, std::size_t i,
                  const NameIndex& index) {
     const Site& site = sites[i];
-    const std::string& text = *site.replacement;
+    const std::string& inserted = *site.replacement;
     const std::size_t end = site.start + site.length;
-    if (text.empty() || (i > 0 && sites[i - 1].start + sites[i - 1].length == site.start) ||
+    if (inserted.empty() || (i > 0 && sites[i - 1].start + sites[i - 1].length == site.start) ||
         (i + 1 < sites.size() && sites[i + 1].start == end))
         return false;
-    if (site.start > 0 && index.HasPair(folded[site.start - 1], text.front())) return false;
-    if (end < folded.size() && index.HasPair(text.back(), folded[end])) return false;
-    return !index.OccursOver(text, 0, text.size());
+    if (site.start > 0 && index.HasPair(FoldChar(text[site.start - 1]), inserted.front()))
+        return false;
+    if (end < text.size() && index.HasPair(inserted.back(), FoldChar(text[end]))) return false;
+    return !index.OccursOver(inserted, 0, inserted.size());
 }
 
 std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
                                                const std::vector<NameReplacement>& list) {
-    const std::string folded = Fold(text);
     std::vector<std::string> names;
     for (const auto& entry : list) names.push_back(Fold(entry.name));
     const NameIndex index(names);
     if (index.LengthCount() > kMaxLengths) return std::nullopt;
 
-    const std::vector<Occurrence> found = index.FindAll(folded);
+    std::vector<Occurrence> found = index.FindAll(text);
     for (std::size_t i = 1; i < found.size(); ++i)
         if (found[i].start < found[i - 1].start + found[i - 1].length) return std::nullopt;
 
@@ -265,20 +284,25 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
         outcome.counts[k] = occurrences[group];
     }
 
+    // Each replacing entry's text folded once, however many sites it replaces.
+    std::vector<std::string> foldedReplacements(list.size());
+    for (const auto& [group, k] : replacer) foldedReplacements[k] = Fold(list[k].replacement);
     std::vector<Site> sites;
+    sites.reserve(found.size());
     for (const Occurrence& o : found) {
-        Site site{o.start, o.length, std::nullopt};
-        if (const auto it = replacer.find(o.group); it != replacer.end())
-            site.replacement = Fold(list[it->second].replacement);
-        sites.push_back(std::move(site));
+        const auto it = replacer.find(o.group);
+        const int entry = it == replacer.end() ? -1 : static_cast<int>(it->second);
+        sites.push_back({o.start, o.length, o.group, entry,
+                         entry < 0 ? nullptr : &foldedReplacements[it->second]});
     }
+    found = {};
     // No inserted text may form an occurrence with what can stand around it.
     const std::size_t need = index.MaxLength() > 0 ? index.MaxLength() - 1 : 0;
     for (std::size_t i = 0; i < sites.size(); ++i) {
-        if (!sites[i].replacement) continue;
-        if (StandsApart(folded, sites, i, index)) continue;
-        const auto left = Contexts(folded, sites, i, need, true);
-        const auto right = Contexts(folded, sites, i, need, false);
+        if (sites[i].replacement == nullptr) continue;
+        if (StandsApart(text, sites, i, index)) continue;
+        const auto left = Contexts(text, sites, i, need, true);
+        const auto right = Contexts(text, sites, i, need, false);
         if (!left || !right) return std::nullopt;
         for (const std::string& l : *left)
             for (const std::string& r : *right)
@@ -295,16 +319,14 @@ std::optional<ReplaceOutcome> ReplaceInOnePass(std::string_view text,
     // Made at its final size at once: a large text grown piece by piece would be
     // copied to fresh memory several times.
     std::size_t size = text.size();
-    for (const Occurrence& o : found)
-        if (const auto it = replacer.find(o.group); it != replacer.end())
-            size += list[it->second].replacement.size() - o.length;
+    for (const Site& o : sites)
+        if (o.entry >= 0) size += list[o.entry].replacement.size() - o.length;
     outcome.text.reserve(size);
-    for (const Occurrence& o : found) {
+    for (const Site& o : sites) {
         outcome.text.append(text.substr(done, o.start - done));
         if (o.group == lastGroup && !firstStart) firstStart = outcome.text.size();
-        const auto it = replacer.find(o.group);
-        outcome.text += it == replacer.end() ? text.substr(o.start, o.length)
-                                             : std::string_view(list[it->second].replacement);
+        outcome.text += o.entry < 0 ? text.substr(o.start, o.length)
+                                    : std::string_view(list[o.entry].replacement);
         if (o.group == lastGroup) lastEnd = outcome.text.size();
         done = o.start + o.length;
     }

@@ -120,5 +120,31 @@ TEST(OrderedReplace, AgreesWithTheOneByOneLoopOnRandomTexts) {
     EXPECT_LT(onePass, 3600);
 }
 
+// A large text is searched a piece at a time: a name must be found whichever
+// piece it starts in and however it straddles the pieces' edges, in any case.
+TEST(OrderedReplace, FindsNamesStraddlingAnyPointOfALargeText) {
+    const List shortNames = {{"q", "1"}, {"rs", "22"}, {"tuv", "x"}};
+    const List longNames = {{"t2.htm", "two.htm"}, {"topic33.htm", "Three.htm"}};
+    for (const List* list : {&shortNames, &longNames}) {
+        for (std::size_t offset = 0; offset < 12; ++offset) {
+            std::string text(150000, '-');
+            std::size_t k = 0;
+            // A name every 4 KiB, ending `offset` characters past the boundary.
+            for (std::size_t at = 4096; at + 64 < text.size(); at += 4096, ++k) {
+                std::string name = (*list)[k % list->size()].name;
+                if (k % 2 == 1) name[0] = static_cast<char>(std::toupper(name[0]));
+                const std::size_t start = at + offset > name.size() ? at + offset - name.size() : 0;
+                text.replace(start, name.size(), name);
+            }
+            const auto fast = ReplaceInOrder(text, *list);
+            const auto slow = ReplaceOneByOne(text, *list);
+            EXPECT_TRUE(fast.onePass);
+            ASSERT_EQ(fast.counts, slow.counts) << "offset " << offset;
+            ASSERT_EQ(fast.text, slow.text) << "offset " << offset;
+            EXPECT_EQ(fast.counts[0], static_cast<int>((k + list->size() - 1) / list->size()));
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tamrix::modRewrite
