@@ -530,7 +530,8 @@ void FileSystem::WriteAll(std::string_view path, std::string_view content, Keep 
     if (!held_.empty()) held_.erase(resolved);
     // No queued write touches a name this run writes for the first time, so when
     // the writing thread is behind, this one creates the file rather than wait.
-    if (firstWrite && queue_ && !queue_->HasRoom(content.size()))
+    // Unqueued, the file is written from the caller's text, not from a copy.
+    if (!Queues() || (firstWrite && queue_ && !queue_->HasRoom(content.size())))
         WriteNow(disk, content);
     else
         PostWrite(disk, std::string(content));
@@ -545,14 +546,18 @@ void FileSystem::PostWrite(const std::string& diskPath, std::string content) {
 
 void FileSystem::Post(const std::string& diskPath, std::size_t bytes,
                       WriteQueue::Operation operation) {
-    static const bool twoCores = std::thread::hardware_concurrency() >= 2;
-    if (queueing_ == 0 || !twoCores) {
+    if (!Queues()) {
         if (const int error = operation()) RaiseError(error, diskPath);
         return;
     }
     if (!queue_) queue_ = std::make_unique<WriteQueue>();
     queue_->Post(diskPath, bytes, std::move(operation));
     if (const auto failure = queue_->TakeFailure()) RaiseError(failure->error, failure->path);
+}
+
+bool FileSystem::Queues() const {
+    static const bool twoCores = std::thread::hardware_concurrency() >= 2;
+    return queueing_ > 0 && twoCores;
 }
 
 FileSystem::QueuedWrites::~QueuedWrites() {
