@@ -186,6 +186,9 @@ cpu_growth="$(awk -F'|' 'NR == 1 { a = $10 } { b = $10 } END { printf "%.2f", b 
 worst_ratio="$(printf '%s\n' "${rows[@]}" | awk -F'|' '$7 > w { w = $7 } END { printf "%.2f", w }')"
 worst_memory="$(printf '%s\n' "${rows[@]}" | awk -F'|' '$13 > w { w = $13 } END { printf "%.2f", w }')"
 worst_disk_memory="$(printf '%s\n' "${rows[@]}" | awk -F'|' '$11 / $4 > w { w = $11 / $4 } END { printf "%.2f", w }')"
+# The program's own peak RSS when it reads no project: code, libraries, allocator.
+startup_kib="$(for _ in 1 2 3; do /usr/bin/time -f '%M' "$cli" --version 2>&1 >/dev/null | tail -n 1; done | max)"
+worst_added_memory="$(printf '%s\n' "${rows[@]}" | awk -F'|' -v s="$startup_kib" '($11 - s / 1024) / $4 > w { w = ($11 - s / 1024) / $4 } END { printf "%.2f", w }')"
 verdict() { awk -v v="$1" -v l="$2" 'BEGIN { print (v <= l) ? "met" : "not met" }'; }
 
 cpu="$(sed -n 's/^model name[[:space:]]*: //p' /proc/cpuinfo | head -n 1)"
@@ -211,6 +214,7 @@ disk="$(df -hT "$work" | awk 'NR == 2 { print $2 " file system on " $1 ", " $3 "
     echo "- Elapsed time per topic at N=${sizes[-1]} over N=${sizes[0]}: $growth (goal at most 1.2: $(verdict "$growth" 1.2)); CPU time per topic: $cpu_growth."
     echo "- Largest convert/copy ratio: $worst_ratio (goal at most 2: $(verdict "$worst_ratio" 2))."
     echo "- Largest peak RSS over the input's size on disk: $worst_disk_memory (goal at most 2: $(verdict "$worst_disk_memory" 2)); over what its files hold: $worst_memory."
+    echo "- The program's peak RSS when it reads no project (\`tamrix-cli --version\`): $(awk -v s="$startup_kib" 'BEGIN { printf "%.1f", s / 1024 }') MiB; the largest peak RSS less that, over the input's size on disk: $worst_added_memory."
     echo
     echo "The floor: \`cp -r\` of one conversion's output (the new project, with \`NoPopups\`), timed in the same runs:"
     echo
