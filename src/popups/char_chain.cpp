@@ -4,53 +4,88 @@
 
 namespace tamrix::modStrings {
 
-CharChain::CharChain(std::string_view text) : text_(text), next_(text.size()), prev_(text.size()) {
-    const auto size = static_cast<std::uint32_t>(text.size());
-    for (std::uint32_t i = 0; i < size; ++i) {
-        next_[i] = i + 1 < size ? i + 1 : kEnd;
-        prev_[i] = i > 0 ? i - 1 : kEnd;
-    }
+CharChain::CharChain(std::string_view text)
+    : text_(text), nextMoved_(text.size()), prevMoved_(text.size()) {
     head_ = text.empty() ? kEnd : 0;
 }
 
 std::uint32_t CharChain::Step(std::uint32_t at, int count) const {
-    for (; count > 0 && at != kEnd; --count) at = next_[at];
+    for (; count > 0 && at != kEnd; --count) at = Next(at);
     return at;
 }
 
 std::uint32_t CharChain::StepBack(std::uint32_t at, int count) const {
-    for (; count > 0 && prev_[at] != kEnd; --count) at = prev_[at];
+    for (; count > 0 && Prev(at) != kEnd; --count) at = Prev(at);
     return at;
 }
 
 bool CharChain::MatchAt(std::uint32_t at, std::string_view word) const {
     for (const char c : word) {
-        if (at == kEnd || !EqualsNoCase(text_.substr(at, 1), std::string_view(&c, 1))) return false;
-        at = next_[at];
+        if (at == kEnd || FoldChar(text_[at]) != FoldChar(c)) return false;
+        at = Next(at);
     }
     return true;
 }
 
 std::uint32_t CharChain::Find(std::string_view word, std::uint32_t from) const {
-    while (from != kEnd && !MatchAt(from, word)) from = next_[from];
+    while (from != kEnd && !MatchAt(from, word)) from = Next(from);
     return from;
 }
 
 std::uint32_t CharChain::FindChar(char c, std::uint32_t from) const {
-    while (from != kEnd && text_[from] != c) from = next_[from];
+    while (from != kEnd && text_[from] != c) from = Next(from);
     return from;
 }
 
 void CharChain::Remove(std::uint32_t first, std::uint32_t last) {
-    const std::uint32_t before = prev_[first], after = next_[last];
-    (before == kEnd ? head_ : next_[before]) = after;
-    if (after != kEnd) prev_[after] = before;
+    const std::uint32_t before = Prev(first), after = Next(last);
+    if (before == kEnd) {
+        head_ = after;
+    } else {
+        nextMoved_[before] = true;
+        next_.Set(before, after);
+    }
+    if (after != kEnd) {
+        prevMoved_[after] = true;
+        prev_.Set(after, before);
+    }
 }
 
 std::string CharChain::Text() const {
     std::string out;
-    for (std::uint32_t at = head_; at != kEnd; at = next_[at]) out += text_[at];
+    for (std::uint32_t at = head_; at != kEnd; at = Next(at)) out += text_[at];
     return out;
+}
+
+std::size_t CharChain::Links::SlotOf(std::uint32_t at) const {
+    // Fibonacci hashing: the top bits of the product spread neighbouring positions.
+    return static_cast<std::size_t>((at * 0x9E3779B97F4A7C15ULL) >> (64 - bits_));
+}
+
+std::uint32_t CharChain::Links::At(std::uint32_t at) const {
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t slot = SlotOf(at);
+    while (slots_[slot].first != at) slot = (slot + 1) & mask;
+    return slots_[slot].second;
+}
+
+void CharChain::Links::Set(std::uint32_t at, std::uint32_t link) {
+    if (2 * (used_ + 1) > slots_.size()) Grow();
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t slot = SlotOf(at);
+    while (slots_[slot].first != kEnd && slots_[slot].first != at) slot = (slot + 1) & mask;
+    if (slots_[slot].first == kEnd) ++used_;
+    slots_[slot] = {at, link};
+}
+
+void CharChain::Links::Grow() {
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> old;
+    old.swap(slots_);
+    bits_ = old.empty() ? 4 : bits_ + 1;
+    slots_.assign(std::size_t{1} << bits_, {kEnd, 0});
+    used_ = 0;
+    for (const auto& [at, link] : old)
+        if (at != kEnd) Set(at, link);
 }
 
 }  // namespace tamrix::modStrings

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tamrix::modStrings {
@@ -22,9 +23,17 @@ public:
     /// The first character left, or kEnd.
     std::uint32_t Head() const { return head_; }
     /// The character after `at`, or kEnd.
-    std::uint32_t Next(std::uint32_t at) const { return at == kEnd ? kEnd : next_[at]; }
+    std::uint32_t Next(std::uint32_t at) const {
+        if (at == kEnd) return kEnd;
+        if (nextMoved_[at]) return next_.At(at);
+        return at + 1 < text_.size() ? at + 1 : kEnd;
+    }
     /// The character before `at`, or kEnd.
-    std::uint32_t Prev(std::uint32_t at) const { return at == kEnd ? kEnd : prev_[at]; }
+    std::uint32_t Prev(std::uint32_t at) const {
+        if (at == kEnd) return kEnd;
+        if (prevMoved_[at]) return prev_.At(at);
+        return at > 0 ? at - 1 : kEnd;
+    }
     /// `count` characters on (kEnd past the end) or back (the first at the start).
     std::uint32_t Step(std::uint32_t at, int count) const;
     /// `count` characters back, stopping at the first.
@@ -44,9 +53,29 @@ public:
     std::string Text() const;
 
 private:
+    // The links that no longer go to the neighbouring position, by position: only
+    // the characters on either side of a removed run have one, so a table of
+    // them takes a fraction of a link per character.
+    class Links {
+    public:
+        /// The link kept for `at`, which must have one.
+        std::uint32_t At(std::uint32_t at) const;
+        /// Keeps `link` for `at`.
+        void Set(std::uint32_t at, std::uint32_t link);
+
+    private:
+        std::size_t SlotOf(std::uint32_t at) const;
+        void Grow();
+        std::vector<std::pair<std::uint32_t, std::uint32_t>> slots_;  // kEnd: a free slot
+        std::size_t used_ = 0;
+        int bits_ = 0;  // slots_ holds 2^bits_ slots
+    };
+
     std::string_view text_;
-    std::vector<std::uint32_t> next_, prev_;
     std::uint32_t head_ = kEnd;
+    // Whether the link after (before) a position was changed by a removal.
+    std::vector<bool> nextMoved_, prevMoved_;
+    Links next_, prev_;
 };
 
 }  // namespace tamrix::modStrings
