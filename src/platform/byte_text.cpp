@@ -132,13 +132,24 @@ bool EndsWithNoCase(std::string_view text, std::string_view suffix) {
            EqualsNoCase(text.substr(text.size() - suffix.size()), suffix);
 }
 
-std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement) {
+namespace {
+
+// Every match `next` finds, left to right, replaced. The result is made at its
+// final size at once (at most the text's when it shrinks): a large text grown
+// piece by piece would be copied to fresh memory several times.
+template <class Finder>
+std::string ReplaceEach(std::string_view text, std::string_view find, std::string_view replacement,
+                        Finder next) {
     if (find.empty()) return std::string(text);
+    std::size_t size = text.size();
+    if (replacement.size() > find.size())
+        for (std::size_t hit = next(text, find, 0); hit != kNotFound;
+             hit = next(text, find, hit + find.size()))
+            size += replacement.size() - find.size();
     std::string result;
+    result.reserve(size);
     std::size_t pos = 0;
-    while (true) {
-        const std::size_t hit = FindNoCase(text, find, pos);
-        if (hit == kNotFound) break;
+    for (std::size_t hit = next(text, find, 0); hit != kNotFound; hit = next(text, find, pos)) {
         result.append(text.substr(pos, hit - pos));
         result.append(replacement);
         pos = hit + find.size();
@@ -147,20 +158,21 @@ std::string ReplaceAll(std::string_view text, std::string_view find, std::string
     return result;
 }
 
+}  // namespace
+
+std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement) {
+    return ReplaceEach(text, find, replacement,
+                       [](std::string_view t, std::string_view f, std::size_t from) {
+                           return FindNoCase(t, f, from);
+                       });
+}
+
 std::string ReplaceAllExact(std::string_view text, std::string_view find,
                             std::string_view replacement) {
-    if (find.empty()) return std::string(text);
-    std::string result;
-    std::size_t pos = 0;
-    while (true) {
-        const std::size_t hit = text.find(find, pos);
-        if (hit == std::string_view::npos) break;
-        result.append(text.substr(pos, hit - pos));
-        result.append(replacement);
-        pos = hit + find.size();
-    }
-    result.append(text.substr(pos));
-    return result;
+    return ReplaceEach(text, find, replacement,
+                       [](std::string_view t, std::string_view f, std::size_t from) {
+                           return t.find(f, from);  // npos is kNotFound
+                       });
 }
 
 std::string TrimLeft(std::string_view text) {
