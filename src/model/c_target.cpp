@@ -13,10 +13,12 @@ constexpr std::size_t kListed = 16;
 const CTarget& CTargets::Add(std::string_view targetString) {
     items_.emplace_back().TargetString = targetString;
     if (items_.size() > kListed) {
-        if (hashed_.empty())
-            for (const CTarget& target : items_) hashed_.insert(target.TargetString);
-        else
-            hashed_.insert(items_.back().TargetString);
+        if (!hashed_) {
+            hashed_ = std::make_unique<Hashed>();
+            for (const CTarget& target : items_) hashed_->insert(target.TargetString);
+        } else {
+            hashed_->insert(items_.back().TargetString);
+        }
     }
     return items_.back();
 }
@@ -29,13 +31,13 @@ const CTarget& CTargets::Item(long index) const {
 void CTargets::Delete(long index) {
     if (index < 1 || index > Count()) RaiseError(err::kSubscript);
     const auto position = items_.begin() + (index - 1);
-    if (!hashed_.empty()) hashed_.erase(hashed_.find(position->TargetString));
+    if (hashed_) hashed_->erase(hashed_->find(position->TargetString));
     items_.erase(position);
-    if (items_.size() <= kListed) hashed_.clear();
+    if (items_.size() <= kListed) hashed_.reset();
 }
 
 bool CTargets::ContainsNoCase(std::string_view targetString) const {
-    if (items_.size() > kListed) return hashed_.count(targetString) != 0;
+    if (hashed_) return hashed_->count(targetString) != 0;
     return std::any_of(items_.begin(), items_.end(), [&](const CTarget& target) {
         return EqualsNoCase(target.TargetString, targetString);
     });

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -47,8 +48,10 @@ public:
 private:
     // Held by value: a project has several per topic file, most of them short.
     std::vector<CTarget> items_;
-    // The same texts for ContainsNoCase, kept only once a file has many targets.
-    std::unordered_multiset<std::string, FoldedHash, FoldedEqual> hashed_;
+    // The same texts for ContainsNoCase, made only once a file has many targets:
+    // a pointer, so that the many files with few pay for no empty set.
+    using Hashed = std::unordered_multiset<std::string, FoldedHash, FoldedEqual>;
+    std::unique_ptr<Hashed> hashed_;
 };
 
 }  // namespace tamrix

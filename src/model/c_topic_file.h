@@ -11,12 +11,15 @@ namespace tamrix {
 class CTopicFile {
 public:
     std::string ContextIDValueString;  ///< value text of the map context ID named Context
-    bool HasTitle = false;             ///< false for "(Untitled)" topics (former popups)
-    Counter16 InternalReferences;      ///< links from topic files that resolve here
-    Counter16 ExternalReferences;      ///< context-ID definitions naming Context or an extra ID
-    std::string ExtraIds;              ///< further anchor names, "^"-separated
+    // The small fields side by side, so that a project's many records stay small.
+    bool HasTitle = false;         ///< false for "(Untitled)" topics (former popups)
+    Counter16 InternalReferences;  ///< links from topic files that resolve here
+    Counter16 ExternalReferences;  ///< context-ID definitions naming Context or an extra ID
     /// How many hotspot links the file holds.
     Counter16 HotSpotCount;
+    /// Set once popup links have been written into the file.
+    bool JavaModified = false;
+    std::string ExtraIds;  ///< further anchor names, "^"-separated
     /// The comment written after the [FILES] line, if any.
     std::string Comment;
     std::string AutoNamePath;  ///< the name exactly as listed in [FILES]
@@ -30,8 +33,6 @@ public:
     std::string NewNamePath() const {
         return modUtilities::FilePathOnly(AutoNamePath) + NewFileName;
     }
-    /// Set once popup links have been written into the file.
-    bool JavaModified = false;
 
     /// The unique link targets of the file; never absent.
     CTargets& targets() { return targets_; }
