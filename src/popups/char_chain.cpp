@@ -1,11 +1,17 @@
 #include "popups/char_chain.h"
 
+#include <algorithm>
+#include <bit>
+
 #include "platform/byte_text.h"
 
 namespace tamrix::modStrings {
 
 CharChain::CharChain(std::string_view text)
-    : text_(text), nextMoved_(text.size()), prevMoved_(text.size()) {
+    : text_(text),
+      nextMoved_(text.size()),
+      prevMoved_(text.size()),
+      removed_((text.size() + 63) / 64) {
     head_ = text.empty() ? kEnd : 0;
 }
 
@@ -39,6 +45,8 @@ std::uint32_t CharChain::FindChar(char c, std::uint32_t from) const {
 
 void CharChain::Remove(std::uint32_t first, std::uint32_t last) {
     const std::uint32_t before = Prev(first), after = Next(last);
+    for (std::uint32_t at = first; at != after && at != kEnd; at = Next(at))
+        removed_[at / 64] |= std::uint64_t{1} << (at % 64);
     if (before == kEnd) {
         head_ = after;
     } else {
@@ -51,9 +59,30 @@ void CharChain::Remove(std::uint32_t first, std::uint32_t last) {
     }
 }
 
+std::size_t CharChain::FirstMarked(std::size_t from, bool removed) const {
+    const std::size_t size = text_.size();
+    while (from < size) {
+        std::uint64_t word = removed_[from / 64];
+        if (!removed) word = ~word;
+        word &= ~std::uint64_t{0} << (from % 64);
+        if (word != 0) return std::min(size, from / 64 * 64 + std::countr_zero(word));
+        from = (from / 64 + 1) * 64;
+    }
+    return size;
+}
+
 std::string CharChain::Text() const {
+    // The characters left are those never removed, in the order of the text: taken
+    // run by run, without following a single link, into a result made at its size.
+    std::size_t size = text_.size();
+    for (const std::uint64_t word : removed_) size -= std::popcount(word);
     std::string out;
-    for (std::uint32_t at = head_; at != kEnd; at = Next(at)) out += text_[at];
+    out.reserve(size);
+    for (std::size_t at = FirstMarked(0, false); at < text_.size();) {
+        const std::size_t end = FirstMarked(at, true);
+        out.append(text_.substr(at, end - at));
+        at = FirstMarked(end, false);
+    }
     return out;
 }
 

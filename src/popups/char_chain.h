@@ -71,11 +71,15 @@ private:
         int bits_ = 0;  // slots_ holds 2^bits_ slots
     };
 
+    // The first position from `from` on that is removed (or kept), or the text's size.
+    std::size_t FirstMarked(std::size_t from, bool removed) const;
+
     std::string_view text_;
     std::uint32_t head_ = kEnd;
     // Whether the link after (before) a position was changed by a removal.
     std::vector<bool> nextMoved_, prevMoved_;
     Links next_, prev_;
+    std::vector<std::uint64_t> removed_;  // a bit for each position
 };
 
 }  // namespace tamrix::modStrings
