@@ -176,9 +176,9 @@ private:
     WriteFolder* KnownTarget(const std::string& absolute, std::string& disk, std::string& resolved,
                              bool* fresh = nullptr);
     std::optional<std::string> KeptContent(std::string_view path);
-    // Writes the held file with this resolved path, if it is one.
     // Whether writes go to the writing thread: inside QueuedWrites, with two cores.
     bool Queues() const;
+    // Writes the held file with this resolved path, if it is one.
     void WriteHeldFile(const std::string& resolved);
     // Writes what `path` may name among the held files, so that the disk answers for it.
     void WriteHeldAt(std::string_view path);

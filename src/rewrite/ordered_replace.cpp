@@ -62,12 +62,15 @@ public:
         return it == groups_.end() ? -1 : it->second;
     }
     // Every occurrence in the text, by start. A large text is folded a block at a
-    // time, so that no folded copy of the whole of it is ever held.
+    // time, so that no folded copy of the whole of it is ever held; each block
+    // reaches as far as the longest name, and is never shorter than that reach,
+    // so that no character is folded more than twice.
     std::vector<Occurrence> FindAll(std::string_view text) const {
         std::vector<Occurrence> found;
         const std::size_t reach = MaxLength() > 0 ? MaxLength() - 1 : 0;
-        for (std::size_t from = 0; from < text.size(); from += kBlock) {
-            const std::size_t starts = std::min(kBlock, text.size() - from);
+        const std::size_t block = std::max(kBlock, reach);
+        for (std::size_t from = 0; from < text.size(); from += block) {
+            const std::size_t starts = std::min(block, text.size() - from);
             FindIn(Fold(text.substr(from, starts + reach)), starts, from, found);
         }
         return found;

@@ -144,6 +144,14 @@ TEST(OrderedReplace, FindsNamesStraddlingAnyPointOfALargeText) {
             EXPECT_EQ(fast.counts[0], static_cast<int>((k + list->size() - 1) / list->size()));
         }
     }
+    // A name longer than any piece is still found whole.
+    const std::string longName = std::string(70000, 'n') + ".htm";
+    std::string text(200000, '-');
+    text.replace(60000, longName.size(), longName);
+    const auto outcome = ReplaceInOrder(text, {{longName, "Short.htm"}});
+    EXPECT_EQ(outcome.counts, std::vector<int>{1});
+    EXPECT_EQ(outcome.text, std::string(60000, '-') + "Short.htm" +
+                                std::string(200000 - 60000 - longName.size(), '-'));
 }
 
 }  // namespace
