@@ -21,7 +21,11 @@ std::uint32_t CharChain::Step(std::uint32_t at, int count) const {
 }
 
 std::uint32_t CharChain::StepBack(std::uint32_t at, int count) const {
-    for (; count > 0 && Prev(at) != kEnd; --count) at = Prev(at);
+    for (; count > 0; --count) {
+        const std::uint32_t before = Prev(at);
+        if (before == kEnd) break;
+        at = before;
+    }
     return at;
 }
 

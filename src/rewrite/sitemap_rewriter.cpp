@@ -28,6 +28,7 @@ bool RewriteSitemap(Conversion& wizard, const std::string& oldProjectFile, const
     // stands; a target that names no topic file is passed over.
     const auto& topics = wizard.Globals.TopicFiles;
     std::vector<NameReplacement> names;
+    names.reserve(static_cast<std::size_t>(count));
     for (long i = 1; i <= count; ++i) {
         const std::string target = modUtilities::FileNameNoPath(targets->Item(i).TargetString);
         if (const auto topic = topics ? topics->Find(target) : nullptr)
